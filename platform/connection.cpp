@@ -1,0 +1,64 @@
+#include "platform/connection.h"
+
+#include "platform/connection_string.h"
+#include "platform/recordset.h"
+
+namespace zef {
+
+const Error& Errors::Item(std::int32_t index) const {
+  if (index < 0 || index >= Count()) throw RunTimeError(FailureNumber::ItemNotFound);
+  return entries_[static_cast<std::size_t>(index)];
+}
+
+void Connection::Open(const std::string& connection_string, const std::string& /*user*/, const std::string& password,
+                      std::int32_t /*options*/) {
+  if (engine_) throw RunTimeError(FailureNumber::ObjectClosed, "The connection is open already.");
+  std::string whole = connection_string;
+  if (!password.empty()) whole = "Password=" + QuotedConnectionValue(password) + ";" + whole;
+  engine_ = Guarded([&] { return OpenEngine(whole); });
+}
+
+void Connection::Close() {
+  OpenedEngine();
+  engine_.reset();
+}
+
+Engine& Connection::OpenedEngine() {
+  if (!engine_) throw RunTimeError(FailureNumber::ObjectClosed);
+  return *engine_;
+}
+
+std::int32_t Connection::BeginTrans() {
+  Engine& engine = OpenedEngine();
+  Guarded([&] { engine.BeginTrans(); });
+  return engine.TransactionDepth();
+}
+
+void Connection::CommitTrans() {
+  Engine& engine = OpenedEngine();
+  Guarded([&] { engine.CommitTrans(); });
+}
+
+void Connection::RollbackTrans() {
+  Engine& engine = OpenedEngine();
+  Guarded([&] { engine.RollbackTrans(); });
+}
+
+Result Connection::Run(const Command& command) {
+  Engine& engine = OpenedEngine();
+  return Guarded([&] { return engine.Execute(command); });
+}
+
+Ref<Recordset> Connection::Execute(const std::string& text, std::int32_t /*options*/) {
+  Result result = Run({.text = text});
+  auto recordset = MakeRef<Recordset>();
+  if (result.cursor) recordset->Attach(Ref<Connection>(this), std::move(result.cursor));
+  return recordset;
+}
+
+void Connection::WrapEngine(const std::function<std::unique_ptr<Engine>(std::unique_ptr<Engine>)>& wrap) {
+  OpenedEngine();
+  engine_ = wrap(std::move(engine_));
+}
+
+}  // namespace zef

@@ -1,0 +1,48 @@
+#include "platform/engine.h"
+
+#include "platform/connection_string.h"
+#include "platform/sqlite/sqlite_engine.h"
+#include "platform/text.h"
+
+namespace zef {
+namespace {
+
+struct Provider {
+  std::string_view name;
+  std::unique_ptr<Engine> (*open)(const ConnectionString&);
+};
+
+constexpr Provider kProviders[] = {
+    {"Microsoft.Jet.OLEDB.4.0", &OpenSqlite},
+    {"SQLite", &OpenSqlite},
+};
+
+}  // namespace
+
+RowShape::RowShape(sql::CompiledStatement statement) : statement_(std::move(statement)) {}
+
+int RowShape::Position(std::string_view name) const {
+  for (std::size_t i = 0; i < statement_.columns.size(); ++i) {
+    if (text::EqualNames(statement_.columns[i].name, name)) return static_cast<int>(i);
+  }
+  return -1;
+}
+
+std::span<const int> RowShape::Positions(ColumnNames names) const {
+  const auto [entry, fresh] = positions_.try_emplace(names.data());
+  if (fresh) {
+    for (const std::string_view name : names) entry->second.push_back(Position(name));
+  }
+  return entry->second;
+}
+
+std::unique_ptr<Engine> OpenEngine(const std::string& connection_string) {
+  const ConnectionString parsed = ParseConnectionString(connection_string);
+  const std::string_view wanted = parsed.Get("Provider");
+  for (const Provider& provider : kProviders) {
+    if (text::EqualNames(provider.name, wanted)) return provider.open(parsed);
+  }
+  throw RunTimeError(FailureNumber::ProviderNotFound);
+}
+
+}  // namespace zef

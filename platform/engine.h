@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/sql/compile.h"
+#include "platform/value.h"
+
+/// The seam between the library and a database. An engine is one open database for one thread; nothing above it can
+/// tell which one it is on.
+namespace zef {
+
+using ColumnNames = std::span<const std::string_view>;
+
+/// What all rows of a result have in common.
+class RowShape {
+ public:
+  explicit RowShape(sql::CompiledStatement statement);
+
+  const std::vector<sql::ResultColumn>& columns() const { return statement_.columns; }
+  const sql::CompiledStatement& statement() const { return statement_; }
+  /// Position of the column of that name, letter case ignored, or -1.
+  int Position(std::string_view name) const;
+  /// Positions of many columns, worked out once for a list of names that lives as long as the program: the list's address
+  /// is remembered.
+  std::span<const int> Positions(ColumnNames names) const;
+
+ private:
+  sql::CompiledStatement statement_;
+  mutable std::unordered_map<const void*, std::vector<int>> positions_;
+};
+
+/// The rows of a select, walked forward. A cursor stands before the first row at first.
+class Cursor {
+ public:
+  virtual ~Cursor() = default;
+  virtual const RowShape& shape() const = 0;
+  /// Moves to the next row; false behind the last one.
+  virtual bool Next() = 0;
+  /// A value of the current row. A hidden row identifier follows behind the last column.
+  virtual Value Get(int column) const = 0;
+  /// Takes the remaining rows into memory, so that writing on the same engine cannot change what is still to come. Engines do so by themselves
+  /// before they write.
+  virtual void Detach() = 0;
+  /// Number of all rows, the passed ones included.
+  virtual std::int64_t CountRows() = 0;
+};
+
+/// A statement of the dialect as the classes send it.
+struct Command {
+  std::string_view text;
+  std::span<const Value> parameters = {};  ///< for `?` placeholders, which only the library itself uses
+  sql::CompileOptions options = {};
+};
+
+struct Result {
+  std::unique_ptr<Cursor> cursor;  ///< of a select; else null
+  std::int64_t rows = 0;           ///< rows that were written
+};
+
+class Engine {
+ public:
+  virtual ~Engine() = default;
+  /// Runs one statement. A statement that fails changes nothing and leaves a running transaction usable. Outside a transaction a
+  /// writing statement is its own, committed durably.
+  virtual Result Execute(const Command& command) = 0;
+  /// Opens a transaction that holds the right to write, or a nested one; waits up to 5 s for other clients.
+  virtual void BeginTrans() = 0;
+  /// Ends the innermost transaction; the outermost commit is durable. Both raise -2147168242 with none open.
+  virtual void CommitTrans() = 0;
+  virtual void RollbackTrans() = 0;
+  /// Open transactions, nested ones counted.
+  virtual int TransactionDepth() const = 0;
+};
+
+/// Opens the database that a connection string names. Raises 3706 for an unknown provider, -2147217843 for a wrong or missing
+/// password, -2147467259 for a file that is missing, locked, damaged or no database, -2147217900 for a malformed string.
+std::unique_ptr<Engine> OpenEngine(const std::string& connection_string);
+
+}  // namespace zef

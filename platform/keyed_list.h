@@ -1,0 +1,165 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/run_time_error.h"
+#include "platform/text.h"
+
+namespace zef {
+
+/// An ordered list with a unique text key for each item; positions count from 1, keys are compared without regard to
+/// ASCII letter case. Access by position or key costs the same however long the list is; removing costs its length.
+template <class T>
+class KeyedList {
+  struct Entry {
+    std::string key;
+    T item;
+  };
+
+ public:
+  /// Goes over the items in order; good until the list changes.
+  class Iterator {
+   public:
+    using iterator_category = std::forward_iterator_tag;
+    using value_type = T;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const T*;
+    using reference = const T&;
+
+    Iterator() = default;
+    reference operator*() const { return entry_->item; }
+    pointer operator->() const { return &entry_->item; }
+    Iterator& operator++() { return ++entry_, *this; }
+    Iterator operator++(int) { return Iterator(entry_++); }
+    friend bool operator==(Iterator, Iterator) = default;
+
+   private:
+    friend class KeyedList;
+    explicit Iterator(const Entry* entry) : entry_(entry) {}
+    const Entry* entry_ = nullptr;
+  };
+
+  std::int32_t Count() const { return static_cast<std::int32_t>(entries_.size()); }
+  Iterator begin() const { return Iterator(entries_.data()); }
+  Iterator end() const { return Iterator(entries_.data() + entries_.size()); }
+
+  /// Appends an item; raises 457 if the key exists.
+  void Add(std::string key, T item);
+  /// The item at a position from 1; raises 9 outside the list. The reference is good until the list changes.
+  const T& Item(std::int32_t position) const { return entries_[Checked(position)].item; }
+  /// The item of a key; raises 5 for an unknown one.
+  const T& Item(std::string_view key) const { return entries_[Checked(key)].item; }
+  bool Contains(std::string_view key) const { return SlotOf(key) != nullptr; }
+  /// The items behind move up. Both raise what `Item` does.
+  void Remove(std::int32_t position) { RemoveAt(Checked(position)); }
+  void Remove(std::string_view key) { RemoveAt(Checked(key)); }
+  void Clear();
+
+ private:
+  // The keys' index is a table of positions from 1, searched from the key's hash on up to the first free slot, and at
+  // most half full.
+  using Slot = std::uint32_t;
+  static constexpr Slot kFree = 0;
+  static constexpr Slot kVacated = std::numeric_limits<Slot>::max();
+
+  static std::size_t Hash(std::string_view key);
+  std::size_t Checked(std::int32_t position) const;
+  std::size_t Checked(std::string_view key) const;
+  const Slot* SlotOf(std::string_view key) const;
+  void RemoveAt(std::size_t index);
+  void Occupy(std::string_view key, Slot position);
+  void Grow();
+
+  std::vector<Entry> entries_;
+  std::vector<Slot> slots_;     ///< its size is 0 or a power of two
+  std::size_t used_slots_ = 0;  ///< slots that are not free
+};
+
+template <class T>
+void KeyedList<T>::Add(std::string key, T item) {
+  if (Contains(key)) throw RunTimeError(FailureNumber::KeyExists);
+  if (2 * (used_slots_ + 1) > slots_.size()) Grow();
+  entries_.push_back({std::move(key), std::move(item)});
+  Occupy(entries_.back().key, static_cast<Slot>(entries_.size()));
+}
+
+template <class T>
+void KeyedList<T>::Clear() {
+  entries_.clear();
+  slots_.clear();
+  used_slots_ = 0;
+}
+
+/// FNV-1a of the lowered key, its upper half mixed in because only low bits choose the slot.
+template <class T>
+std::size_t KeyedList<T>::Hash(std::string_view key) {
+  std::uint64_t hash = 14695981039346656037U;
+  for (const char c : key) {
+    const bool upper = c >= 'A' && c <= 'Z';
+    hash = (hash ^ static_cast<unsigned char>(upper ? c + ('a' - 'A') : c)) * 1099511628211U;
+  }
+  return static_cast<std::size_t>(hash ^ (hash >> 32));
+}
+
+template <class T>
+std::size_t KeyedList<T>::Checked(std::int32_t position) const {
+  if (position < 1 || position > Count()) throw RunTimeError(FailureNumber::SubscriptOutOfRange);
+  return static_cast<std::size_t>(position) - 1;
+}
+
+template <class T>
+std::size_t KeyedList<T>::Checked(std::string_view key) const {
+  const Slot* const slot = SlotOf(key);
+  if (slot == nullptr) throw RunTimeError(FailureNumber::InvalidCall);
+  return *slot - 1;
+}
+
+template <class T>
+auto KeyedList<T>::SlotOf(std::string_view key) const -> const Slot* {
+  if (slots_.empty()) return nullptr;
+  const std::size_t mask = slots_.size() - 1;
+  for (std::size_t at = Hash(key) & mask; slots_[at] != kFree; at = (at + 1) & mask) {
+    if (slots_[at] != kVacated && text::EqualNames(entries_[slots_[at] - 1].key, key)) return &slots_[at];
+  }
+  return nullptr;
+}
+
+template <class T>
+void KeyedList<T>::RemoveAt(std::size_t index) {
+  const auto removed = static_cast<Slot>(index + 1);
+  for (Slot& slot : slots_) {
+    if (slot == removed) {
+      slot = kVacated;
+    } else if (slot > removed && slot != kVacated) {
+      --slot;
+    }
+  }
+  entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(index));
+}
+
+template <class T>
+void KeyedList<T>::Occupy(std::string_view key, Slot position) {
+  const std::size_t mask = slots_.size() - 1;
+  std::size_t at = Hash(key) & mask;
+  while (slots_[at] != kFree) at = (at + 1) & mask;
+  slots_[at] = position;
+  ++used_slots_;
+}
+
+template <class T>
+void KeyedList<T>::Grow() {
+  std::size_t size = 16;
+  while (size < 4 * (entries_.size() + 1)) size *= 2;
+  slots_.assign(size, kFree);
+  used_slots_ = 0;
+  for (const Entry& entry : entries_) Occupy(entry.key, static_cast<Slot>(used_slots_ + 1));
+}
+
+}  // namespace zef

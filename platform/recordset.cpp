@@ -1,0 +1,198 @@
+#include "platform/recordset.h"
+
+#include <algorithm>
+
+#include "platform/text.h"
+#include "platform/transaction_guard.h"
+
+namespace zef {
+namespace {
+
+using SetFields = std::vector<std::pair<int, Value>>;
+
+std::string Bracketed(std::string_view name) { return "[" + std::string(name) + "]"; }
+
+const Value* FindField(const SetFields& fields, int position) {
+  for (const auto& [set, value] : fields) {
+    if (set == position) return &value;
+  }
+  return nullptr;
+}
+
+void SetField(SetFields& fields, int position, Value value) {
+  for (auto& [set, old] : fields) {
+    if (set == position) {
+      old = std::move(value);
+      return;
+    }
+  }
+  fields.emplace_back(position, std::move(value));
+}
+
+}  // namespace
+
+const std::string& Field::Name() const {
+  return recordset_->OpenShape().columns()[static_cast<std::size_t>(position_)].name;
+}
+
+Value Field::Value() const { return recordset_->ValueAt(position_); }
+
+void Field::SetValue(zef::Value value) { recordset_->Set(position_, std::move(value)); }
+
+std::int32_t Field::ActualSize() const {
+  const zef::Value value = Value();
+  if (const auto* text = std::get_if<std::string>(&value)) return static_cast<std::int32_t>(text::Length(*text));
+  if (const auto* bytes = std::get_if<Bytes>(&value)) return static_cast<std::int32_t>(bytes->size());
+  return IsNull(value) ? 0 : static_cast<std::int32_t>(sizeof(double));
+}
+
+Value Field::GetChunk(std::int32_t length) {
+  const zef::Value value = Value();
+  auto& chunks = recordset_->chunks_;
+  auto progress = std::find_if(chunks.begin(), chunks.end(), [&](const auto& c) { return c.first == position_; });
+  if (progress == chunks.end()) progress = chunks.insert(chunks.end(), {position_, 0});
+  const auto start = static_cast<std::size_t>(progress->second);
+  if (const auto* text = std::get_if<std::string>(&value)) {
+    const std::string_view chunk = text::Left(std::string_view(*text).substr(start), length);
+    progress->second += static_cast<std::int64_t>(chunk.size());
+    return chunk.empty() ? zef::Value(Null{}) : zef::Value(std::string(chunk));
+  }
+  const auto* bytes = std::get_if<Bytes>(&value);
+  if (bytes == nullptr || start >= bytes->size()) return Null{};
+  const auto count = std::min(bytes->size() - start, static_cast<std::size_t>(std::max(length, 0)));
+  progress->second += static_cast<std::int64_t>(count);
+  const auto first = bytes->begin() + static_cast<std::ptrdiff_t>(start);
+  return Bytes(first, first + static_cast<std::ptrdiff_t>(count));
+}
+
+std::int32_t Fields::Count() const { return static_cast<std::int32_t>(recordset_->OpenShape().columns().size()); }
+
+Field Fields::Item(std::string_view name) const {
+  const int position = recordset_->OpenShape().Position(name);
+  if (position < 0) throw RunTimeError(FailureNumber::ItemNotFound);
+  return Field(*recordset_, position);
+}
+
+Field Fields::Item(std::int32_t index) const {
+  if (index < 0 || index >= Count()) throw RunTimeError(FailureNumber::ItemNotFound);
+  return Field(*recordset_, index);
+}
+
+Recordset::~Recordset() {
+  cursor_.reset();
+  // A transaction of its own that was not used leaves nothing behind; closing the connection has undone it otherwise.
+  if (holds_lock_ && connection_->IsOpen()) IgnoringFailures([&] { connection_->OpenedEngine().RollbackTrans(); });
+}
+
+void Recordset::Open(const std::string& source, const Ref<Connection>& connection, std::int32_t /*cursor_type*/,
+                     std::int32_t lock_type, std::int32_t options) {
+  if (IsOpen()) throw RunTimeError(FailureNumber::ObjectClosed, "The record set is open already.");
+  Connection& opened = Deref(connection);
+  const bool table = options > 0 && (options & adCmdTable) != 0;
+  const std::string text = table ? "SELECT * FROM " + Bracketed(source) : source;
+  const bool pessimistic = lock_type == adLockPessimistic;
+  // A pessimistic record set outside a transaction brings one of its own, which ends with `Update` or `Close`.
+  TransactionGuard lock(opened, pessimistic && opened.OpenedEngine().TransactionDepth() == 0);
+  const bool writable = pessimistic || lock_type == adLockOptimistic;
+  Result result = opened.Run({.text = text, .options = {.updatable = writable, .lock_rows = pessimistic}});
+  if (!result.cursor) return lock.Commit();
+  Attach(connection, std::move(result.cursor));
+  writable_ = writable;
+  holds_lock_ = lock.Keep();
+}
+
+void Recordset::Attach(const Ref<Connection>& connection, std::unique_ptr<Cursor> cursor) {
+  at_end_ = !connection->Guarded([&] { return cursor->Next(); });
+  connection_ = connection;
+  cursor_ = std::move(cursor);
+}
+
+void Recordset::ReleaseLock(bool keep) {
+  if (!holds_lock_) return;
+  holds_lock_ = false;
+  keep ? connection_->CommitTrans() : connection_->RollbackTrans();
+}
+
+void Recordset::LeaveRow() {
+  pending_.clear();
+  written_.clear();
+  chunks_.clear();
+  adding_ = inserted_ = false;
+}
+
+void Recordset::Close() {
+  OpenShape();
+  cursor_.reset();
+  LeaveRow();
+  ReleaseLock(false);
+  connection_.reset();
+}
+
+const RowShape& Recordset::OpenShape() const {
+  if (!cursor_ || !connection_->IsOpen()) throw RunTimeError(FailureNumber::ObjectClosed);
+  return cursor_->shape();
+}
+
+bool Recordset::EndOfFile() const {
+  OpenShape();
+  return at_end_;
+}
+
+void Recordset::RequireRow() const {
+  OpenShape();
+  if (at_end_ && !adding_) throw RunTimeError(FailureNumber::NoCurrentRecord);
+}
+
+void Recordset::MoveNext() {
+  OpenShape();
+  if (at_end_) throw RunTimeError(FailureNumber::NoCurrentRecord);
+  LeaveRow();
+  at_end_ = !connection_->Guarded([&] { return cursor_->Next(); });
+}
+
+std::int32_t Recordset::RecordCount() {
+  OpenShape();
+  return static_cast<std::int32_t>(connection_->Guarded([&] { return cursor_->CountRows(); }));
+}
+
+std::span<const int> Recordset::Positions(ColumnNames names) const { return OpenShape().Positions(names); }
+
+Value Recordset::ValueAt(int position) const {
+  RequireRow();
+  if (const Value* value = FindField(pending_, position)) return *value;
+  return StoredValue(position);
+}
+
+Value Recordset::StoredValue(int position) const {
+  if (const Value* value = FindField(written_, position)) return *value;
+  if (adding_) return Null{};
+  return cursor_->Get(position);
+}
+
+void Recordset::Set(int position, Value value) {
+  RequireRow();
+  SetField(pending_, position, std::move(value));
+}
+
+void Recordset::AddNew() {
+  OpenShape();
+  LeaveRow();
+  adding_ = true;
+}
+
+void Recordset::Update() {
+  RequireRow();
+  if (!writable_ || OpenShape().statement().table.empty()) {
+    throw RunTimeError(FailureNumber::FileUnusable,
+                       "The record set cannot be written: it was not opened for that, or its rows have no identity.");
+  }
+  const bool insert = adding_ && !inserted_;
+  if (pending_.empty() && !insert) return;
+  connection_->Guarded([&] { insert ? InsertRow() : UpdateRow(); });
+  inserted_ = adding_;
+  for (auto& [position, value] : pending_) SetField(written_, position, std::move(value));
+  pending_.clear();
+  ReleaseLock(true);
+}
+
+}  // namespace zef

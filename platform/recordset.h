@@ -1,0 +1,120 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/connection.h"
+#include "platform/engine.h"
+#include "platform/reference.h"
+
+namespace zef {
+
+enum CursorType : std::int32_t { adOpenForwardOnly = 0, adOpenKeyset = 1, adOpenDynamic = 2, adOpenStatic = 3 };
+enum LockType : std::int32_t { adLockReadOnly = 1, adLockPessimistic = 2, adLockOptimistic = 3 };
+/// Options of Open and Execute; values may be combined.
+enum CommandOption : std::int32_t { adCmdUnspecified = -1, adCmdText = 1, adCmdTable = 2, adAsyncFetch = 32 };
+
+class Recordset;
+
+/// One column of the current row. A light handle: it is good as long as its record set.
+class Field {
+ public:
+  Field(Recordset& recordset, int position) : recordset_(&recordset), position_(position) {}
+
+  const std::string& Name() const;
+  /// Raises 3021 with no current row.
+  zef::Value Value() const;
+  /// Sets the value for the next `Update`; it is read back at once.
+  void SetValue(zef::Value value);
+  /// Length of the value: bytes of binary values, characters of texts; 0 for Null.
+  std::int32_t ActualSize() const;
+  /// The next portion of a long value, at most `length` characters or bytes, each call going on where the last one stopped; Null behind the end.
+  zef::Value GetChunk(std::int32_t length);
+
+ private:
+  Recordset* recordset_;
+  int position_;
+};
+
+/// The columns of a record set.
+class Fields {
+ public:
+  explicit Fields(Recordset& recordset) : recordset_(&recordset) {}
+
+  std::int32_t Count() const;
+  /// By name, letter case ignored, or by position from 0; raises 3265 for what is not there.
+  Field Item(std::string_view name) const;
+  Field Item(std::int32_t index) const;
+
+ private:
+  Recordset* recordset_;
+};
+
+/// The rows of a select or table, read strictly forward, and written one row at a time by setting fields and calling `Update`. What it delivers is
+/// what its opening saw, whatever the same connection writes meanwhile. Members other than `Open` raise 3704 when it is closed.
+class Recordset : public RefCounted<Recordset> {
+ public:
+  Recordset() = default;
+  ~Recordset();
+  Recordset(const Recordset&) = delete;
+  Recordset& operator=(const Recordset&) = delete;
+
+  /// Opens a select, or a whole table by name with option adCmdTable, at its first row. A pessimistic one holds the right to write from
+  /// here until its `Update` or `Close`. Raises 91 for a connection that is Nothing.
+  void Open(const std::string& source, const Ref<Connection>& connection, std::int32_t cursor_type = adOpenForwardOnly,
+            std::int32_t lock_type = adLockReadOnly, std::int32_t options = adCmdUnspecified);
+  void Close();
+  bool IsOpen() const { return connection_ != nullptr; }
+
+  /// True behind the last row (ADO's EOF, a name that the C library takes).
+  bool EndOfFile() const;
+  /// Raises 3021 behind the last row.
+  void MoveNext();
+  zef::Fields Fields() { return zef::Fields(*this); }
+  /// Number of all rows.
+  std::int32_t RecordCount();
+
+  /// Begins a new row; its fields are Null until they are set.
+  void AddNew();
+  /// Writes the fields set since `AddNew`, or since the current row was reached, in one statement. Raises -2147217887 for a value that does not fit
+  /// its column, -2147217864 if the row is gone, -2147467259 if the record set was not opened for writing or its rows have no identity.
+  void Update();
+
+  /// Positions of many columns at once, see `RowShape::Positions`; -1 for a column that is not there.
+  std::span<const int> Positions(ColumnNames names) const;
+  /// The value at a position from 0.
+  Value ValueAt(int position) const;
+
+  /// Takes over a running select; for `Connection`.
+  void Attach(const Ref<Connection>& connection, std::unique_ptr<Cursor> cursor);
+
+ private:
+  friend class Field;
+  friend class Fields;
+
+  const RowShape& OpenShape() const;
+  void RequireRow() const;
+  Value StoredValue(int position) const;
+  void Set(int position, Value value);
+  void InsertRow();
+  void UpdateRow();
+  void LeaveRow();
+  void ReleaseLock(bool keep);
+
+  Ref<Connection> connection_;
+  std::unique_ptr<Cursor> cursor_;
+  using SetFields = std::vector<std::pair<int, Value>>;
+  SetFields pending_;  ///< fields set and not yet written
+  SetFields written_;  ///< fields of the current row that `Update` has written over
+  std::vector<std::pair<int, std::int64_t>> chunks_;  ///< how far GetChunk has come, by field
+  bool at_end_ = true;
+  bool adding_ = false;  ///< the current row is one from `AddNew`
+  bool inserted_ = false;  ///< and `Update` has written it
+  bool writable_ = false;
+  bool holds_lock_ = false;
+};
+
+}  // namespace zef

@@ -1,0 +1,54 @@
+#include <algorithm>
+
+#include "platform/recordset.h"
+
+namespace zef {
+namespace {
+
+/// Runs a statement of the record set's own; what does not fit its column is told with the number of `Update`.
+std::int64_t Write(Connection& connection, const std::string& text, const std::vector<Value>& parameters) {
+  try {
+    return connection.Run({.text = text, .parameters = parameters}).rows;
+  } catch (const RunTimeError& failure) {
+    if (failure.code() != FailureNumber::ValueDoesNotFit) throw;
+    throw RunTimeError(FailureNumber::UpdateDoesNotFit, failure.description());
+  }
+}
+
+}  // namespace
+
+void Recordset::InsertRow() {
+  const RowShape& shape = OpenShape();
+  std::string names, marks;
+  std::vector<Value> values;
+  for (const auto& [position, value] : pending_) {
+    names += (names.empty() ? "[" : ",[") + shape.columns()[static_cast<std::size_t>(position)].name + "]";
+    marks += marks.empty() ? "?" : ",?";
+    values.push_back(value);
+  }
+  Write(*connection_, "INSERT INTO [" + shape.statement().table + "] (" + names + ") VALUES (" + marks + ")", values);
+}
+
+void Recordset::UpdateRow() {
+  const RowShape& shape = OpenShape();
+  const sql::CompiledStatement& statement = shape.statement();
+  std::string text = "UPDATE [" + statement.table + "] SET ";
+  std::vector<Value> values;
+  for (const auto& [position, value] : pending_) {
+    text += (values.empty() ? "[" : ",[") + shape.columns()[static_cast<std::size_t>(position)].name + "]=?";
+    values.push_back(value);
+  }
+  text += " WHERE ";
+  if (statement.hidden_row_id) {
+    text += "[" + statement.row_id + "]=?";
+    values.push_back(StoredValue(static_cast<int>(shape.columns().size())));
+  }
+  for (std::size_t i = 0; i < statement.key_columns.size() && !statement.hidden_row_id; ++i) {
+    const std::size_t key = statement.key_columns[i];
+    text += (i == 0 ? "[" : " AND [") + shape.columns()[key].name + "]=?";
+    values.push_back(StoredValue(static_cast<int>(key)));
+  }
+  if (Write(*connection_, text, values) == 0) throw RunTimeError(FailureNumber::RowVanished);
+}
+
+}  // namespace zef

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "platform/sql/ast.h"
+#include "platform/sql/lexer.h"
+#include "platform/sql/schema.h"
+
+namespace zef::sql {
+
+/// How a literal or placeholder becomes the parameter of a prepared statement.
+struct ParameterPlan {
+  std::size_t index = 0;  ///< of the literal, or of the placeholder
+  bool placeholder = false;
+  /// The type it is converted to before it is bound; `Unknown` binds it as it is. A conversion that fails is
+  /// -2147217913, a value that does not fit -2147217833 (texts longer than `length`, numbers outside the type).
+  Type type = Type::Unknown;
+  int length = 0;
+  bool required = false;  ///< Null is refused with -2147217873
+};
+
+struct ResultColumn {
+  std::string name;
+  Type type = Type::Unknown;  ///< Unknown: each row's own
+};
+
+/// A statement in the language of an engine, with all that is needed to run it again and again for one shape.
+struct CompiledStatement {
+  enum class Kind { Select, Insert, Update, Delete };
+  Kind kind = Kind::Select;
+  std::string text;
+  std::vector<ParameterPlan> parameters;  ///< in the order of the engine's parameter numbers
+  std::vector<ResultColumn> columns;      ///< of a select; the hidden row identifier is not among them
+  /// For a select that `Update` can write through: its one table, and how a row of it is found again.
+  std::string table;
+  std::vector<std::size_t> key_columns;  ///< result columns that form the primary key
+  bool hidden_row_id = false;            ///< the row identifier follows behind the last column
+  std::string row_id;                     ///< its name; empty without one
+  bool cacheable = true;                 ///< false if a literal stands in the text itself (ORDER BY 2)
+};
+
+/// What engines write differently. One object an engine, without state.
+class Dialect {
+ public:
+  virtual ~Dialect() = default;
+  /// Parameter number `n`, from 1: "?1" or "$1".
+  virtual std::string Parameter(std::size_t n) const = 0;
+  /// The pseudo column that identifies a row: "rowid" or "ctid".
+  virtual std::string RowId() const = 0;
+  /// A comparison of two text expressions by the dialect's rules; `op` is =, <>, <, <=, > or >=. `indexed_column` tells
+  /// that `left` is a column that leads an index and `right` a parameter that is a plain ASCII text, so that a search
+  /// by equality must be written to use it.
+  virtual std::string CompareTexts(const std::string& left, const std::string& op, const std::string& right,
+                                   bool indexed_column) const = 0;
+  /// A text expression as it must stand in ORDER BY, GROUP BY, DISTINCT, IN and Min/Max to follow the dialect's rules.
+  virtual std::string Collated(const std::string& text) const = 0;
+  /// The engine's name for a function of the dialect, or of the writer's own helpers ("concat", "like", "divide",
+  /// "to_long", ...).
+  virtual std::string Function(const std::string& name) const = 0;
+  /// What follows a select that must lock the rows it reads; may be empty.
+  virtual std::string ForUpdate() const = 0;
+};
+
+struct CompileOptions {
+  bool updatable = false;  ///< make a single-table select findable for `Update`
+  bool lock_rows = false;  ///< pessimistic: lock what is read
+};
+
+/// Writes a parsed statement (not a schema change) for an engine. Raises -2147217865 for an unknown table, -2147217904
+/// for a column or placeholder that nothing gives a value, -2147217913 for types that do not convert, -2147217900 for
+/// the rest, each naming the place.
+CompiledStatement Compile(const Statement& statement, const Shape& shape, Catalog& catalog, const Dialect& dialect,
+                          CompileOptions options);
+
+}  // namespace zef::sql

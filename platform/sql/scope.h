@@ -1,0 +1,56 @@
+#pragma once
+
+#include <deque>
+#include <string>
+#include <string_view>
+
+#include "platform/sql/ast.h"
+#include "platform/sql/schema.h"
+
+namespace zef::sql {
+
+/// One table or select in brackets that stands in FROM.
+struct ScopeSource {
+  std::string name;                  ///< by which columns are qualified: the alias, else the table's name as declared
+  const TableInfo* table = nullptr;  ///< null for a select in brackets
+  TableInfo derived;                 ///< the columns of a select in brackets
+  std::string text;                  ///< as it stands in FROM
+
+  const TableInfo& info() const { return table != nullptr ? *table : derived; }
+};
+
+/// A column reference that was found.
+struct FoundColumn {
+  const ScopeSource* source = nullptr;
+  const ColumnInfo* column = nullptr;  ///< null for the row identifier
+  bool qualified = false;              ///< must be written with the name of its source
+};
+
+/// What column names mean inside one select: its own sources, then those of the selects around it. Sources keep their
+/// addresses.
+class Scope {
+ public:
+  explicit Scope(const Scope* outer) : outer_(outer) {}
+  Scope(const Scope&) = delete;
+  Scope& operator=(const Scope&) = delete;
+
+  /// Raises -2147217900 if a source of that name is there already.
+  ScopeSource& Add(ScopeSource source, std::size_t place);
+  const std::deque<ScopeSource>& sources() const { return sources_; }
+  /// The source of that name, letter case ignored, or null; the scopes around this one are not asked.
+  const ScopeSource* FindSource(std::string_view name) const;
+  /// The column that a reference means. `row_id` is the engine's name of the row identifier, found where no column has
+  /// the name. Raises -2147217904 for a name that is not known or means two columns.
+  FoundColumn Find(const Expr& reference, std::string_view row_id) const;
+  /// True if columns of this scope are written with the name of their source.
+  bool qualifies() const { return outer_ != nullptr || sources_.size() > 1; }
+
+ private:
+  bool FindHere(const Expr& reference, FoundColumn& found) const;
+  bool FindRowId(const Expr& reference, FoundColumn& found) const;
+
+  const Scope* outer_;
+  std::deque<ScopeSource> sources_;
+};
+
+}  // namespace zef::sql

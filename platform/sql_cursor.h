@@ -1,0 +1,43 @@
+#pragma once
+
+#include <deque>
+
+#include "platform/sql_engine.h"
+
+namespace zef {
+
+/// A running select. It steps its statement as it is read, until it is detached: then it goes on from memory.
+class SqlCursor final : public Cursor {
+ public:
+  /// `statement` stands on its first row, or has none.
+  SqlCursor(SqlEngine& engine, Ref<Plan> plan, std::unique_ptr<PreparedStatement> statement, bool has_row);
+  ~SqlCursor() override;
+
+  const RowShape& shape() const override { return plan_->shape; }
+  bool Next() override;
+  Value Get(int column) const override;
+  void Detach() override;
+  std::int64_t CountRows() override;
+  /// The engine goes away: the statement is dropped and every further call raises 3704.
+  void Abandon();
+
+ private:
+  using Row = std::vector<Value>;
+
+  Row CurrentRow() const;
+  int Width() const;
+  sql::Type TypeOf(int column) const;
+  bool Step();
+  void Finish();
+
+  SqlEngine* engine_;
+  Ref<Plan> plan_;
+  std::unique_ptr<PreparedStatement> statement_;  ///< null once it has ended or was detached
+  std::deque<Row> memory_;                        ///< detached: the current row, if there is one, and those to come
+  std::int64_t passed_ = 0;                       ///< rows that `Next` has reached
+  bool statement_on_row_;                         ///< the statement stands on a row
+  bool on_row_ = false;                           ///< the cursor stands on a row
+  bool abandoned_ = false;
+};
+
+}  // namespace zef

@@ -1,0 +1,174 @@
+#include "platform/sql_engine.h"
+
+#include "platform/sql/convert.h"
+#include "platform/sql/parser.h"
+#include "platform/sql_cursor.h"
+#include "platform/text.h"
+#include "platform/transaction_guard.h"
+
+namespace zef {
+namespace {
+
+constexpr std::size_t kIdleStatements = 4;
+/// Behind the shape of a plan's key stand the options that it was compiled for.
+constexpr std::size_t kOptionBytes = 2;
+/// Another client that changes the schema again and again must not keep us here for ever.
+constexpr int kSchemaRetries = 50;
+
+}  // namespace
+
+Ref<Plan> PlanCache::Find(std::string_view key) {
+  const auto found = by_key_.find(key);
+  if (found == by_key_.end()) return nullptr;
+  entries_.splice(entries_.begin(), entries_, found->second);
+  return found->second->plan;
+}
+
+void PlanCache::Add(const std::string& key, Ref<Plan> plan) {
+  entries_.push_front({key, std::move(plan)});
+  by_key_[entries_.front().key] = entries_.begin();
+  if (entries_.size() <= capacity_) return;
+  by_key_.erase(entries_.back().key);
+  entries_.pop_back();
+}
+
+void PlanCache::Clear() {
+  by_key_.clear();
+  entries_.clear();
+}
+
+SqlEngine::~SqlEngine() = default;
+
+void SqlEngine::Forget() {
+  plans_.Clear();
+  tables_.clear();
+  tables_version_ = -1;
+}
+
+void SqlEngine::DetachCursors() {
+  while (!cursors_.empty()) cursors_.back()->Detach();
+}
+
+void SqlEngine::AbandonCursors() {
+  for (SqlCursor* cursor : cursors_) cursor->Abandon();
+  cursors_.clear();
+}
+
+const sql::TableInfo* SqlEngine::FindTable(std::string_view name) {
+  const auto [entry, fresh] = tables_.try_emplace(text::LowerCase(name));
+  if (fresh) entry->second = Describe(name);
+  return entry->second.columns.empty() ? nullptr : &entry->second;
+}
+
+/// A prepared statement taken from its plan for one run; it goes back to the plan unless it is taken.
+class SqlEngine::Lease {
+ public:
+  Lease(SqlEngine& engine, const Ref<Plan>& plan) : engine_(engine), plan_(*plan) {
+    if (plan_.idle.empty()) {
+      statement_ = engine_.Prepare(plan_.shape.statement());
+    } else {
+      statement_ = std::move(plan_.idle.back());
+      plan_.idle.pop_back();
+    }
+  }
+  ~Lease() { Return(); }
+  Lease(const Lease&) = delete;
+  Lease& operator=(const Lease&) = delete;
+
+  PreparedStatement& statement() { return *statement_; }
+  std::unique_ptr<PreparedStatement> Take() { return std::move(statement_); }
+  void Return() {
+    if (statement_) engine_.GiveBack(plan_, std::move(statement_));
+  }
+
+ private:
+  SqlEngine& engine_;
+  Plan& plan_;
+  std::unique_ptr<PreparedStatement> statement_;
+};
+
+void SqlEngine::GiveBack(Plan& plan, std::unique_ptr<PreparedStatement> statement) {
+  statement->Reset();
+  if (plan.idle.size() < kIdleStatements) plan.idle.push_back(std::move(statement));
+}
+
+Ref<Plan> SqlEngine::PlanOf(const Command& command) {
+  if (Ref<Plan> plan = plans_.Find(shape_.key)) return plan;
+  if (const std::int64_t version = SchemaVersion(); version != tables_version_) {
+    Forget();
+    tables_version_ = version;
+  }
+  const std::string key = shape_.key;
+  shape_.key.resize(key.size() - kOptionBytes);
+  sql::CompiledStatement compiled =
+      sql::Compile(sql::Parse(shape_), shape_, *this, SqlDialect(), command.options);
+  if (compiled.hidden_row_id) compiled.row_id = SqlDialect().RowId();
+  shape_.key = key;
+  auto plan = MakeRef<Plan>(std::move(compiled));
+  if (plan->shape.statement().cacheable) plans_.Add(key, plan);
+  return plan;
+}
+
+void SqlEngine::BindAll(PreparedStatement& statement, const sql::CompiledStatement& compiled, const Command& command) {
+  const bool lasting = compiled.kind == sql::CompiledStatement::Kind::Select;
+  converted_.resize(compiled.parameters.size());
+  for (std::size_t i = 0; i < compiled.parameters.size(); ++i) {
+    const sql::ParameterPlan& plan = compiled.parameters[i];
+    if (plan.placeholder && plan.index >= command.parameters.size()) {
+      throw RunTimeError(FailureNumber::NoSuchColumn, "No value was given for a placeholder of the statement.");
+    }
+    const Value& given = plan.placeholder ? command.parameters[plan.index] : shape_.literals[plan.index];
+    statement.Bind(static_cast<int>(i + 1), sql::Converted(given, plan, converted_[i]), lasting);
+  }
+}
+
+Result SqlEngine::ExecuteSchemaChange(const Command& command) {
+  sql::ReadShape(command.text, shape_);
+  const sql::Statement statement = sql::Parse(shape_);
+  DetachCursors();
+  Forget();
+  ChangeSchema(*statement.schema_change);
+  return {};
+}
+
+Result SqlEngine::Execute(const Command& command) {
+  if (sql::IsSchemaChange(command.text)) return ExecuteSchemaChange(command);
+  sql::ReadShape(command.text, shape_);
+  shape_.key += command.options.updatable ? 'u' : ' ';
+  shape_.key += command.options.lock_rows ? 'l' : ' ';
+  for (int attempt = 0; attempt < kSchemaRetries; ++attempt) {
+    if (Result result; Run(command, result)) return result;
+    Forget();
+  }
+  throw RunTimeError(FailureNumber::FileUnusable, "The tables are being changed by another program; try again later.");
+}
+
+bool SqlEngine::Run(const Command& command, Result& result) {
+  const Ref<Plan> plan = PlanOf(command);
+  const sql::CompiledStatement& compiled = plan->shape.statement();
+  return compiled.kind == sql::CompiledStatement::Kind::Select ? Read(plan, command, result)
+                                                               : Write(plan, command, result);
+}
+
+bool SqlEngine::Read(const Ref<Plan>& plan, const Command& command, Result& result) {
+  Lease lease(*this, plan);
+  BindAll(lease.statement(), plan->shape.statement(), command);
+  const PreparedStatement::Step step = lease.statement().Next();
+  if (step == PreparedStatement::Step::SchemaChanged) return false;
+  result.cursor = std::make_unique<SqlCursor>(*this, plan, lease.Take(), step == PreparedStatement::Step::Row);
+  return true;
+}
+
+bool SqlEngine::Write(const Ref<Plan>& plan, const Command& command, Result& result) {
+  DetachCursors();
+  TransactionGuard<Engine> own(*this, TransactionDepth() == 0);
+  Lease lease(*this, plan);
+  BindAll(lease.statement(), plan->shape.statement(), command);
+  if (lease.statement().Next() == PreparedStatement::Step::SchemaChanged) return false;
+  result.rows = lease.statement().RowsWritten();
+  lease.Return();
+  own.Commit();
+  return true;
+}
+
+}  // namespace zef

@@ -1,0 +1,111 @@
+#pragma once
+
+#include <list>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/engine.h"
+#include "platform/reference.h"
+#include "platform/sql/compile.h"
+#include "platform/sql/lexer.h"
+
+namespace zef {
+
+/// A statement that an engine has prepared and that is run again and again.
+class PreparedStatement {
+ public:
+  enum class Step { Row, Done, SchemaChanged };
+
+  virtual ~PreparedStatement() = default;
+  /// Binds parameter `number`, from 1. With `lasting` the value is copied, else it outlives the run.
+  virtual void Bind(int number, const Value& value, bool lasting) = 0;
+  /// Goes to the next row. `SchemaChanged` comes before anything was read or written and means that the statement must be worked out anew.
+  virtual Step Next() = 0;
+  virtual Value Get(int column, sql::Type type) const = 0;
+  /// Ends a run; the statement may be bound and run again.
+  virtual void Reset() = 0;
+  /// Rows that the last run wrote.
+  virtual std::int64_t RowsWritten() const = 0;
+};
+
+/// The worked-out form of all statements of one shape.
+struct Plan : RefCounted<Plan> {
+  explicit Plan(sql::CompiledStatement statement) : shape(std::move(statement)) {}
+  RowShape shape;
+  std::vector<std::unique_ptr<PreparedStatement>> idle;
+};
+
+/// Plans by shape key; the least recently used one goes first.
+class PlanCache {
+ public:
+  explicit PlanCache(std::size_t capacity) : capacity_(capacity) {}
+  /// The plan of a shape, or null.
+  Ref<Plan> Find(std::string_view key);
+  void Add(const std::string& key, Ref<Plan> plan);
+  void Clear();
+  std::size_t size() const { return entries_.size(); }
+
+ private:
+  struct Entry {
+    std::string key;
+    Ref<Plan> plan;
+  };
+  std::size_t capacity_;
+  std::list<Entry> entries_;
+  std::unordered_map<std::string_view, std::list<Entry>::iterator> by_key_;
+};
+
+class SqlCursor;
+
+/// What every SQL engine shares: the dialect's front end, plans and prepared statements by shape, cursors that keep what they saw. A table that another client
+/// changes meanwhile is noticed before a statement of the old shape reads or writes anything.
+class SqlEngine : public Engine, protected sql::Catalog {
+ public:
+  ~SqlEngine() override;
+  Result Execute(const Command& command) final;
+  /// Plans in the cache, for tests of its bound.
+  std::size_t CachedPlans() const { return plans_.size(); }
+
+ protected:
+  virtual const sql::Dialect& SqlDialect() const = 0;
+  virtual std::unique_ptr<PreparedStatement> Prepare(const sql::CompiledStatement& statement) = 0;
+  /// The columns of a table as the database tells them now; no columns if there is no such table.
+  virtual sql::TableInfo Describe(std::string_view table) = 0;
+  /// A number that changes with every change of any table's columns or indexes, by whichever client.
+  virtual std::int64_t SchemaVersion() = 0;
+  virtual void ChangeSchema(const sql::SchemaChange& change) = 0;
+
+  /// Forgets everything worked out from the tables' columns.
+  void Forget();
+  /// Lets running cursors take their rows into memory; called before anything is written.
+  void DetachCursors();
+  /// For engines that go away: no cursor touches them again.
+  void AbandonCursors();
+
+  const sql::TableInfo* FindTable(std::string_view name) final;
+
+ private:
+  friend class SqlCursor;
+
+  class Lease;
+
+  bool Run(const Command& command, Result& result);
+  bool Read(const Ref<Plan>& plan, const Command& command, Result& result);
+  bool Write(const Ref<Plan>& plan, const Command& command, Result& result);
+  Ref<Plan> PlanOf(const Command& command);
+  void GiveBack(Plan& plan, std::unique_ptr<PreparedStatement> statement);
+  void BindAll(PreparedStatement& statement, const sql::CompiledStatement& compiled, const Command& command);
+  Result ExecuteSchemaChange(const Command& command);
+
+  sql::Shape shape_;             ///< of the statement that is being executed
+  std::vector<Value> converted_;  ///< its values after conversion; they outlive the run
+  PlanCache plans_{256};
+  std::unordered_map<std::string, sql::TableInfo> tables_;
+  std::int64_t tables_version_ = -1;
+  std::vector<SqlCursor*> cursors_;
+};
+
+}  // namespace zef

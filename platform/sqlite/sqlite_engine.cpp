@@ -1,0 +1,132 @@
+#include "platform/sqlite/sqlite_engine.h"
+
+#include <chrono>
+#include <thread>
+
+#include "platform/sqlite/functions.h"
+#include "platform/sqlite/schema_change.h"
+#include "platform/sqlite/sqlite_error.h"
+#include "platform/sqlite/table_description.h"
+#include "platform/transaction_guard.h"
+
+namespace zef {
+namespace {
+
+constexpr std::chrono::seconds kLockWait(5);
+constexpr std::chrono::microseconds kLockPause(500);
+
+/// Waits in short, even steps: the engine's own growing pauses let a crowd of writers starve one of them.
+int WaitForLock(void* waiting_since, int times) {
+  using Clock = std::chrono::steady_clock;
+  auto& since = *static_cast<Clock::time_point*>(waiting_since);
+  if (times == 0) since = Clock::now();
+  if (Clock::now() - since > kLockWait) return 0;
+  std::this_thread::sleep_for(kLockPause);
+  return 1;
+}
+
+void Exec(sqlite3* db, const char* text) { CheckSqlite(db, sqlite3_exec(db, text, nullptr, nullptr, nullptr)); }
+
+}  // namespace
+
+void SqliteEngine::Own::Run(sqlite3* db, const char* text) {
+  if (!handle_) handle_ = PrepareSqlite(db, text);
+  sqlite3_step(handle_.get());
+  CheckSqlite(db, sqlite3_reset(handle_.get()));
+}
+
+std::int64_t SqliteEngine::Own::Number(sqlite3* db, const char* text) {
+  if (!handle_) handle_ = PrepareSqlite(db, text);
+  const bool row = sqlite3_step(handle_.get()) == SQLITE_ROW;
+  const std::int64_t number = row ? sqlite3_column_int64(handle_.get(), 0) : -1;
+  CheckSqlite(db, sqlite3_reset(handle_.get()));
+  return number;
+}
+
+SqliteEngine::SqliteEngine(DatabaseHandle db) : db_(std::move(db)) {
+  sqlite3_busy_handler(db_.get(), &WaitForLock, &waiting_since_);
+  RegisterFunctions(db_.get(), [this](RunTimeError failure) { failure_ = std::move(failure); });
+  Exec(db_.get(), "PRAGMA synchronous=FULL; PRAGMA foreign_keys=OFF; PRAGMA trusted_schema=OFF");
+#ifdef ZEF_SYSTEM_SQLITE
+  sqlite3_db_config(db_.get(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  sqlite3_db_config(db_.get(), SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+#endif
+}
+
+SqliteEngine::~SqliteEngine() {
+  AbandonCursors();
+  Forget();
+  if (depth_ > 0) sqlite3_exec(db_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+std::unique_ptr<PreparedStatement> SqliteEngine::Prepare(const sql::CompiledStatement& statement) {
+  RequireUndamaged();
+  return std::make_unique<SqliteStatement>(db_.get(), statement.text, failure_);
+}
+
+void SqliteEngine::RunSavepoint(const char* verb, int depth) {
+  Exec(db_.get(), (std::string(verb) + " zef" + std::to_string(depth)).c_str());
+}
+
+/// A full disk and the like make the engine undo the whole transaction by itself; going on would write outside of it.
+void SqliteEngine::RequireUndamaged() const {
+  if (depth_ > 0 && sqlite3_get_autocommit(db_.get()) != 0) {
+    throw RunTimeError(FailureNumber::FileUnusable, "The transaction was undone after a failure of the disk; roll it back.");
+  }
+}
+
+void SqliteEngine::BeginTrans() {
+  DetachCursors();
+  if (depth_ == 0) {
+    begin_.Run(db_.get(), "BEGIN IMMEDIATE");
+  } else {
+    RequireUndamaged();
+    RunSavepoint("SAVEPOINT", depth_);
+  }
+  ++depth_;
+}
+
+void SqliteEngine::CommitTrans() {
+  if (depth_ == 0) throw RunTimeError(FailureNumber::NoTransaction);
+  RequireUndamaged();
+  DetachCursors();
+  if (depth_ == 1) {
+    commit_.Run(db_.get(), "COMMIT");
+  } else {
+    RunSavepoint("RELEASE", depth_ - 1);
+  }
+  --depth_;
+}
+
+void SqliteEngine::RollbackTrans() {
+  if (depth_ == 0) throw RunTimeError(FailureNumber::NoTransaction);
+  DetachCursors();
+  --depth_;
+  if (sqlite3_get_autocommit(db_.get()) != 0) return;
+  if (depth_ == 0) {
+    rollback_.Run(db_.get(), "ROLLBACK");
+  } else {
+    RunSavepoint("ROLLBACK TO", depth_);
+    RunSavepoint("RELEASE", depth_);
+  }
+}
+
+std::int64_t SqliteEngine::SchemaVersion() { return version_.Number(db_.get(), "PRAGMA schema_version"); }
+
+sql::TableInfo SqliteEngine::Describe(std::string_view table) { return DescribeTable(db_.get(), table); }
+
+void SqliteEngine::ChangeSchema(const sql::SchemaChange& change) {
+  TransactionGuard<Engine> guard(*this);
+  ApplySchemaChange(db_.get(), change, failure_);
+  guard.Commit();
+}
+
+std::unique_ptr<Engine> OpenSqlite(const ConnectionString& connection) {
+  connection.Require({"Provider", "Data Source", "User ID", "Password", "Jet OLEDB:Database Password", "Mode"});
+  std::string_view password = connection.Get("Jet OLEDB:Database Password");
+  if (password.empty()) password = connection.Get("Password");
+  DatabaseHandle db = OpenDatabaseFile(std::string(connection.Get("Data Source")), std::string(password));
+  return std::make_unique<SqliteEngine>(std::move(db));
+}
+
+}  // namespace zef

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+
+#include "platform/connection_string.h"
+#include "platform/sql_engine.h"
+#include "platform/sqlite/sqlite_dialect.h"
+#include "platform/sqlite/sqlite_file.h"
+#include "platform/sqlite/sqlite_statement.h"
+
+namespace zef {
+
+/// The embedded engine: one database file. Transactions take the write lock at once and commit durably; nested ones are savepoints.
+class SqliteEngine final : public SqlEngine {
+ public:
+  explicit SqliteEngine(DatabaseHandle db);
+  ~SqliteEngine() override;
+
+  void BeginTrans() override;
+  void CommitTrans() override;
+  void RollbackTrans() override;
+  int TransactionDepth() const override { return depth_; }
+
+ protected:
+  const sql::Dialect& SqlDialect() const override { return dialect_; }
+  std::unique_ptr<PreparedStatement> Prepare(const sql::CompiledStatement& statement) override;
+  sql::TableInfo Describe(std::string_view table) override;
+  std::int64_t SchemaVersion() override;
+  void ChangeSchema(const sql::SchemaChange& change) override;
+
+ private:
+  /// A short statement of the engine's own, prepared at its first use.
+  class Own {
+   public:
+    void Run(sqlite3* db, const char* text);
+    std::int64_t Number(sqlite3* db, const char* text);
+
+   private:
+    StatementHandle handle_;
+  };
+
+  void RunSavepoint(const char* verb, int depth);
+  void RequireUndamaged() const;
+
+  std::chrono::steady_clock::time_point waiting_since_;  ///< of the wait for another client's lock
+  DatabaseHandle db_;
+  std::optional<RunTimeError> failure_;  ///< what went wrong in one of our functions during a statement
+  SqliteDialect dialect_;
+  Own begin_, commit_, rollback_, version_;
+  int depth_ = 0;
+};
+
+/// Opens the file that `Data Source` names; the password stands under `Jet OLEDB:Database Password` or `Password`.
+std::unique_ptr<Engine> OpenSqlite(const ConnectionString& connection);
+
+}  // namespace zef

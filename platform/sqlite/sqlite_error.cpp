@@ -1,0 +1,63 @@
+#include "platform/sqlite/sqlite_error.h"
+
+#include <string>
+#include <string_view>
+
+namespace zef {
+namespace {
+
+struct Sentence {
+  int code;
+  FailureNumber number;
+  std::string_view text;
+};
+
+/// Failures by primary result code; an empty text keeps the engine's own sentence.
+constexpr Sentence kByCode[] = {
+    {SQLITE_CONSTRAINT, FailureNumber::ConstraintViolated, ""},
+    {SQLITE_TOOBIG, FailureNumber::ValueDoesNotFit, "A value is too long to be stored."},
+    {SQLITE_BUSY, FailureNumber::FileUnusable, "The database is locked by another program; try again later."},
+    {SQLITE_LOCKED, FailureNumber::FileUnusable, "The database is locked by another statement of this program."},
+    {SQLITE_NOTADB, FailureNumber::FileUnusable, "The file is not a database."},
+    {SQLITE_CORRUPT, FailureNumber::FileUnusable, "The database file is damaged."},
+    {SQLITE_READONLY, FailureNumber::FileUnusable, "The database cannot be written: the file or its folder is read-only."},
+    {SQLITE_FULL, FailureNumber::FileUnusable, "The disk is full; nothing was written."},
+    {SQLITE_IOERR, FailureNumber::FileUnusable, "The database file could not be read or written."},
+    {SQLITE_CANTOPEN, FailureNumber::FileUnusable, "The database file cannot be opened."},
+    {SQLITE_PERM, FailureNumber::FileUnusable, "The access to the database file was refused."},
+    {SQLITE_MISMATCH, FailureNumber::TypesDoNotConvert, "A value does not convert to the type of its column."},
+    {SQLITE_NOMEM, FailureNumber::OutOfMemory, "Out of memory"},
+};
+
+/// Failures of a statement by how the engine's sentence begins.
+constexpr Sentence kBySentence[] = {
+    {SQLITE_ERROR, FailureNumber::NoSuchTable, "no such table"},
+    {SQLITE_ERROR, FailureNumber::NoSuchColumn, "no such column"},
+    {SQLITE_ERROR, FailureNumber::ColumnExists, "duplicate column name"},
+};
+
+std::string Readable(std::string_view sentence) {
+  std::string text(sentence);
+  if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
+  if (!text.empty() && text.back() != '.') text += '.';
+  return text;
+}
+
+}  // namespace
+
+RunTimeError SqliteFailure(sqlite3* db, int code) {
+  const std::string_view own = db == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(db);
+  for (const Sentence& known : kByCode) {
+    if (known.code == (code & 0xff)) return {known.number, known.text.empty() ? Readable(own) : std::string(known.text)};
+  }
+  for (const Sentence& known : kBySentence) {
+    if (own.starts_with(known.text)) return {known.number, Readable(own)};
+  }
+  return {FailureNumber::StatementError, Readable(own)};
+}
+
+void CheckSqlite(sqlite3* db, int code) {
+  if (code != SQLITE_OK && code != SQLITE_ROW && code != SQLITE_DONE) throw SqliteFailure(db, code);
+}
+
+}  // namespace zef

@@ -1,0 +1,109 @@
+#include "platform/sqlite/sqlite_statement.h"
+
+#include <cstring>
+#include <limits>
+
+#include "platform/sqlite/sqlite_error.h"
+
+namespace zef {
+namespace {
+
+struct Binder {
+  sqlite3_stmt* statement;
+  int number;
+  sqlite3_destructor_type keep;
+
+  int operator()(Null) const { return sqlite3_bind_null(statement, number); }
+  int operator()(std::int32_t value) const { return sqlite3_bind_int(statement, number, value); }
+  int operator()(std::uint8_t value) const { return sqlite3_bind_int(statement, number, value); }
+  int operator()(double value) const { return sqlite3_bind_double(statement, number, value); }
+  int operator()(bool value) const { return sqlite3_bind_int(statement, number, value ? -1 : 0); }
+  int operator()(Date value) const { return sqlite3_bind_double(statement, number, value.value()); }
+  int operator()(const std::string& value) const {
+    return sqlite3_bind_text64(statement, number, value.data(), value.size(), keep, SQLITE_UTF8);
+  }
+  int operator()(const Bytes& value) const {
+    // A null pointer would bind Null in place of bytes of length 0.
+    const void* data = value.empty() ? static_cast<const void*>("") : value.data();
+    return sqlite3_bind_blob64(statement, number, data, value.size(), keep);
+  }
+};
+
+Value TextOf(sqlite3_stmt* statement, int column) {
+  const auto* data = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+  return std::string(data == nullptr ? "" : data, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
+}
+
+Value BytesOf(sqlite3_stmt* statement, int column) {
+  const auto* data = static_cast<const std::byte*>(sqlite3_column_blob(statement, column));
+  return data == nullptr ? Bytes() : Bytes(data, data + sqlite3_column_bytes(statement, column));
+}
+
+Value IntegerOf(sqlite3_stmt* statement, int column) {
+  const sqlite3_int64 value = sqlite3_column_int64(statement, column);
+  if (value < std::numeric_limits<std::int32_t>::min() || value > std::numeric_limits<std::int32_t>::max()) {
+    return static_cast<double>(value);
+  }
+  return static_cast<std::int32_t>(value);
+}
+
+/// A value by the kind that the row itself holds.
+Value StoredValue(sqlite3_stmt* statement, int column, int stored) {
+  switch (stored) {
+    case SQLITE_NULL: return Null{};
+    case SQLITE_INTEGER: return IntegerOf(statement, column);
+    case SQLITE_FLOAT: return sqlite3_column_double(statement, column);
+    case SQLITE_TEXT: return TextOf(statement, column);
+    default: return BytesOf(statement, column);
+  }
+}
+
+/// A number as the type of its column tells; what another program stored there against the type stays what it is.
+Value NumberOf(sqlite3_stmt* statement, int column, int stored, sql::Type type) {
+  const bool whole = stored == SQLITE_INTEGER;
+  const sqlite3_int64 value = whole ? sqlite3_column_int64(statement, column) : 0;
+  if (type == sql::Type::Byte && whole && value >= 0 && value <= 255) return static_cast<std::uint8_t>(value);
+  if (type == sql::Type::Boolean) return sqlite3_column_double(statement, column) != 0;
+  if (type == sql::Type::Date) return Date(sqlite3_column_double(statement, column));
+  if (type == sql::Type::Double) return sqlite3_column_double(statement, column);
+  return StoredValue(statement, column, stored);
+}
+
+}  // namespace
+
+StatementHandle PrepareSqlite(sqlite3* db, std::string_view text) {
+  sqlite3_stmt* statement = nullptr;
+  CheckSqlite(db, sqlite3_prepare(db, text.data(), static_cast<int>(text.size()), &statement, nullptr));
+  return StatementHandle(statement);
+}
+
+SqliteStatement::SqliteStatement(sqlite3* db, std::string_view text, std::optional<RunTimeError>& failure)
+    : db_(db), handle_(PrepareSqlite(db, text)), failure_(failure) {}
+
+void SqliteStatement::Bind(int number, const Value& value, bool lasting) {
+  const sqlite3_destructor_type keep = lasting ? SQLITE_TRANSIENT : SQLITE_STATIC;
+  CheckSqlite(db_, std::visit(Binder{handle_.get(), number, keep}, value));
+}
+
+PreparedStatement::Step SqliteStatement::Next() {
+  failure_.reset();
+  if (sqlite3_step(handle_.get()) == SQLITE_ROW) return Step::Row;
+  const int code = sqlite3_reset(handle_.get());  // only the reset tells why a statement ended
+  if (code == SQLITE_SCHEMA) return Step::SchemaChanged;
+  if (code != SQLITE_OK && failure_) throw *failure_;
+  CheckSqlite(db_, code);
+  rows_written_ = sqlite3_changes64(db_);
+  return Step::Done;
+}
+
+Value SqliteStatement::Get(int column, sql::Type type) const {
+  sqlite3_stmt* statement = handle_.get();
+  const int stored = sqlite3_column_type(statement, column);
+  const bool number = stored == SQLITE_INTEGER || stored == SQLITE_FLOAT;
+  if (number && type != sql::Type::Unknown && type != sql::Type::Long) return NumberOf(statement, column, stored, type);
+  return StoredValue(statement, column, stored);
+}
+
+void SqliteStatement::Reset() { sqlite3_reset(handle_.get()); }
+
+}  // namespace zef

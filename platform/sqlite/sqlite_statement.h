@@ -1,0 +1,39 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <memory>
+#include <optional>
+
+#include "platform/sql_engine.h"
+
+namespace zef {
+
+struct FinalizeStatement {
+  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using StatementHandle = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
+
+/// Prepares with the interface that reports a changed schema instead of preparing the statement anew behind our back: what was worked out for the old
+/// columns must not be used for new ones.
+StatementHandle PrepareSqlite(sqlite3* db, std::string_view text);
+
+/// A prepared statement of the embedded engine. `failure` is where the engine's own functions leave what went wrong in them.
+class SqliteStatement final : public PreparedStatement {
+ public:
+  SqliteStatement(sqlite3* db, std::string_view text, std::optional<RunTimeError>& failure);
+
+  void Bind(int number, const Value& value, bool lasting) override;
+  Step Next() override;
+  Value Get(int column, sql::Type type) const override;
+  void Reset() override;
+  std::int64_t RowsWritten() const override { return rows_written_; }
+
+ private:
+  sqlite3* db_;
+  StatementHandle handle_;
+  std::optional<RunTimeError>& failure_;
+  std::int64_t rows_written_ = 0;
+};
+
+}  // namespace zef
