@@ -56,7 +56,7 @@ inline Date Join(DayAndSeconds moment) { return Join(moment.day, moment.seconds 
 /// The nearest whole second; 24 hours carry into the next day. Raises 5 outside the range.
 inline DayAndSeconds SplitSeconds(Date date) {
   const auto [day, fraction] = Split(date);
-  const int seconds = static_cast<int>(fraction * kSecondsPerDay + 0.5);
+  const int seconds = static_cast<int>(std::lround(fraction * kSecondsPerDay));
   if (seconds < kSecondsPerDay) return {day, seconds};
   return {CheckedDay(day + 1), 0};
 }
@@ -64,6 +64,8 @@ inline DayAndSeconds SplitSeconds(Date date) {
 constexpr std::chrono::sys_days ToSysDays(std::int64_t day) {
   return kDayZero + std::chrono::days(static_cast<int>(day));
 }
+
+constexpr std::chrono::year_month_day CalendarDay(std::int64_t day) { return {ToSysDays(day)}; }
 
 constexpr std::int64_t ToDayNumber(std::chrono::sys_days day) { return (day - kDayZero).count(); }
 

@@ -19,8 +19,9 @@ inline UChar32 NextCodePointOrError(std::string_view text, std::size_t& at) {
     ++at;
     return first;
   }
+  const char* const bytes = text.data();
   UChar32 c = 0;
-  U8_NEXT(text.data(), at, text.size(), c);
+  U8_NEXT(bytes, at, text.size(), c);
   return c;
 }
 #pragma GCC diagnostic pop

@@ -1,0 +1,37 @@
+#include <chrono>
+#include <ctime>
+#include <utility>
+
+#include "platform/date.h"
+
+namespace zef {
+namespace {
+
+thread_local std::function<Date()> current_override;
+
+/// A leap second counts as the second before it, so that the day stays the same.
+Date ToDate(const std::tm& local) {
+  const std::chrono::year year(local.tm_year + 1900);
+  const std::chrono::month month(static_cast<unsigned>(local.tm_mon + 1));
+  const std::chrono::day day(static_cast<unsigned>(local.tm_mday));
+  const int second = local.tm_sec < 60 ? local.tm_sec : 59;
+  return {year / month / day, (local.tm_hour * 60 + local.tm_min) * 60 + second};
+}
+
+}  // namespace
+
+Date Now() {
+  if (current_override) return current_override();
+  const std::time_t seconds = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&seconds, &local);
+  return ToDate(local);
+}
+
+ClockOverride::ClockOverride(std::function<Date()> now) : previous_(std::exchange(current_override, std::move(now))) {}
+
+ClockOverride::ClockOverride(Date fixed) : ClockOverride([fixed] { return fixed; }) {}
+
+ClockOverride::~ClockOverride() { current_override = std::move(previous_); }
+
+}  // namespace zef
