@@ -1,0 +1,16 @@
+# The benchmarks: the library against the same work written by hand over the engine, and the recurrence rules against
+# an independent calendar library.
+
+file(GLOB_RECURSE bench_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/bench/*.cpp")
+if(NOT bench_sources)
+  message(FATAL_ERROR "ZEF_BENCH is on and bench/ holds no source")
+endif()
+
+find_package(benchmark REQUIRED)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(libical REQUIRED IMPORTED_TARGET libical)
+
+add_executable(zef_bench ${bench_sources})
+target_link_libraries(zef_bench PRIVATE
+  zefcore zefschema zef::engine PkgConfig::libical benchmark::benchmark benchmark::benchmark_main zef_warnings)
+set_target_properties(zef_bench PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}")

@@ -1,0 +1,24 @@
+# The library: the sources of all rooms, from the ground up. A room that does not exist yet adds nothing.
+
+set(ZEF_ROOMS platform session calendar folders tasks addressbook notes users textviews upgrade)
+
+find_package(ICU REQUIRED COMPONENTS uc i18n)
+find_package(Boost REQUIRED)
+find_package(fmt REQUIRED)
+
+set(sources)
+foreach(room IN LISTS ZEF_ROOMS)
+  file(GLOB_RECURSE room_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${room}/*.cpp" "${PROJECT_SOURCE_DIR}/${room}/*.h")
+  list(APPEND sources ${room_sources})
+endforeach()
+
+configure_file("${PROJECT_SOURCE_DIR}/cmake/version.h.in" "${PROJECT_BINARY_DIR}/generated/version.h" @ONLY)
+
+add_library(zefcore STATIC ${sources})
+target_include_directories(zefcore PUBLIC "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}/generated")
+target_link_libraries(zefcore
+  PUBLIC ICU::uc ICU::i18n Boost::headers fmt::fmt
+  PRIVATE zef::engine zef_warnings)
+if(ZEF_SYSTEM_SQLITE)
+  target_compile_definitions(zefcore PUBLIC ZEF_SYSTEM_SQLITE)
+endif()

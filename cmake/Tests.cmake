@@ -1,0 +1,37 @@
+# One test executable for each folder under tests/, made of every source in it. tests/support/ is shared by all.
+# Tests run in the root of the checkout, so that a data file is named as in "tests/calendar/cases.txt".
+
+enable_testing()
+include(GoogleTest)
+find_package(GTest REQUIRED)
+
+file(GLOB_RECURSE support_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/support/*.cpp")
+add_library(zef_test_base INTERFACE)
+target_link_libraries(zef_test_base INTERFACE zefcore zefschema GTest::gmock zef_warnings)
+if(support_sources)
+  add_library(zef_test_support STATIC ${support_sources})
+  target_link_libraries(zef_test_support PUBLIC zef_test_base)
+endif()
+
+file(GLOB folders LIST_DIRECTORIES TRUE RELATIVE "${PROJECT_SOURCE_DIR}/tests" CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/*")
+list(REMOVE_ITEM folders support)
+foreach(folder IN LISTS folders)
+  file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp")
+  if(NOT test_sources)
+    continue()
+  endif()
+  set(target zef_test_${folder})
+  add_executable(${target} ${test_sources})
+  # The engine's own header is for tests that look into a file from outside.
+  target_link_libraries(${target} PRIVATE $<TARGET_NAME_IF_EXISTS:zef_test_support> zef_test_base zef::engine GTest::gmock_main)
+  if(folder STREQUAL "client")
+    target_link_libraries(${target} PRIVATE $<TARGET_NAME_IF_EXISTS:zefclient>)
+  endif()
+  if(folder STREQUAL "client" AND TARGET zef)
+    add_dependencies(${target} zef)
+  endif()
+  set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
+  gtest_discover_tests(${target}
+    TEST_PREFIX "${folder}." WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" DISCOVERY_TIMEOUT 60
+    PROPERTIES TIMEOUT 300 ENVIRONMENT "ZEF_PROGRAM=${PROJECT_BINARY_DIR}/zef")
+endforeach()

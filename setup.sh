@@ -1,0 +1,54 @@
+#!/usr/bin/env bash
+# Installs what building needs and the machine lacks (Debian 12). With everything there it does nothing and needs no
+# network. Usage: setup.sh [build|test|bench|ci], each group with those it rests on; no argument means all of them.
+set -euo pipefail
+
+packages_build=(cmake g++ ninja-build ccache pkg-config libicu-dev libboost-dev libfmt-dev libcli11-dev)
+packages_test=(libgtest-dev libgmock-dev sqlite3)
+packages_bench=(libbenchmark-dev libical-dev)
+packages_ci=(clang-14 libclang-rt-14-dev clang-format clang-tidy)
+
+wanted_packages() {
+  local wanted=("${packages_build[@]}")
+  command -v npm >/dev/null || wanted+=(npm)
+  case "$1" in
+    build) ;;
+    test) wanted+=("${packages_test[@]}") ;;
+    bench) wanted+=("${packages_bench[@]}") ;;
+    ci) wanted+=("${packages_test[@]}" "${packages_ci[@]}") ;;
+    all) wanted+=("${packages_test[@]}" "${packages_bench[@]}" "${packages_ci[@]}") ;;
+    *) echo "setup.sh: unknown group \"$1\"; known are build, test, bench, ci" >&2; return 2 ;;
+  esac
+  printf '%s\n' "${wanted[@]}"
+}
+
+missing_packages() {
+  local wanted
+  wanted=$(wanted_packages "$1") || return
+  # dpkg-query fails when one of the names is unknown to it, which is just what is to be found out.
+  comm -23 <(sort -u <<<"$wanted") \
+    <(dpkg-query -W -f '${db:Status-Status} ${Package}\n' $wanted 2>/dev/null | sed -n 's/^installed //p' | sort -u)
+}
+
+as_root() {
+  if [ "$(id -u)" -eq 0 ]; then
+    "$@"
+  else
+    sudo "$@"
+  fi
+}
+
+main() {
+  local missing
+  if ! command -v apt-get >/dev/null; then
+    echo "setup.sh: no apt-get here; please see to these packages yourself:" $(wanted_packages "$1") >&2
+    return 0
+  fi
+  missing=$(missing_packages "$1")
+  [ -n "$missing" ] || return 0
+  echo "Installing:" $missing
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get update -q
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends $missing
+}
+
+main "${1:-all}"
