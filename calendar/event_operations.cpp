@@ -1,0 +1,57 @@
+#include "calendar/event.h"
+#include "session/collections.h"
+#include "session/operations.h"
+
+namespace zef {
+namespace {
+
+constexpr std::int32_t kEventSequence = 4;
+constexpr char kSelect[] = "SELECT * FROM Events WHERE EVE_ID=";
+
+std::int32_t Reference(Recordset& rs, std::string_view column) {
+  return ToLong(Nz(rs.Fields().Item(column).Value(), Value(0)));
+}
+
+/// Rule first, then notification, then event. False if a child could not be deleted.
+bool DeleteEventRows(CSession& session, std::int32_t event) {
+  const Ref<Recordset> rs = Deref(session.conDBConnection).Execute(kSelect + SqlNumber(event));
+  if (rs->EndOfFile()) return true;
+  if (!session.DeleteRecurrence(Reference(*rs, "EVE_RecurrenceID"))) return false;
+  if (!session.DeleteNotification(Reference(*rs, "EVE_NotificationID"))) return false;
+  rs->Close();
+  Execute(session, "DELETE * FROM Events WHERE EVE_ID=" + SqlNumber(event));
+  return true;
+}
+
+}  // namespace
+
+Ref<CEvent> CSession::GetEvent(std::int32_t EventID) { return GetRecord<CEvent>(*this, "GetEvent", kSelect, EventID); }
+
+bool CSession::LoadEvents4Folder(const Ref<CEvents>& udtEvents, std::int32_t lngFolderID) {
+  return LoadEventsWithCriteria(udtEvents, "EVE_FolderID=" + SqlNumber(lngFolderID) + " ORDER BY EVE_Text ASC");
+}
+
+bool CSession::LoadEventsWithCriteria(const Ref<CEvents>& udtEvents, const std::string& strCriteria) {
+  return LoadRecords(*this, udtEvents, "LoadEventsWithCriteria", "SELECT * FROM Events", strCriteria);
+}
+
+Ref<CEvent> CSession::CreateEvent() { return CreateRecord<CEvent>(*this, "CSession.CreateEvent", kEventSequence); }
+
+Ref<CEvent> CSession::DuplicateEvent(std::int32_t lngOldEventID) {
+  if (Refused(*this, "CSession.DuplicateEvent")) return nullptr;
+  Ref<CEvent> copy = GetEvent(lngOldEventID);
+  if (!copy) return nullptr;
+  std::int32_t id = 0;
+  if (GetUniqueIDFromSeq(kEventSequence, id, 1) == 0) return nullptr;
+  copy->ID = id;
+  if (!RenumberChildren(*this, *copy)) return nullptr;
+  copy->ResetFlagsX(true, true);
+  return copy;
+}
+
+bool CSession::DeleteEvent(std::int32_t lngEventID) {
+  return DeleteInTransaction(*this, "DeleteEvent", "CSession.DeleteEvent",
+                             [&] { return DeleteEventRows(*this, lngEventID); });
+}
+
+}  // namespace zef

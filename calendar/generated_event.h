@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "platform/date.h"
+#include "session/session.h"
+#include "session/trap.h"
+
+namespace zef {
+
+class CRecurrence;
+
+/// A kind of event that the library writes for another record: its type and the condition that finds its folder. Such
+/// an event is found again by type, link and folder, never by an identifier stored at its owner.
+struct GeneratedKind {
+  std::string_view type;
+  std::string_view folder_criteria;
+};
+
+/// Brings the event of one date of a record in step with that date, inside the running transaction: none for a zero
+/// date, else one on the day of the date with the rule that `write_rule` gives it. `text` makes the text of a new
+/// event; a found one keeps its own. Quiet if the folder of a new event is missing or the event could not be saved.
+Outcome KeepGeneratedEvent(CSession& session, const GeneratedKind& kind, std::int32_t link, bool link_is_new, Date date,
+                           const std::function<std::string()>& text,
+                           const std::function<void(CRecurrence&)>& write_rule);
+
+}  // namespace zef

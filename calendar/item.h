@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+
+#include "calendar/notification.h"
+#include "calendar/recurrence.h"
+#include "session/children.h"
+#include "session/record.h"
+
+namespace zef {
+
+/// What events and tasks share: a rule and a notification of their own from the first moment on, which are read, saved
+/// and reset with them.
+template <class Derived>
+class Item : public Record<Derived> {
+ public:
+  /// Setting a child replaces the object and changes no flag.
+  Ref<CNotification> Notification = MakeRef<CNotification>();
+  Ref<CRecurrence> Recurrence = MakeRef<CRecurrence>();
+
+  /// Identifiers of the children's rows; below 1 for none. They can differ from the children's own until `Save`.
+  Property<std::int32_t> NotificationID{*this};
+  Property<std::int32_t> RecurrenceID{*this};
+
+  /// Also sets the session of the children.
+  void SetSession(const Ref<CSession>& session) {
+    Record<Derived>::SetSession(session);
+    Deref(Notification).SetSession(session);
+    Deref(Recurrence).SetSession(session);
+  }
+
+  /// True if the item's own flag is set or a child reports a change. `IsNew` reads the own flag alone.
+  bool IsModified() const { return this->OwnModified() || ChildModified(Notification) || ChildModified(Recurrence); }
+  /// Both reach into the children.
+  void ResetFlagsX(bool M, bool N) {
+    this->SetFlags(M, N);
+    Deref(Recurrence).ResetFlagsX(M, N);
+    Deref(Notification).ResetFlagsX(M, N);
+  }
+  void ResetFlags() { ResetFlagsX(true, true); }
+
+ protected:
+  /// A reference without a row leaves its child as it was.
+  void ReadChildren() {
+    ReadChild(this->Session(), Notification, NotificationID, "SELECT * FROM Notifications WHERE NTF_ID=");
+    ReadChild(this->Session(), Recurrence, RecurrenceID, "SELECT * FROM Recurrences WHERE REC_ID=");
+  }
+  /// False if a child's own `Save` failed, which that has recorded.
+  bool SaveChildren(CSession& session) {
+    return SaveChild(session, Notification, NotificationID, &CSession::DeleteNotification) &&
+           SaveChild(session, Recurrence, RecurrenceID, &CSession::DeleteRecurrence);
+  }
+};
+
+/// Gives both children of a copy new numbers as placeholders; false if one could not be drawn.
+template <class Derived>
+bool RenumberChildren(CSession& session, Item<Derived>& copy) {
+  return RenumberChild(session, kRecurrenceSequence, copy.Recurrence, copy.RecurrenceID) &&
+         RenumberChild(session, kNotificationSequence, copy.Notification, copy.NotificationID);
+}
+
+}  // namespace zef

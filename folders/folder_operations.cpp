@@ -1,0 +1,58 @@
+#include "folders/folder.h"
+#include "session/collections.h"
+#include "session/operations.h"
+
+namespace zef {
+namespace {
+
+constexpr std::int32_t kFolderSequence = 12;
+constexpr char kSelectIdentifier[] = "SELECT FLD_ID FROM Folders";
+constexpr char kSelectPhoneCallNotes[] =
+    "SELECT FLD_ID FROM Folders WHERE FLD_Type=3 AND FLD_Protected=1 AND FLD_Name='Phone Calls Notes'";
+constexpr char kSelectCompletedTasks[] =
+    "SELECT FLD_ID FROM Folders WHERE FLD_Type=2 AND FLD_Protected=1 AND FLD_Name='Completed Tasks'";
+
+/// The identifier in the first row of a select, or -1.
+std::int32_t FirstFolderID(CSession& session, std::string_view procedure, const std::string& select) {
+  return Trapped(session, procedure, std::int32_t{-1}, [&] {
+    session.ClearError();
+    const Ref<Recordset> rs = OpenSelect(session, select);
+    return rs->EndOfFile() ? -1 : ToLong(rs->Fields().Item("FLD_ID").Value());
+  });
+}
+
+}  // namespace
+
+Ref<CFolder> CSession::GetFolder(std::int32_t FolderID) {
+  return GetRecord<CFolder>(*this, "GetFolder", "SELECT * FROM Folders WHERE FLD_ID=", FolderID);
+}
+
+Ref<CFolder> CSession::CreateFolder() { return CreateRecord<CFolder>(*this, "CSession.CreateFolder", kFolderSequence); }
+
+std::int32_t CSession::GetFolderIDByCriteria(const std::string& strCriteria) {
+  const std::string where = strCriteria.empty() ? "" : " WHERE " + strCriteria;
+  return FirstFolderID(*this, "GetFolderIDByCriteria", kSelectIdentifier + where);
+}
+
+std::int32_t CSession::GetFolderID4PhoneCallNotes() {
+  return FirstFolderID(*this, "GetFolderID4PhoneCallNotes", kSelectPhoneCallNotes);
+}
+
+std::int32_t CSession::GetFolderID4Completedtasks() {
+  return FirstFolderID(*this, "GetFolderID4Completedtasks", kSelectCompletedTasks);
+}
+
+bool CSession::LoadRootFolders(const Ref<CFolders>& udtFolders) {
+  return LoadFoldersWithCriteria(udtFolders, "FLD_ParentID=0");
+}
+
+bool CSession::LoadChildFolders(const Ref<CFolders>& udtFolders, std::int32_t lngParentId) {
+  return LoadFoldersWithCriteria(udtFolders, "FLD_ParentID=" + SqlNumber(lngParentId));
+}
+
+bool CSession::LoadFoldersWithCriteria(const Ref<CFolders>& udtFolders, const std::string& strCriteria) {
+  return LoadRecords(*this, udtFolders, "LoadFoldersWithCriteria", "SELECT * FROM Folders", strCriteria,
+                     " ORDER BY FLD_NAME ");
+}
+
+}  // namespace zef

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/recordset.h"
+#include "session/operations.h"
+#include "session/property.h"
+#include "session/session.h"
+
+/// What owners of a rule, a notification or another child record share.
+namespace zef {
+
+/// Reads the child's row if the owner names one; without a reference or a row the child stays as it is.
+template <class Child>
+void ReadChild(const Ref<CSession>& session, const Ref<Child>& child, std::int32_t reference, std::string_view select) {
+  if (reference <= 0) return;
+  const Ref<Recordset> rs = Deref(Deref(session).conDBConnection).Execute(std::string(select) + SqlNumber(reference));
+  if (!rs->EndOfFile()) Deref(child).GetValuesFromRS(rs);
+}
+
+/// Saves a child before its owner's row is written. A stored child that the client has emptied loses its row, and the
+/// reference becomes -1 even if that delete fails; a changed one is saved, and the reference takes its identifier; any
+/// other is left alone. False if the child's own `Save` failed.
+template <class Child>
+bool SaveChild(CSession& session, const Ref<Child>& child, Property<std::int32_t>& reference,
+               bool (CSession::*remove)(std::int32_t)) {
+  Child& saved = Deref(child);
+  if (saved.ID >= 1 && saved.IsEmpty()) {
+    (session.*remove)(saved.ID);
+    reference = -1;
+    return true;
+  }
+  if (!saved.IsModified()) return true;
+  if (!saved.Save()) return false;
+  reference = saved.ID;
+  return true;
+}
+
+/// Gives a child of a copy the next number of a sequence as a placeholder, in the child and in its owner's reference;
+/// false if none could be drawn.
+template <class Child>
+bool RenumberChild(CSession& session, std::int32_t sequence, const Ref<Child>& child,
+                   Property<std::int32_t>& reference) {
+  std::int32_t id = 0;
+  if (session.GetUniqueIDFromSeq(sequence, id, 1) == 0) return false;
+  Deref(child).ID = id;
+  reference = id;
+  return true;
+}
+
+/// True if a child that is present reports a change.
+template <class Child>
+bool ChildModified(const Ref<Child>& child) {
+  return child && child->IsModified();
+}
+
+}  // namespace zef

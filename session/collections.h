@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+
+#include "platform/keyed_list.h"
+#include "platform/reference.h"
+#include "session/statements.h"
+
+namespace zef {
+
+/// An identifier with a text: the light record of some lists.
+class CTag : public RefCounted<CTag> {
+ public:
+  std::int32_t ID = 0;
+  std::string Text;
+};
+
+/// An ordered list of elements under the decimal text of the `ID` that they had when they were added. Belongs to the
+/// client; elements do not know their collection.
+template <class Element>
+class Collection : public RefCounted<Collection<Element>> {
+ public:
+  /// A position from 1, or a key.
+  using IndexOrKey = std::variant<std::int32_t, std::string>;
+
+  /// Adds at the end. False, and nothing is recorded anywhere, if an element with that `ID` is present or there is no
+  /// element.
+  bool Add(const Ref<Element>& element) {
+    if (!element) return false;
+    std::string key = SqlNumber(element->ID);
+    if (elements_.Contains(key)) return false;
+    elements_.Add(std::move(key), element);
+    return true;
+  }
+  /// Raises 9 for a position outside 1 to `Count`.
+  const Ref<Element>& ItemByIdx(std::int32_t Index) const { return elements_.Item(Index); }
+  /// Raises 5 for an unknown key.
+  Ref<Element> ItemByKey(const std::string& Key) const { return elements_.Item(std::string_view(Key)); }
+  std::int32_t Count() const { return elements_.Count(); }
+  /// Removes by position or key; raises as the two look-ups do.
+  void Remove(const IndexOrKey& vntIndexKey) {
+    std::visit([&](const auto& which) { elements_.Remove(which); }, vntIndexKey);
+  }
+  void Clear() { elements_.Clear(); }
+
+  /// The elements in the order in which they were added.
+  auto begin() const { return elements_.begin(); }
+  auto end() const { return elements_.end(); }
+
+ private:
+  KeyedList<Ref<Element>> elements_;
+};
+
+class CEvent;
+class CFolder;
+class CTask;
+
+using CTags = Collection<CTag>;
+using CEvents = Collection<CEvent>;
+using CFolders = Collection<CFolder>;
+using CTasks = Collection<CTask>;
+
+}  // namespace zef

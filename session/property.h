@@ -1,0 +1,59 @@
+#pragma once
+
+#include <utility>
+
+namespace zef {
+
+/// The two flags of a record. Only this header and the record contract write them.
+class RecordFlags {
+ public:
+  /// True until the record has a row, as far as it knows.
+  bool IsNew() const { return new_; }
+
+ protected:
+  RecordFlags() = default;
+  bool OwnModified() const { return modified_; }
+  void MarkModified() { modified_ = true; }
+  void SetFlags(bool modified, bool is_new) {
+    modified_ = modified;
+    new_ = is_new;
+  }
+
+ private:
+  template <class T>
+  friend class Property;
+
+  bool modified_ = false;
+  bool new_ = true;
+};
+
+/// A property of a record. Setting it compares, stores and raises the record's modified flag if the value differs;
+/// reading is free. Setting validates nothing.
+template <class T>
+class Property {
+ public:
+  explicit Property(RecordFlags& record, T initial = T()) : record_(record), value_(std::move(initial)) {}
+  Property(const Property&) = delete;
+
+  Property& operator=(const Property& other) { return *this = other.value_; }
+  Property& operator=(const T& value) {
+    if (value_ == value) return *this;
+    value_ = value;
+    record_.modified_ = true;
+    return *this;
+  }
+
+  const T& get() const { return value_; }
+  operator const T&() const { return value_; }
+  const T* operator->() const { return &value_; }
+  friend bool operator==(const Property& a, const T& b) { return a.value_ == b; }
+
+  /// Stores without touching the flag: what comes from a row is no change.
+  void Load(T value) { value_ = std::move(value); }
+
+ private:
+  RecordFlags& record_;
+  T value_;
+};
+
+}  // namespace zef

@@ -1,0 +1,131 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/recordset.h"
+#include "platform/reference.h"
+#include "session/bas_global.h"
+#include "session/columns.h"
+#include "session/property.h"
+#include "session/session.h"
+#include "session/statements.h"
+#include "session/trap.h"
+
+namespace zef {
+
+/// What every record class has: an identifier, its session and the two flags. The rest of the contract is the functions
+/// below, which each class calls with its own table; a class that departs from a step writes that step itself.
+template <class Derived>
+class Record : public RefCounted<Derived>, public RecordFlags {
+ public:
+  Record(const Record&) = delete;
+  Record& operator=(const Record&) = delete;
+
+  /// Assigning it never marks the record as modified.
+  std::int32_t ID = 0;
+
+  const Ref<CSession>& Session() const { return session_; }
+  void SetSession(const Ref<CSession>& session) { session_ = session; }
+
+  bool IsModified() const { return OwnModified(); }
+  /// Writes M into the modified flag and N into the new flag.
+  void ResetFlagsX(bool M, bool N) { SetFlags(M, N); }
+  /// Sets both flags, so that the next `Save` inserts the record as a new row.
+  void ResetFlags() { ResetFlagsX(true, true); }
+
+ protected:
+  Record() = default;
+
+ private:
+  Ref<CSession> session_;
+};
+
+/// Copies the columns of the current row into the record, in the table's order, and leaves its flags alone. Raises 94
+/// for a Null in an unguarded column and 3265 for a missing column; the columns before it have been copied then.
+template <class R, std::size_t N>
+void ReadColumns(R& record, const Table<R, N>& table, const Recordset& rs) {
+  const std::span<const int> positions = rs.Positions(table.names);
+  for (std::size_t i = 0; i < N; ++i) {
+    if (positions[i] < 0) throw RunTimeError(FailureNumber::ItemNotFound);
+    ReadColumn(record, *table.columns[i], rs.ValueAt(positions[i]));
+  }
+}
+
+/// The rows of a statement in the table's writing order.
+template <class R, std::size_t N>
+FieldRows DatabaseRows(const R& record, const Table<R, N>& table) {
+  FieldRows rows;
+  for (const Column<R>* column : table.written) {
+    if (column != nullptr) rows.push_back({column->name, SqlText(record, *column)});
+  }
+  return rows;
+}
+
+/// Runs the INSERT of a new record or the UPDATE of another one.
+template <class R, std::size_t N>
+void WriteRow(const R& record, const Table<R, N>& table, const FieldRows& rows) {
+  const std::string text = record.IsNew() ? InsertText(table.name, table.key(), record.ID, rows)
+                                          : UpdateText(table.name, table.key(), record.ID, rows);
+  Deref(Deref(record.Session()).conDBConnection).Execute(text, adCmdUnspecified);
+}
+
+/// The rows of a statement as `GetFieldsArray` gives them to `Save`; nothing if a value has no SQL form, which is
+/// recorded under `procedure` then.
+template <class R, std::size_t N>
+std::optional<FieldRows> TrappedRows(const R& record, const Table<R, N>& table, std::string_view procedure) {
+  return Trapped(Deref(record.Session()), procedure, std::optional<FieldRows>(),
+                 [&] { return std::optional(DatabaseRows(record, table)); });
+}
+
+/// The same for a class whose rows come from `GetFieldsArray`. Quiet if they could not be made.
+template <class R, std::size_t N>
+Outcome WriteRow(const R& record, const Table<R, N>& table, std::string_view array_procedure) {
+  const std::optional<FieldRows> rows = TrappedRows(record, table, array_procedure);
+  if (!rows) return Outcome::Quiet;
+  WriteRow(record, table, *rows);
+  return Outcome::Done;
+}
+
+/// `Save` of a class that checks no rights, has no transaction of its own and draws its identifier at its first row.
+template <class R, std::size_t N>
+bool SaveDrawingID(R& record, const Table<R, N>& table, std::string_view procedure, std::string_view array_procedure,
+                   std::int32_t sequence) {
+  CSession& session = Deref(record.Session());
+  return Trapped(session, procedure, false, [&] {
+    session.ClearError();
+    if (record.IsModified()) {
+      const std::optional<FieldRows> rows = TrappedRows(record, table, array_procedure);
+      if (!rows) return false;
+      if (record.IsNew() && session.GetUniqueIDFromSeq(sequence, record.ID, 1) == 0) {
+        session.RecordError(std::string(procedure));
+        return false;
+      }
+      WriteRow(record, table, *rows);
+    }
+    record.ResetFlagsX(false, false);
+    return true;
+  });
+}
+
+/// The member `GetFieldsArray` of a class: clears the array to the class's size and fills the rows of `FN_DATABASE`. A
+/// failure is recorded under `procedure`.
+template <class R, std::size_t N>
+bool FillFieldsArray(const R& record, const Table<R, N>& table, std::string_view procedure, FieldType enmType,
+                     FieldsArray& strFields, std::int32_t& lngFieldsCount) {
+  return Trapped(Deref(record.Session()), procedure, false, [&] {
+    lngFieldsCount = table.rows;
+    strFields = FieldsArray(table.rows, 2);
+    if (enmType != FN_DATABASE) return true;
+    int row = 0;
+    for (FieldRow& filled : DatabaseRows(record, table)) {
+      strFields(row, 0) = filled.name;
+      strFields(row++, 1) = std::move(filled.value);
+    }
+    return true;
+  });
+}
+
+}  // namespace zef

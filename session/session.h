@@ -1,0 +1,140 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/connection.h"
+#include "platform/reference.h"
+
+namespace zef {
+
+class CEvent;
+class CFolder;
+class CNotification;
+class CRecurrence;
+class CTask;
+template <class Element>
+class Collection;
+using CEvents = Collection<CEvent>;
+using CFolders = Collection<CFolder>;
+using CTasks = Collection<CTask>;
+
+/// Bits of a user's rights. They are tested one at a time; a mask may hold more than one.
+enum Rights : std::int32_t { Administrator = 1, DataEditor = 2, DataViewer = 4 };
+
+/// What a client keeps: one connection, one error record, one transaction flag and the identity of the working user.
+/// Every record reaches the database through its session. A session and all that it hands out belong to one thread;
+/// sessions share nothing. Operations trap their failures: they write them to the error record and return False, 0, -1
+/// or Nothing. Those that raise instead say so.
+class CSession : public RefCounted<CSession> {
+ public:
+  CSession() = default;
+  CSession(const CSession&) = delete;
+  CSession& operator=(const CSession&) = delete;
+
+  /// The open connection, or Nothing; readable and assignable by clients.
+  Ref<Connection> conDBConnection;
+  /// Rights mask and identifier of the working user; the client writes them, the library only reads them.
+  std::int32_t UserRights = 0;
+  std::int32_t UserID = -1;
+
+  /// True while a transaction opened through `BeginTransaction` runs.
+  bool TransactionStarted() const { return TransactionFlag; }
+
+  // The error record. One per session: a second failure overwrites the first.
+
+  /// Empties the record; its code becomes 0.
+  void ClearError();
+  const std::string& GetErrorDescription() const { return ErrorDescription; }
+  const std::string& GetErrorProcedure() const { return ErrorProcedure; }
+  bool GetErrorFlag() const { return ErrorFlag; }
+  /// Raises 13 on a session whose record was never written: the code is kept as text, and the empty text is no number.
+  std::int32_t GetErrorCode() const;
+  /// "[procedure] Error: code - description".
+  std::string GetEntireErrorDesc() const;
+  bool IsConnected() const { return Connected; }
+  /// Writes the record. A code above 0 is stored with the message; otherwise the first entry of the connection's error
+  /// list counts, however old it is, or else the failure now being handled. Raises 91 without a connection if the code
+  /// is not above 0.
+  void RecordError(const std::string& strProcedure, std::int32_t lngCode = 0, const std::string& strMessage = {});
+
+  // Connecting. These three trap nothing: they return True or raise.
+
+  /// Opens a database file. `UserName` plays no part; an empty password means an unprotected file. On a failure
+  /// `Connected` keeps its value.
+  bool Connect2Database(const std::string& DatabaseName, const std::string& UserName, const std::string& Password);
+  /// Opens what a connection string names.
+  bool Connect2DatabaseCS(const std::string& ConnectionString);
+  /// Closes the connection and lets it go; a transaction that is open is undone, its flag stays. Raises 91 without a
+  /// connection.
+  bool DisconnectFromDatabase();
+
+  // Transactions. No nesting: a second begin is refused and leaves the first one running. None of the three clears the
+  // record first.
+
+  bool BeginTransaction();
+  bool CommitTransaction();
+  bool RollbackTransaction();
+
+  bool IsAdministrator() const { return (UserRights & Rights::Administrator) != 0; }
+  bool IsDataEditor() const { return (UserRights & Rights::DataEditor) != 0; }
+  bool IsDataViewer() const { return (UserRights & Rights::DataViewer) != 0; }
+  /// Sets the rights to exactly 1 and reads no table.
+  void SetAdministratorRights() { UserRights = Rights::Administrator; }
+
+  /// Issues the next identifier of a sequence into `lngID`; with a larger batch, the highest of them. Runs in a
+  /// transaction of its own, inside one of the session if that runs. Returns 1, or 0 on a failure. Leaves the error
+  /// record alone unless it fails.
+  std::int32_t GetUniqueIDFromSeq(std::int32_t lngSeqID, std::int32_t& lngID, std::int32_t lngBatchSize = 1);
+
+  // Folders.
+
+  Ref<CFolder> GetFolder(std::int32_t FolderID);
+  Ref<CFolder> CreateFolder();
+  /// Identifier of the first folder that meets the condition, or -1; an empty condition takes any folder.
+  std::int32_t GetFolderIDByCriteria(const std::string& strCriteria);
+  std::int32_t GetFolderID4PhoneCallNotes();
+  std::int32_t GetFolderID4Completedtasks();
+  bool LoadRootFolders(const Ref<CFolders>& udtFolders);
+  bool LoadChildFolders(const Ref<CFolders>& udtFolders, std::int32_t lngParentId);
+  bool LoadFoldersWithCriteria(const Ref<CFolders>& udtFolders, const std::string& strCriteria);
+
+  // Rules and notifications.
+
+  Ref<CRecurrence> GetRecurrence(std::int32_t lngRecurrenceID);
+  bool DeleteRecurrence(std::int32_t lngRecurrenceID);
+  Ref<CNotification> GetNotification(std::int32_t lngNotificationID);
+  bool DeleteNotification(std::int32_t lngNotificationID);
+
+  // Events.
+
+  Ref<CEvent> GetEvent(std::int32_t EventID);
+  bool LoadEvents4Folder(const Ref<CEvents>& udtEvents, std::int32_t lngFolderID);
+  bool LoadEventsWithCriteria(const Ref<CEvents>& udtEvents, const std::string& strCriteria);
+  Ref<CEvent> CreateEvent();
+  Ref<CEvent> DuplicateEvent(std::int32_t lngOldEventID);
+  /// Deletes an event and its children in a transaction of its own. Inside a transaction of the client it fails and
+  /// undoes that one.
+  bool DeleteEvent(std::int32_t lngEventID);
+
+  // Tasks.
+
+  Ref<CTask> GetTask(std::int32_t TaskID);
+  Ref<CTask> CreateTask();
+  bool LoadTasks4Folder(const Ref<CTasks>& udtTasks, std::int32_t lngFolderID);
+  bool LoadTasksWithCriteria(const Ref<CTasks>& udtTasks, const std::string& strCriteria);
+
+ private:
+  bool EndTransaction(const char* procedure, void (Connection::*end)());
+  bool ReportMisuse(const char* procedure, const char* description);
+
+  bool ErrorFlag = false;
+  std::string ErrorCode;  ///< decimal text; empty until the record is first written
+  std::string ErrorDescription;
+  std::string ErrorProcedure;
+  bool Connected = false;
+  std::string ConnectionString;
+  bool TransactionFlag = false;
+};
+
+}  // namespace zef

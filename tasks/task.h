@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "calendar/item.h"
+
+namespace zef {
+
+/// One to-do item with its own rule and notification. A task with a due date has one generated event in the protected
+/// folder "Tasks Due Dates", which `Save` keeps.
+class CTask : public Item<CTask> {
+ public:
+  CTask() = default;
+
+  Property<std::int32_t> FolderID{*this};
+  Property<std::int32_t> CategoryID{*this};
+  Property<std::string> Priority{*this};  ///< the name, not an identifier
+  Property<std::int32_t> StatusID{*this};
+  Property<std::string> Name{*this};
+  Property<std::string> Description{*this};
+  Property<std::string> AssignedTo{*this};
+  Property<std::int32_t> Completed{*this};  ///< a plain number; 0 means open
+  Property<Date> DateCompleted{*this};      ///< date value 0 means no date, here and below
+  Property<Date> StartDate{*this};
+  Property<Date> DueDate{*this};
+  Property<Date> DateLastUpdate{*this};  ///< reads date value 0 after a `Save` until the record is read again
+
+  /// Reads the children's rows too; a reference without a row leaves its child as it was.
+  void GetValuesFromRS(const Ref<Recordset>& Rs);
+  /// Writes the children, the row if it changed, and in any case the due-date event, in one transaction.
+  bool Save();
+  bool Refresh();
+  bool GetFieldsArray(FieldType enmType, FieldsArray& strFields, std::int32_t& lngFieldsCount) const;
+  /// True if the task carries nothing worth keeping; `FolderID`, `DateLastUpdate` and the children's contents do not
+  /// count.
+  bool IsEmpty() const;
+};
+
+}  // namespace zef
