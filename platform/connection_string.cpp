@@ -45,8 +45,8 @@ std::string Value(std::string_view text, std::size_t& at) {
 }  // namespace
 
 std::string_view ConnectionString::Get(std::string_view key) const {
-  const auto found = std::find_if(parts.rbegin(), parts.rend(),
-                                  [&](const auto& part) { return text::EqualNames(part.first, key); });
+  const auto found =
+      std::find_if(parts.rbegin(), parts.rend(), [&](const auto& part) { return text::EqualNames(part.first, key); });
   return found == parts.rend() ? std::string_view() : std::string_view(found->second);
 }
 

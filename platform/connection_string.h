@@ -18,8 +18,8 @@ struct ConnectionString {
   void Require(std::initializer_list<std::string_view> known) const;
 };
 
-/// Reads a connection string. Blanks around keys and values do not count; a value may stand between single or double quotes, doubled inside.
-/// Raises -2147217900 for a part without `=` and an unclosed quote.
+/// Reads a connection string. Blanks around keys and values do not count; a value may stand between single or double
+/// quotes, doubled inside. Raises -2147217900 for a part without `=` and an unclosed quote.
 ConnectionString ParseConnectionString(std::string_view text);
 /// A value between double quotes, as `ParseConnectionString` reads it back.
 std::string QuotedConnectionValue(std::string_view value);

@@ -28,8 +28,8 @@ class RowShape {
   const sql::CompiledStatement& statement() const { return statement_; }
   /// Position of the column of that name, letter case ignored, or -1.
   int Position(std::string_view name) const;
-  /// Positions of many columns, worked out once for a list of names that lives as long as the program: the list's address
-  /// is remembered.
+  /// Positions of many columns, worked out once for a list of names that lives as long as the program: the list's
+  /// address is remembered.
   std::span<const int> Positions(ColumnNames names) const;
 
  private:
@@ -46,8 +46,8 @@ class Cursor {
   virtual bool Next() = 0;
   /// A value of the current row. A hidden row identifier follows behind the last column.
   virtual Value Get(int column) const = 0;
-  /// Takes the remaining rows into memory, so that writing on the same engine cannot change what is still to come. Engines do so by themselves
-  /// before they write.
+  /// Takes the remaining rows into memory, so that writing on the same engine cannot change what is still to come.
+  /// Engines do so by themselves before they write.
   virtual void Detach() = 0;
   /// Number of all rows, the passed ones included.
   virtual std::int64_t CountRows() = 0;
@@ -68,8 +68,8 @@ struct Result {
 class Engine {
  public:
   virtual ~Engine() = default;
-  /// Runs one statement. A statement that fails changes nothing and leaves a running transaction usable. Outside a transaction a
-  /// writing statement is its own, committed durably.
+  /// Runs one statement. A statement that fails changes nothing and leaves a running transaction usable. Outside a
+  /// transaction a writing statement is its own, committed durably.
   virtual Result Execute(const Command& command) = 0;
   /// Opens a transaction that holds the right to write, or a nested one; waits up to 5 s for other clients.
   virtual void BeginTrans() = 0;
@@ -80,8 +80,9 @@ class Engine {
   virtual int TransactionDepth() const = 0;
 };
 
-/// Opens the database that a connection string names. Raises 3706 for an unknown provider, -2147217843 for a wrong or missing
-/// password, -2147467259 for a file that is missing, locked, damaged or no database, -2147217900 for a malformed string.
+/// Opens the database that a connection string names. Raises 3706 for an unknown provider, -2147217843 for a wrong or
+/// missing password, -2147467259 for a file that is missing, locked, damaged or no database, -2147217900 for a
+/// malformed string.
 std::unique_ptr<Engine> OpenEngine(const std::string& connection_string);
 
 }  // namespace zef

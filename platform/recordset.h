@@ -31,7 +31,8 @@ class Field {
   void SetValue(zef::Value value);
   /// Length of the value: bytes of binary values, characters of texts; 0 for Null.
   std::int32_t ActualSize() const;
-  /// The next portion of a long value, at most `length` characters or bytes, each call going on where the last one stopped; Null behind the end.
+  /// The next portion of a long value, at most `length` characters or bytes, each call going on where the last one
+  /// stopped; Null behind the end.
   zef::Value GetChunk(std::int32_t length);
 
  private:
@@ -53,8 +54,9 @@ class Fields {
   Recordset* recordset_;
 };
 
-/// The rows of a select or table, read strictly forward, and written one row at a time by setting fields and calling `Update`. What it delivers is
-/// what its opening saw, whatever the same connection writes meanwhile. Members other than `Open` raise 3704 when it is closed.
+/// The rows of a select or table, read strictly forward, and written one row at a time by setting fields and calling
+/// `Update`. What it delivers is what its opening saw, whatever the same connection writes meanwhile. Members other
+/// than `Open` raise 3704 when it is closed.
 class Recordset : public RefCounted<Recordset> {
  public:
   Recordset() = default;
@@ -62,8 +64,8 @@ class Recordset : public RefCounted<Recordset> {
   Recordset(const Recordset&) = delete;
   Recordset& operator=(const Recordset&) = delete;
 
-  /// Opens a select, or a whole table by name with option adCmdTable, at its first row. A pessimistic one holds the right to write from
-  /// here until its `Update` or `Close`. Raises 91 for a connection that is Nothing.
+  /// Opens a select, or a whole table by name with option adCmdTable, at its first row. A pessimistic one holds the
+  /// right to write from here until its `Update` or `Close`. Raises 91 for a connection that is Nothing.
   void Open(const std::string& source, const Ref<Connection>& connection, std::int32_t cursor_type = adOpenForwardOnly,
             std::int32_t lock_type = adLockReadOnly, std::int32_t options = adCmdUnspecified);
   void Close();
@@ -79,8 +81,9 @@ class Recordset : public RefCounted<Recordset> {
 
   /// Begins a new row; its fields are Null until they are set.
   void AddNew();
-  /// Writes the fields set since `AddNew`, or since the current row was reached, in one statement. Raises -2147217887 for a value that does not fit
-  /// its column, -2147217864 if the row is gone, -2147467259 if the record set was not opened for writing or its rows have no identity.
+  /// Writes the fields set since `AddNew`, or since the current row was reached, in one statement. Raises -2147217887
+  /// for a value that does not fit its column, -2147217864 if the row is gone, -2147467259 if the record set was not
+  /// opened for writing or its rows have no identity.
   void Update();
 
   /// Positions of many columns at once, see `RowShape::Positions`; -1 for a column that is not there.
@@ -107,11 +110,11 @@ class Recordset : public RefCounted<Recordset> {
   Ref<Connection> connection_;
   std::unique_ptr<Cursor> cursor_;
   using SetFields = std::vector<std::pair<int, Value>>;
-  SetFields pending_;  ///< fields set and not yet written
-  SetFields written_;  ///< fields of the current row that `Update` has written over
+  SetFields pending_;                                 ///< fields set and not yet written
+  SetFields written_;                                 ///< fields of the current row that `Update` has written over
   std::vector<std::pair<int, std::int64_t>> chunks_;  ///< how far GetChunk has come, by field
   bool at_end_ = true;
-  bool adding_ = false;  ///< the current row is one from `AddNew`
+  bool adding_ = false;    ///< the current row is one from `AddNew`
   bool inserted_ = false;  ///< and `Update` has written it
   bool writable_ = false;
   bool holds_lock_ = false;

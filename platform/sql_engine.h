@@ -22,7 +22,8 @@ class PreparedStatement {
   virtual ~PreparedStatement() = default;
   /// Binds parameter `number`, from 1. With `lasting` the value is copied, else it outlives the run.
   virtual void Bind(int number, const Value& value, bool lasting) = 0;
-  /// Goes to the next row. `SchemaChanged` comes before anything was read or written and means that the statement must be worked out anew.
+  /// Goes to the next row. `SchemaChanged` comes before anything was read or written and means that the statement must
+  /// be worked out anew.
   virtual Step Next() = 0;
   virtual Value Get(int column, sql::Type type) const = 0;
   /// Ends a run; the statement may be bound and run again.
@@ -60,8 +61,9 @@ class PlanCache {
 
 class SqlCursor;
 
-/// What every SQL engine shares: the dialect's front end, plans and prepared statements by shape, cursors that keep what they saw. A table that another client
-/// changes meanwhile is noticed before a statement of the old shape reads or writes anything.
+/// What every SQL engine shares: the dialect's front end, plans and prepared statements by shape, cursors that keep
+/// what they saw. A table that another client changes meanwhile is noticed before a statement of the old shape reads or
+/// writes anything.
 class SqlEngine : public Engine, protected sql::Catalog {
  public:
   ~SqlEngine() override;
@@ -100,7 +102,7 @@ class SqlEngine : public Engine, protected sql::Catalog {
   void BindAll(PreparedStatement& statement, const sql::CompiledStatement& compiled, const Command& command);
   Result ExecuteSchemaChange(const Command& command);
 
-  sql::Shape shape_;             ///< of the statement that is being executed
+  sql::Shape shape_;              ///< of the statement that is being executed
   std::vector<Value> converted_;  ///< its values after conversion; they outlive the run
   PlanCache plans_{256};
   std::unordered_map<std::string, sql::TableInfo> tables_;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "platform/connection.h"
 
 namespace zef {
@@ -13,7 +15,8 @@ void IgnoringFailures(Action&& action) noexcept {
   }
 }
 
-/// A transaction for the time of a block: rolled back at its end unless it was committed or kept. Without `wanted` it does nothing.
+/// A transaction for the time of a block: rolled back at its end unless it was committed or kept. Without `wanted` it
+/// does nothing.
 template <class Owner>
 class TransactionGuard {
  public:

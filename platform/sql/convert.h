@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "platform/sql/compile.h"
 #include "platform/value.h"
 

@@ -25,11 +25,12 @@ class Change {
   void AddColumn();
   void AlterColumn();
   void DropColumn();
-  void AddConstraint();
+  void AddConstraints();
   void DropConstraint();
 
  private:
   void Run(const std::string& text);
+  void AddOne(const sql::Constraint& constraint);
   bool Finds(const std::string& query, std::string_view name);
   sql::TableInfo Table();
   const sql::ColumnInfo& Column(const sql::TableInfo& table, std::string_view name);
@@ -76,7 +77,7 @@ void Change::Run(const std::string& text) {
 }
 
 bool Change::Finds(const std::string& query, std::string_view name) {
-  const StatementHandle statement = PrepareSqlite(db_, query);
+  const StatementHandle statement = PrepareOwn(db_, query);
   sqlite3_bind_text(statement.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
   return sqlite3_step(statement.get()) == SQLITE_ROW;
 }
@@ -140,6 +141,7 @@ void Change::AddColumn() {
                        "The table '" + table.name + "' has a column '" + column.name + "' already.");
   }
   Run("ALTER TABLE " + QuotedName(table.name) + " ADD COLUMN " + ColumnText(column));
+  AddConstraints();
 }
 
 void Change::DropColumn() {
@@ -147,7 +149,8 @@ void Change::DropColumn() {
   Run("ALTER TABLE " + QuotedName(table.name) + " DROP COLUMN " + QuotedName(Column(table, change_.name).name));
 }
 
-/// A column that only changes its declared type keeps its values where they are; those of another kind are converted in place.
+/// A column that only changes its declared type keeps its values where they are; those of another kind are converted in
+/// place.
 void Change::AlterColumn() {
   const sql::TableInfo table = Table();
   const sql::ColumnDefinition& column = change_.columns.front();
@@ -184,7 +187,7 @@ void Change::ConvertValues(const std::string& table, const sql::ColumnInfo& old,
 }
 
 TableText Change::StoredText(const std::string& table) {
-  const StatementHandle statement = PrepareSqlite(db_, "SELECT sql FROM sqlite_schema WHERE type='table' AND name=?1");
+  const StatementHandle statement = PrepareOwn(db_, "SELECT sql FROM sqlite_schema WHERE type='table' AND name=?1");
   sqlite3_bind_text(statement.get(), 1, table.data(), static_cast<int>(table.size()), SQLITE_STATIC);
   if (sqlite3_step(statement.get()) != SQLITE_ROW) {
     throw RunTimeError(FailureNumber::StatementError, "'" + table + "' is not a table.");
@@ -192,17 +195,18 @@ TableText Change::StoredText(const std::string& table) {
   return TableText(reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), 0)));
 }
 
-/// The engine itself has no statement for these changes. Editing the stored text is safe because none of them moves what is stored in
-/// the rows; the new text is parsed again before the transaction can be committed.
+/// The engine itself has no statement for these changes. Editing the stored text is safe because none of them moves
+/// what is stored in the rows; the new text is parsed again before the transaction can be committed.
 void Change::ReplaceText(const std::string& table, const TableText& text) {
   Run("PRAGMA writable_schema=ON");
-  const StatementHandle statement = PrepareSqlite(db_, "UPDATE sqlite_schema SET sql=?2 WHERE type='table' AND name=?1");
+  const StatementHandle statement =
+      PrepareOwn(db_, "UPDATE sqlite_schema SET sql=?2 WHERE type='table' AND name=?1");
   const std::string changed = text.Text();
   sqlite3_bind_text(statement.get(), 1, table.data(), static_cast<int>(table.size()), SQLITE_STATIC);
   sqlite3_bind_text(statement.get(), 2, changed.data(), static_cast<int>(changed.size()), SQLITE_STATIC);
   sqlite3_step(statement.get());
   CheckSqlite(db_, sqlite3_reset(statement.get()));
-  const StatementHandle version = PrepareSqlite(db_, "PRAGMA schema_version");
+  const StatementHandle version = PrepareOwn(db_, "PRAGMA schema_version");
   sqlite3_step(version.get());
   const std::string next = std::to_string(sqlite3_column_int64(version.get(), 0) + 1);
   sqlite3_reset(version.get());
@@ -212,9 +216,12 @@ void Change::ReplaceText(const std::string& table, const TableText& text) {
   }
 }
 
-void Change::AddConstraint() {
+void Change::AddConstraints() {
+  for (const sql::Constraint& constraint : change_.constraints) AddOne(constraint);
+}
+
+void Change::AddOne(const sql::Constraint& constraint) {
   const sql::TableInfo table = Table();
-  const sql::Constraint& constraint = change_.constraints.front();
   for (const std::string& column : constraint.columns) Column(table, column);
   if (constraint.kind == sql::Constraint::Kind::PrimaryKey) {
     throw RunTimeError(FailureNumber::StatementError, "A table's primary key is declared when it is made.");
@@ -231,7 +238,8 @@ void Change::AddConstraint() {
 
 void Change::DropConstraint() {
   const sql::TableInfo table = Table();
-  if (Finds("SELECT 1 FROM sqlite_schema WHERE type='index' AND sql IS NOT NULL AND name=?1 COLLATE NOCASE", change_.name)) {
+  if (Finds("SELECT 1 FROM sqlite_schema WHERE type='index' AND sql IS NOT NULL AND name=?1 COLLATE NOCASE",
+            change_.name)) {
     return DropIndex();
   }
   TableText text = StoredText(table.name);
@@ -251,10 +259,10 @@ void ApplySchemaChange(sqlite3* db, const sql::SchemaChange& change, std::option
     void (Change::*run)();
   };
   const Step steps[] = {
-      {Kind::CreateTable, &Change::CreateTable},     {Kind::CreateIndex, &Change::CreateIndex},
-      {Kind::DropTable, &Change::DropTable},         {Kind::DropIndex, &Change::DropIndex},
-      {Kind::AddColumn, &Change::AddColumn},         {Kind::AlterColumn, &Change::AlterColumn},
-      {Kind::DropColumn, &Change::DropColumn},       {Kind::AddConstraint, &Change::AddConstraint},
+      {Kind::CreateTable, &Change::CreateTable},       {Kind::CreateIndex, &Change::CreateIndex},
+      {Kind::DropTable, &Change::DropTable},           {Kind::DropIndex, &Change::DropIndex},
+      {Kind::AddColumn, &Change::AddColumn},           {Kind::AlterColumn, &Change::AlterColumn},
+      {Kind::DropColumn, &Change::DropColumn},         {Kind::AddConstraint, &Change::AddConstraints},
       {Kind::DropConstraint, &Change::DropConstraint},
   };
   Change applied(db, change, failure);

@@ -30,13 +30,13 @@ void Exec(sqlite3* db, const char* text) { CheckSqlite(db, sqlite3_exec(db, text
 }  // namespace
 
 void SqliteEngine::Own::Run(sqlite3* db, const char* text) {
-  if (!handle_) handle_ = PrepareSqlite(db, text);
+  if (!handle_) handle_ = PrepareOwn(db, text);
   sqlite3_step(handle_.get());
   CheckSqlite(db, sqlite3_reset(handle_.get()));
 }
 
 std::int64_t SqliteEngine::Own::Number(sqlite3* db, const char* text) {
-  if (!handle_) handle_ = PrepareSqlite(db, text);
+  if (!handle_) handle_ = PrepareOwn(db, text);
   const bool row = sqlite3_step(handle_.get()) == SQLITE_ROW;
   const std::int64_t number = row ? sqlite3_column_int64(handle_.get(), 0) : -1;
   CheckSqlite(db, sqlite3_reset(handle_.get()));
@@ -71,7 +71,8 @@ void SqliteEngine::RunSavepoint(const char* verb, int depth) {
 /// A full disk and the like make the engine undo the whole transaction by itself; going on would write outside of it.
 void SqliteEngine::RequireUndamaged() const {
   if (depth_ > 0 && sqlite3_get_autocommit(db_.get()) != 0) {
-    throw RunTimeError(FailureNumber::FileUnusable, "The transaction was undone after a failure of the disk; roll it back.");
+    throw RunTimeError(FailureNumber::FileUnusable,
+                       "The transaction was undone after a failure of the disk; roll it back.");
   }
 }
 

@@ -11,7 +11,8 @@
 
 namespace zef {
 
-/// The embedded engine: one database file. Transactions take the write lock at once and commit durably; nested ones are savepoints.
+/// The embedded engine: one database file. Transactions take the write lock at once and commit durably; nested ones are
+/// savepoints.
 class SqliteEngine final : public SqlEngine {
  public:
   explicit SqliteEngine(DatabaseHandle db);

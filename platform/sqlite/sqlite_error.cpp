@@ -20,7 +20,8 @@ constexpr Sentence kByCode[] = {
     {SQLITE_LOCKED, FailureNumber::FileUnusable, "The database is locked by another statement of this program."},
     {SQLITE_NOTADB, FailureNumber::FileUnusable, "The file is not a database."},
     {SQLITE_CORRUPT, FailureNumber::FileUnusable, "The database file is damaged."},
-    {SQLITE_READONLY, FailureNumber::FileUnusable, "The database cannot be written: the file or its folder is read-only."},
+    {SQLITE_READONLY, FailureNumber::FileUnusable,
+     "The database cannot be written: the file or its folder is read-only."},
     {SQLITE_FULL, FailureNumber::FileUnusable, "The disk is full; nothing was written."},
     {SQLITE_IOERR, FailureNumber::FileUnusable, "The database file could not be read or written."},
     {SQLITE_CANTOPEN, FailureNumber::FileUnusable, "The database file cannot be opened."},
@@ -48,7 +49,8 @@ std::string Readable(std::string_view sentence) {
 RunTimeError SqliteFailure(sqlite3* db, int code) {
   const std::string_view own = db == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(db);
   for (const Sentence& known : kByCode) {
-    if (known.code == (code & 0xff)) return {known.number, known.text.empty() ? Readable(own) : std::string(known.text)};
+    if (known.code == (code & 0xff))
+      return {known.number, known.text.empty() ? Readable(own) : std::string(known.text)};
   }
   for (const Sentence& known : kBySentence) {
     if (own.starts_with(known.text)) return {known.number, Readable(own)};

@@ -6,7 +6,8 @@
 
 namespace zef {
 
-/// The failure that the connection reports, as clients know it. The engine's own sentence is kept where it names tables and columns only.
+/// The failure that the connection reports, as clients know it. The engine's own sentence is kept where it names tables
+/// and columns only.
 RunTimeError SqliteFailure(sqlite3* db, int code);
 /// Raises it unless `code` is a success.
 void CheckSqlite(sqlite3* db, int code);

@@ -30,14 +30,15 @@ void CheckPath(const std::string& path) {
   }
   if (S_ISDIR(status.st_mode)) Unusable(Quoted(path) + " is a folder, not a database file.");
   if (!S_ISREG(status.st_mode)) Unusable(Quoted(path) + " is not a regular file.");
-  if (access(path.c_str(), R_OK) != 0) Unusable("The database file " + Quoted(path) + " cannot be read: permission denied.");
+  if (access(path.c_str(), R_OK) != 0)
+    Unusable("The database file " + Quoted(path) + " cannot be read: permission denied.");
   if (access(path.c_str(), W_OK) != 0) Unusable("The database file " + Quoted(path) + " is read-only.");
 }
 
 enum class Kind { Plain, Encrypted, Other };
 
-/// The first bytes tell the kinds of file apart. An encrypted file keeps eight bytes of the header readable, among them the page
-/// size and three fixed payload fractions.
+/// The first bytes tell the kinds of file apart. An encrypted file keeps eight bytes of the header readable, among them
+/// the page size and three fixed payload fractions.
 Kind KindOf(const std::string& path) {
   constexpr std::string_view kMagic("SQLite format 3\0", 16);
   std::array<char, 100> header{};
@@ -53,7 +54,8 @@ Kind KindOf(const std::string& path) {
 
 void CheckKind(const std::string& path, Kind kind, const std::string& password) {
   if (kind == Kind::Other) Unusable("The file " + Quoted(path) + " is not a database.");
-  if (kind == Kind::Encrypted && password.empty()) Refused("The database is protected; it opens with its password only.");
+  if (kind == Kind::Encrypted && password.empty())
+    Refused("The database is protected; it opens with its password only.");
   if (kind == Kind::Plain && !password.empty()) Refused("The password does not fit: this database has none.");
 }
 

@@ -14,8 +14,9 @@ struct CloseDatabase {
 };
 using DatabaseHandle = std::unique_ptr<sqlite3, CloseDatabase>;
 
-/// Opens an existing database file for reading and writing and proves that it can be read. Raises -2147217843 for a wrong, missing or superfluous password and
-/// -2147467259 for a file that is missing, a directory, not permitted, no database, cut short or damaged; each case has its own sentence.
+/// Opens an existing database file for reading and writing and proves that it can be read. Raises -2147217843 for a
+/// wrong, missing or superfluous password and -2147467259 for a file that is missing, a directory, not permitted, no
+/// database, cut short or damaged; each case has its own sentence.
 DatabaseHandle OpenDatabaseFile(const std::string& path, const std::string& password);
 
 }  // namespace zef

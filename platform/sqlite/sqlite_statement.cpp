@@ -71,14 +71,20 @@ Value NumberOf(sqlite3_stmt* statement, int column, int stored, sql::Type type) 
 
 }  // namespace
 
-StatementHandle PrepareSqlite(sqlite3* db, std::string_view text) {
+StatementHandle PrepareForClient(sqlite3* db, std::string_view text) {
   sqlite3_stmt* statement = nullptr;
   CheckSqlite(db, sqlite3_prepare(db, text.data(), static_cast<int>(text.size()), &statement, nullptr));
   return StatementHandle(statement);
 }
 
+StatementHandle PrepareOwn(sqlite3* db, std::string_view text) {
+  sqlite3_stmt* statement = nullptr;
+  CheckSqlite(db, sqlite3_prepare_v2(db, text.data(), static_cast<int>(text.size()), &statement, nullptr));
+  return StatementHandle(statement);
+}
+
 SqliteStatement::SqliteStatement(sqlite3* db, std::string_view text, std::optional<RunTimeError>& failure)
-    : db_(db), handle_(PrepareSqlite(db, text)), failure_(failure) {}
+    : db_(db), handle_(PrepareForClient(db, text)), failure_(failure) {}
 
 void SqliteStatement::Bind(int number, const Value& value, bool lasting) {
   const sqlite3_destructor_type keep = lasting ? SQLITE_TRANSIENT : SQLITE_STATIC;

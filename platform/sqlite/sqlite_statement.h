@@ -14,11 +14,14 @@ struct FinalizeStatement {
 };
 using StatementHandle = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
-/// Prepares with the interface that reports a changed schema instead of preparing the statement anew behind our back: what was worked out for the old
-/// columns must not be used for new ones.
-StatementHandle PrepareSqlite(sqlite3* db, std::string_view text);
+/// Prepares a statement of a client's. It reports a changed schema instead of being prepared anew behind our back: what was
+/// worked out for the old columns must not be used for new ones.
+StatementHandle PrepareForClient(sqlite3* db, std::string_view text);
+/// Prepares a statement of the engine's own, which any change of the schema leaves as it is.
+StatementHandle PrepareOwn(sqlite3* db, std::string_view text);
 
-/// A prepared statement of the embedded engine. `failure` is where the engine's own functions leave what went wrong in them.
+/// A prepared statement of the embedded engine. `failure` is where the engine's own functions leave what went wrong in
+/// them.
 class SqliteStatement final : public PreparedStatement {
  public:
   SqliteStatement(sqlite3* db, std::string_view text, std::optional<RunTimeError>& failure);

@@ -17,16 +17,16 @@ struct TypeWord {
 
 /// The words that this library writes; each has the storage class that its values need.
 constexpr TypeWord kWritten[] = {
-    {"BOOLEAN", sql::Type::Boolean}, {"TINYINT", sql::Type::Byte},        {"SMALLINT", sql::Type::Short},
-    {"INTEGER", sql::Type::Long},    {"DOUBLE", sql::Type::Double},       {"DATETIME REAL", sql::Type::Date},
+    {"BOOLEAN", sql::Type::Boolean}, {"TINYINT", sql::Type::Byte},  {"SMALLINT", sql::Type::Short},
+    {"INTEGER", sql::Type::Long},    {"DOUBLE", sql::Type::Double}, {"DATETIME REAL", sql::Type::Date},
     {"TEXT", sql::Type::Memo},       {"BLOB", sql::Type::Binary},
 };
 
 /// Tables made by other programs: a declaration that contains the word has the type.
 constexpr TypeWord kForeign[] = {
-    {"DATETIME", sql::Type::Date}, {"INT", sql::Type::Long},    {"CHAR", sql::Type::Text},  {"TEXT", sql::Type::Text},
-    {"CLOB", sql::Type::Text},     {"BLOB", sql::Type::Binary}, {"REAL", sql::Type::Double}, {"FLOA", sql::Type::Double},
-    {"DOUB", sql::Type::Double},
+    {"DATETIME", sql::Type::Date}, {"INT", sql::Type::Long},    {"CHAR", sql::Type::Text},
+    {"TEXT", sql::Type::Text},     {"CLOB", sql::Type::Text},   {"BLOB", sql::Type::Binary},
+    {"REAL", sql::Type::Double},   {"FLOA", sql::Type::Double}, {"DOUB", sql::Type::Double},
 };
 
 sql::Type TypeOfWord(const std::string& declared) {
@@ -58,7 +58,7 @@ std::string TextAt(sqlite3_stmt* statement, int column) {
 /// Runs a query about a table and calls `row` for each row.
 template <class Row>
 void Query(sqlite3* db, std::string_view text, std::string_view table, Row row) {
-  const StatementHandle statement = PrepareSqlite(db, text);
+  const StatementHandle statement = PrepareOwn(db, text);
   sqlite3_bind_text(statement.get(), 1, table.data(), static_cast<int>(table.size()), SQLITE_STATIC);
   while (sqlite3_step(statement.get()) == SQLITE_ROW) row(statement.get());
   CheckSqlite(db, sqlite3_reset(statement.get()));
@@ -72,7 +72,8 @@ sql::TableInfo DescribeTable(sqlite3* db, std::string_view table) {
         [&](sqlite3_stmt* row) { info.name = TextAt(row, 0); });
   if (info.name.empty() || info.name.starts_with("sqlite_")) return {};
   std::set<std::string> leading;
-  Query(db, "SELECT i.name FROM pragma_index_list(?1) AS l, pragma_index_info(l.name) AS i WHERE i.seqno=0 AND l.partial=0",
+  Query(db,
+        "SELECT i.name FROM pragma_index_list(?1) AS l, pragma_index_info(l.name) AS i WHERE i.seqno=0 AND l.partial=0",
         info.name, [&](sqlite3_stmt* row) { leading.insert(TextAt(row, 0)); });
   Query(db, "SELECT name, type, \"notnull\", pk FROM pragma_table_xinfo(?1) WHERE hidden<>1", info.name,
         [&](sqlite3_stmt* row) {

@@ -9,7 +9,8 @@
 
 namespace zef {
 
-/// The columns of a table or view as the file declares them; without columns if there is no such table or it is one of the engine's own.
+/// The columns of a table or view as the file declares them; without columns if there is no such table or it is one of
+/// the engine's own.
 sql::TableInfo DescribeTable(sqlite3* db, std::string_view table);
 
 /// The declaration of a column type in the engine's words: "INTEGER", "TEXT(255)", "DATETIME REAL".

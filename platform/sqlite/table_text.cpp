@@ -14,7 +14,9 @@ struct Piece {
 };
 
 bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
-bool IsWord(char c) { return c == '_' || (c & 0x80) != 0 || (c >= '0' && c <= '9') || ((c | 32) >= 'a' && (c | 32) <= 'z'); }
+bool IsWord(char c) {
+  return c == '_' || (c & 0x80) != 0 || (c >= '0' && c <= '9') || ((c | 32) >= 'a' && (c | 32) <= 'z');
+}
 
 char Closing(char c) { return c == '[' ? ']' : c; }
 
@@ -56,8 +58,8 @@ std::string Unquoted(std::string_view token) {
 }
 
 bool EndsType(std::string_view word) {
-  constexpr std::array<std::string_view, 11> kWords = {"CONSTRAINT", "PRIMARY", "NOT",        "NULL",      "UNIQUE", "CHECK",
-                                                       "DEFAULT",    "COLLATE", "REFERENCES", "GENERATED", "AS"};
+  constexpr std::array<std::string_view, 11> kWords = {
+      "CONSTRAINT", "PRIMARY", "NOT", "NULL", "UNIQUE", "CHECK", "DEFAULT", "COLLATE", "REFERENCES", "GENERATED", "AS"};
   return std::any_of(kWords.begin(), kWords.end(), [&](auto known) { return text::EqualNames(known, word); });
 }
 
@@ -88,7 +90,9 @@ std::string TableText::Text() const {
 bool TableText::ChangeType(std::string_view column, std::string_view type) {
   for (std::string& item : items_) {
     const std::vector<Piece> tokens = Tokens(item);
-    const auto token = [&](std::size_t i) { return std::string_view(item).substr(tokens[i].begin, tokens[i].end - tokens[i].begin); };
+    const auto token = [&](std::size_t i) {
+      return std::string_view(item).substr(tokens[i].begin, tokens[i].end - tokens[i].begin);
+    };
     if (tokens.empty() || !text::EqualNames(Unquoted(token(0)), column)) continue;
     std::size_t last = 0;
     while (last + 1 < tokens.size() && !EndsType(token(last + 1))) ++last;
@@ -103,7 +107,9 @@ void TableText::AddConstraint(std::string_view text) { items_.emplace_back(text)
 bool TableText::RemoveConstraint(std::string_view name) {
   const auto found = std::find_if(items_.begin(), items_.end(), [&](const std::string& item) {
     const std::vector<Piece> tokens = Tokens(item);
-    const auto token = [&](std::size_t i) { return std::string_view(item).substr(tokens[i].begin, tokens[i].end - tokens[i].begin); };
+    const auto token = [&](std::size_t i) {
+      return std::string_view(item).substr(tokens[i].begin, tokens[i].end - tokens[i].begin);
+    };
     return tokens.size() > 2 && text::EqualNames(token(0), "CONSTRAINT") && text::EqualNames(Unquoted(token(1)), name);
   });
   if (found == items_.end()) return false;

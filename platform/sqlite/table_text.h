@@ -6,8 +6,8 @@
 
 namespace zef {
 
-/// The text of a CREATE TABLE statement taken apart at the commas between its columns and constraints, so that one of them can be changed and the rest stays
-/// as it was written, by whichever program.
+/// The text of a CREATE TABLE statement taken apart at the commas between its columns and constraints, so that one of
+/// them can be changed and the rest stays as it was written, by whichever program.
 class TableText {
  public:
   explicit TableText(std::string_view text);

@@ -1,0 +1,149 @@
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <utility>
+
+#include "platform/sql/expression_writer.h"
+#include "platform/sql/statement_error.h"
+#include "platform/text.h"
+
+namespace zef::sql {
+namespace {
+
+[[noreturn]] void RaiseUnknown(const Expr& call) {
+  constexpr std::array<std::string_view, 6> kUnsupported = {"First", "Last", "StDev", "StDevP", "Var", "VarP"};
+  const bool unsupported = std::any_of(kUnsupported.begin(), kUnsupported.end(),
+                                       [&](std::string_view name) { return text::EqualNames(name, call.name); });
+  RaiseAt(FailureNumber::StatementError,
+          "The function '" + call.name + (unsupported ? "' is not supported" : "' is not known"), call.place);
+}
+
+/// The type of a number that was calculated from a value of the type.
+Type AsNumber(Type type) {
+  if (type == Type::Date || type == Type::Long) return type;
+  return IsNumber(type) && type != Type::Double ? Type::Long : Type::Double;
+}
+
+int Rank(Type type) { return static_cast<int>(type); }
+
+}  // namespace
+
+Type CommonType(Type a, Type b) {
+  if (a == b) return a;
+  if (a == Type::Unknown || b == Type::Unknown) return Type::Unknown;
+  if (IsText(a) || IsText(b)) return Comparable(a, Type::Binary) || Comparable(b, Type::Binary) ? Type::Unknown : Type::Text;
+  const bool numbers = IsNumber(a) && IsNumber(b);
+  if (!numbers) return Type::Unknown;
+  const Type wider = Rank(a) > Rank(b) ? a : b;
+  const bool truth = a == Type::Boolean || b == Type::Boolean;
+  return truth && wider == Type::Byte ? Type::Short : wider;
+}
+
+/// A function whose arguments are not simply written one after the other.
+struct ExpressionWriter::Special {
+  std::string_view name;
+  std::size_t least;
+  std::size_t most;
+  Operand (ExpressionWriter::*write)(const Expr&);
+};
+
+Operand ExpressionWriter::Call(const Expr& expr) {
+  static constexpr Special kSpecials[] = {
+      {"ISNULL", 1, 1, &ExpressionWriter::CallOfIsNull},
+      {"IIF", 3, 3, &ExpressionWriter::CallOfIIf},
+      {"NZ", 1, 2, &ExpressionWriter::CallOfNz},
+  };
+  if (const AggregateRow* row = FindAggregate(expr.name)) return Aggregate(expr, *row);
+  if (expr.distinct) RaiseAt(FailureNumber::StatementError, "DISTINCT stands in an aggregate only", expr.place);
+  for (const Special& special : kSpecials) {
+    if (!text::EqualNames(special.name, expr.name)) continue;
+    const bool fits = special.least <= expr.args.size() && expr.args.size() <= special.most;
+    if (!fits) RaiseArgumentCount(expr.name, expr.args.size(), expr.place);
+    return (this->*special.write)(expr);
+  }
+  if (const FunctionRow* row = FindFunction(expr.name, expr.args.size(), expr.place)) return FunctionCall(expr, *row);
+  RaiseUnknown(expr);
+}
+
+Operand ExpressionWriter::FunctionCall(const Expr& expr, const FunctionRow& row) {
+  std::string arguments;
+  Type first = Type::Unknown;
+  for (std::size_t i = 0; i < expr.args.size(); ++i) {
+    const Type wanted = row.arguments[i];
+    const Operand argument = IsText(wanted) ? AsText(*expr.args[i]) : Value(*expr.args[i], wanted);
+    if (i == 0) first = argument.type;
+    AppendItem(arguments, argument.text);
+  }
+  const Type type = row.result == FunctionRow::kAsNumber ? AsNumber(first) : row.result;
+  return {writing_.Call(row.helper, arguments), type};
+}
+
+Operand ExpressionWriter::Aggregate(const Expr& expr, const AggregateRow& row) {
+  if (!aggregates_allowed_) {
+    RaiseAt(FailureNumber::StatementError, "The aggregate '" + expr.name + "' cannot stand here", expr.place);
+  }
+  if (expr.args.size() != 1) RaiseArgumentCount(expr.name, expr.args.size(), expr.place);
+  saw_aggregate_ = true;
+  const bool star = expr.args[0]->kind == Expr::Kind::Star;
+  if (star && row.name == "COUNT" && !expr.distinct) return {"COUNT(*)", Type::Long};
+  const bool outer = std::exchange(aggregates_allowed_, false);
+  const Operand argument = Value(*expr.args[0], row.needs_number ? Type::Double : Type::Unknown);
+  aggregates_allowed_ = outer;
+  if (row.needs_number && !Comparable(argument.type, Type::Double)) {
+    RaiseAt(FailureNumber::TypesDoNotConvert, "The aggregate '" + expr.name + "' needs numbers", expr.place);
+  }
+  const std::string text = std::string(row.name) + (expr.distinct ? "(DISTINCT " : "(") + Collated(argument) + ")";
+  return {text, row.result == Type::Unknown ? argument.type : row.result, argument.length};
+}
+
+Operand ExpressionWriter::CallOfIsNull(const Expr& expr) { return IsNull(expr); }
+
+Operand ExpressionWriter::CallOfIIf(const Expr& expr) {
+  const Operand condition = Condition(*expr.args[0]);
+  const Operands values = WithCommonType(*expr.args[1], *expr.args[2]);
+  const std::string text =
+      "CASE WHEN " + condition.text + " THEN " + values[0].text + " ELSE " + values[1].text + " END";
+  return {text, values[0].type};
+}
+
+/// Without a second argument Null becomes the empty value of the type.
+Operand ExpressionWriter::CallOfNz(const Expr& expr) {
+  if (expr.args.size() == 2) {
+    const Operands values = WithCommonType(*expr.args[0], *expr.args[1]);
+    return {"COALESCE(" + values[0].text + ", " + values[1].text + ")", values[0].type};
+  }
+  const Operand value = Value(*expr.args[0]);
+  const bool number = IsNumber(value.type) || value.type == Type::Date;
+  return {"COALESCE(" + value.text + (number ? ", 0)" : ", '')"), value.type};
+}
+
+/// Two values of which one is the result; beside a text the other becomes a text as well.
+ExpressionWriter::Operands ExpressionWriter::WithCommonType(const Expr& first, const Expr& second) {
+  Operands values = {Value(first), Value(second)};
+  Type type = CommonType(values[0].type, values[1].type);
+  if (values[0].null) type = values[1].type;
+  if (values[1].null) type = values[0].type;
+  for (Operand& value : values) {
+    if (IsText(type) && !value.null) value = AsText(std::move(value));
+    if (IsText(type) && IsNumber(value.type)) value.text = writing_.Call("cstr", value.text);
+    value.type = type;
+  }
+  return values;
+}
+
+Operand ExpressionWriter::AsText(const Expr& expr) { return AsText(Value(expr, Type::Text)); }
+
+/// Dates and Booleans are numbers to an engine, so it must be told to write them as what they are.
+Operand ExpressionWriter::AsText(Operand value) const {
+  struct TextForm {
+    Type type;
+    std::string_view helper;
+  };
+  constexpr TextForm kForms[] = {{Type::Date, "date_text"}, {Type::Boolean, "boolean_text"}};
+  for (const TextForm& form : kForms) {
+    if (form.type == value.type) return {writing_.Call(form.helper, value.text), Type::Text};
+  }
+  return value;
+}
+
+}  // namespace zef::sql

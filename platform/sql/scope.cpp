@@ -1,0 +1,73 @@
+#include "platform/sql/scope.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/sql/statement_error.h"
+#include "platform/text.h"
+
+namespace zef::sql {
+namespace {
+
+bool MayMean(const Expr& reference, const ScopeSource& source) {
+  return reference.qualifier.empty() || text::EqualNames(reference.qualifier, source.name);
+}
+
+std::string Written(const Expr& reference) {
+  return reference.qualifier.empty() ? reference.name : reference.qualifier + "." + reference.name;
+}
+
+[[noreturn]] void RaiseAmbiguous(const Expr& reference) {
+  RaiseAt(FailureNumber::NoSuchColumn,
+          "The column '" + Written(reference) + "' is ambiguous: more than one source has it", reference.place);
+}
+
+}  // namespace
+
+ScopeSource& Scope::Add(ScopeSource source, std::size_t place) {
+  if (!source.name.empty() && FindSource(source.name) != nullptr) {
+    RaiseAt(FailureNumber::StatementError, "The source '" + source.name + "' stands twice in FROM; one needs an alias",
+            place);
+  }
+  return sources_.emplace_back(std::move(source));
+}
+
+const ScopeSource* Scope::FindSource(std::string_view name) const {
+  const auto found = std::find_if(sources_.begin(), sources_.end(),
+                                  [name](const ScopeSource& source) { return text::EqualNames(source.name, name); });
+  return found == sources_.end() ? nullptr : &*found;
+}
+
+bool Scope::FindHere(const Expr& reference, FoundColumn& found) const {
+  for (const ScopeSource& source : sources_) {
+    const ColumnInfo* column = MayMean(reference, source) ? source.info().Find(reference.name) : nullptr;
+    if (column == nullptr) continue;
+    if (found.source != nullptr) RaiseAmbiguous(reference);
+    found = {&source, column, qualifies()};
+  }
+  return found.source != nullptr;
+}
+
+bool Scope::FindRowId(const Expr& reference, FoundColumn& found) const {
+  for (const ScopeSource& source : sources_) {
+    const bool has_rows = source.table != nullptr && MayMean(reference, source);
+    if (!has_rows) continue;
+    if (found.source != nullptr) RaiseAmbiguous(reference);
+    found = {&source, nullptr, qualifies()};
+  }
+  return found.source != nullptr;
+}
+
+FoundColumn Scope::Find(const Expr& reference, std::string_view row_id) const {
+  const bool may_be_row_id = text::EqualNames(reference.name, row_id);
+  FoundColumn found;
+  for (const Scope* scope = this; scope != nullptr; scope = scope->outer_) {
+    const bool here = scope->FindHere(reference, found) || (may_be_row_id && scope->FindRowId(reference, found));
+    if (!here) continue;
+    found.qualified = found.qualified || scope != this;
+    return found;
+  }
+  RaiseAt(FailureNumber::NoSuchColumn, "The column '" + Written(reference) + "' is not known", reference.place);
+}
+
+}  // namespace zef::sql

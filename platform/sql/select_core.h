@@ -1,0 +1,63 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/sql/expression_writer.h"
+#include "platform/sql/select_writer.h"
+
+namespace zef::sql {
+
+/// One result column of a select.
+struct SelectedItem {
+  Operand value;
+  std::string name;
+  bool alias = false;  ///< the statement gives the name
+};
+
+/// Writes one select, without those that UNION joins to it. The select list is written when it is made.
+class SelectCore {
+ public:
+  SelectCore(Writing& writing, const Select& select, const Scope* outer, Naming naming);
+
+  const std::vector<SelectedItem>& items() const { return items_; }
+  /// The result column of that position, if the expression is an integer literal, or that bears the name as an alias. Null
+  /// for other expressions. Raises -2147217900 for a position that is none.
+  const SelectedItem* ItemOf(const Expr& expr) const;
+
+  /// One more column behind the others, which is none of the result's.
+  void AppendHidden(const std::string& text) { hidden_ = ", " + text; }
+  std::string Text();
+  /// As a part of a UNION: without ORDER BY, its texts ready for comparison.
+  std::string PartOfUnion();
+
+  /// True if a row of the result is one row of each source.
+  bool IsPlain() const;
+  /// The one table that is read, or null if there are other sources.
+  const TableInfo* SingleTable() const;
+
+ private:
+  void AddItem(const SelectItem& item);
+  void AddStar(const Expr& star);
+  void AddColumn(const ScopeSource& source, const ColumnInfo& column, std::size_t place);
+  std::string NameOf(const SelectItem& item, const Operand& value);
+
+  std::string Body(bool collated);
+  std::string ItemList(bool collated) const;
+  std::string OptionalCondition(std::string_view word, const ExprPtr& condition);
+  std::string GroupBy();
+  std::string OrderBy();
+  std::string Limit();
+  std::string Sortable(const Expr& expr, const SelectedItem* item);
+
+  Writing& writing_;
+  const Select& select_;
+  const Naming naming_;
+  Scope scope_;
+  ExpressionWriter expressions_;
+  std::vector<SelectedItem> items_;
+  std::string hidden_;
+  int unnamed_ = 1000;  ///< number of the next column without a name
+};
+
+}  // namespace zef::sql

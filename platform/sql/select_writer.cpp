@@ -1,0 +1,137 @@
+#include "platform/sql/select_writer.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/sql/select_core.h"
+#include "platform/sql/statement_error.h"
+#include "platform/text.h"
+
+namespace zef::sql {
+namespace {
+
+std::vector<ColumnInfo> ColumnsOf(const SelectCore& core) {
+  std::vector<ColumnInfo> columns;
+  for (const SelectedItem& item : core.items()) {
+    ColumnInfo& column = columns.emplace_back();
+    column.name = item.name;
+    column.type = item.value.type;
+    column.length = item.value.length;
+  }
+  return columns;
+}
+
+/// Values of a union are not converted: where the kinds differ, each row has its own.
+void Unite(ColumnInfo& column, const Operand& value) {
+  const bool alike = IsText(column.type) == IsText(value.type);
+  if (!value.null) column.type = alike ? CommonType(column.type, value.type) : Type::Unknown;
+  column.length = column.length == 0 || value.length == 0 ? 0 : std::max(column.length, value.length);
+}
+
+class UnionWriter {
+ public:
+  UnionWriter(Writing& writing, const Select& select, const Scope* outer, Naming naming)
+      : writing_(writing), select_(select), outer_(outer), first_(writing, select, outer, naming) {}
+
+  WrittenSelect Write() {
+    WrittenSelect written{first_.PartOfUnion(), ColumnsOf(first_)};
+    for (const Select::UnionPart& part : select_.unions) Add(part, written);
+    written.text += OrderBy(written.columns);
+    return written;
+  }
+
+ private:
+  void Add(const Select::UnionPart& part, WrittenSelect& written) {
+    SelectCore core(writing_, *part.select, outer_, Naming::None);
+    if (core.items().size() != written.columns.size()) {
+      throw RunTimeError(FailureNumber::StatementError, "The selects of a UNION have different numbers of columns.");
+    }
+    for (std::size_t i = 0; i < written.columns.size(); ++i) Unite(written.columns[i], core.items()[i].value);
+    written.text += (part.all ? " UNION ALL " : " UNION ") + core.PartOfUnion();
+  }
+
+  /// The rows of a union are sorted by result columns only, named or by position.
+  std::string OrderBy(const std::vector<ColumnInfo>& columns) const {
+    std::string list;
+    for (const OrderItem& order : select_.order_by) {
+      AppendItem(list, std::to_string(PositionOf(*order.expr, columns)));
+      if (order.descending) list += " DESC";
+    }
+    return list.empty() ? list : " ORDER BY " + list;
+  }
+
+  std::size_t PositionOf(const Expr& expr, const std::vector<ColumnInfo>& columns) const {
+    if (const SelectedItem* item = first_.ItemOf(expr)) {
+      return static_cast<std::size_t>(item - first_.items().data()) + 1;
+    }
+    const bool name = expr.kind == Expr::Kind::Column && expr.qualifier.empty();
+    if (!name) RaiseAt(FailureNumber::StatementError, "A UNION is sorted by its result columns only", expr.place);
+    const auto found = std::find_if(columns.begin(), columns.end(),
+                                    [&](const ColumnInfo& column) { return text::EqualNames(column.name, expr.name); });
+    if (found != columns.end()) return static_cast<std::size_t>(found - columns.begin()) + 1;
+    RaiseAt(FailureNumber::NoSuchColumn, "The column '" + expr.name + "' is not known", expr.place);
+  }
+
+  Writing& writing_;
+  const Select& select_;
+  const Scope* outer_;
+  SelectCore first_;
+};
+
+/// Positions of the columns that form the table's key; none unless all of them are in the result.
+std::vector<std::size_t> KeyColumns(const TableInfo& table, const std::vector<SelectedItem>& items) {
+  std::vector<std::size_t> positions;
+  for (const ColumnInfo& column : table.columns) {
+    if (!column.key) continue;
+    const auto found = std::find_if(items.begin(), items.end(),
+                                    [&](const SelectedItem& item) { return item.value.column == &column; });
+    if (found == items.end()) return {};
+    positions.push_back(static_cast<std::size_t>(found - items.begin()));
+  }
+  return positions;
+}
+
+void MakeUpdatable(Writing& writing, SelectCore& core) {
+  const TableInfo* table = core.IsPlain() ? core.SingleTable() : nullptr;
+  if (table == nullptr) return;
+  CompiledStatement& result = writing.result();
+  result.table = table->name;
+  result.key_columns = KeyColumns(*table, core.items());
+  result.hidden_row_id = result.key_columns.empty();
+  if (!result.hidden_row_id) return;
+  result.row_id = writing.dialect().RowId();
+  core.AppendHidden(result.row_id);
+}
+
+WrittenSelect WritePlainStatement(Writing& writing, const Select& select) {
+  SelectCore core(writing, select, nullptr, Naming::None);
+  if (writing.options().updatable) MakeUpdatable(writing, core);
+  WrittenSelect written{core.Text(), ColumnsOf(core)};
+  if (writing.options().lock_rows && core.IsPlain()) written.text += writing.dialect().ForUpdate();
+  return written;
+}
+
+}  // namespace
+
+WrittenSelect WriteSelect(Writing& writing, const Select& select, const Scope* outer, Naming naming) {
+  if (!select.unions.empty()) return UnionWriter(writing, select, outer, naming).Write();
+  SelectCore core(writing, select, outer, naming);
+  std::string text = core.Text();
+  return {std::move(text), ColumnsOf(core)};
+}
+
+void WriteSelectStatement(Writing& writing, const Select& select) {
+  WrittenSelect written = select.unions.empty() ? WritePlainStatement(writing, select)
+                                                : WriteSelect(writing, select, nullptr, Naming::None);
+  CompiledStatement& result = writing.result();
+  result.kind = CompiledStatement::Kind::Select;
+  result.text = std::move(written.text);
+  for (ColumnInfo& column : written.columns) result.columns.push_back({std::move(column.name), column.type});
+}
+
+const ColumnInfo& SingleColumn(const WrittenSelect& select, std::size_t place) {
+  if (select.columns.size() == 1) return select.columns.front();
+  RaiseAt(FailureNumber::StatementError, "A select that serves as a value or a list has one column", place);
+}
+
+}  // namespace zef::sql

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "platform/connection.h"
+#include "platform/recordset.h"
+#include "tests/support/database.h"
+
+namespace zef::test {
+
+/// An engine that the suite runs on: how to get an empty database of it.
+struct Backend {
+  std::string name;
+  /// Makes an empty database that lives as long as the returned object.
+  std::shared_ptr<void> (*make)(std::string& connection_string);
+};
+
+/// All engines of this build.
+std::vector<Backend> Backends();
+
+/// An empty database on one engine and a connection to it.
+class Conformance : public testing::TestWithParam<Backend> {
+ protected:
+  Conformance() : database_(GetParam().make(connection_string_)) { connection_ = Connect(); }
+
+  Ref<Connection> Connect() {
+    auto connection = MakeRef<Connection>();
+    connection->Open(connection_string_);
+    return connection;
+  }
+  Ref<Recordset> Execute(const std::string& text) { return connection_->Execute(text); }
+  std::string Text(const std::string& select) { return Scalar(*connection_, select); }
+  /// The number of the failure that a statement raises, 0 for none.
+  std::int32_t FailureOf(const std::string& text) {
+    try {
+      connection_->Execute(text);
+    } catch (const RunTimeError& failure) {
+      return failure.number();
+    }
+    return 0;
+  }
+  /// A table with a column of each type and one row of ordinary values under key 1.
+  void MakeTable();
+
+  std::string connection_string_;
+  std::shared_ptr<void> database_;
+  Ref<Connection> connection_;
+};
+
+inline std::string BackendName(const testing::TestParamInfo<Backend>& backend) { return backend.param.name; }
+
+}  // namespace zef::test

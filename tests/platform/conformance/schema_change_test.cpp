@@ -1,0 +1,109 @@
+#include "tests/platform/conformance/backend.h"
+
+namespace zef::test {
+namespace {
+
+class SchemaChanges : public Conformance {
+ protected:
+  SchemaChanges() {
+    Execute("CREATE TABLE Parents (P Long NOT NULL CONSTRAINT PK_Parents PRIMARY KEY)");
+    Execute(
+        "CREATE TABLE Things (T Long NOT NULL CONSTRAINT PK_Things PRIMARY KEY, Word Text(10), Amount Double, P Long, "
+        "CONSTRAINT ParentsThings FOREIGN KEY (P) REFERENCES Parents (P))");
+    Execute("INSERT INTO Things (T,Word,Amount) VALUES (1,'ten chars.',2.5)");
+    Execute("INSERT INTO Things (T,Word) VALUES (2,Null)");
+  }
+  std::string Words() { return Text("SELECT Word FROM Things WHERE T=1"); }
+};
+INSTANTIATE_TEST_SUITE_P(Engines, SchemaChanges, testing::ValuesIn(Backends()), BackendName);
+
+TEST_P(SchemaChanges, AnAddedColumnIsNullInOldRows) {
+  Execute("ALTER TABLE THINGS ADD COLUMN Extra Text(1) NULL");
+  EXPECT_EQ(Text("SELECT Extra FROM Things WHERE T=1"), "Null");
+  EXPECT_EQ(FailureOf("UPDATE Things SET Extra='xy'"), -2147217833);
+}
+
+TEST_P(SchemaChanges, ADroppedColumnIsGoneAndTheRestStays) {
+  Execute("ALTER TABLE Things DROP COLUMN Amount");
+  EXPECT_EQ(FailureOf("SELECT Amount FROM Things"), -2147217904);
+  EXPECT_EQ(Words(), "ten chars.");
+}
+
+TEST_P(SchemaChanges, AWiderTextTakesLongerValues) {
+  Execute("ALTER TABLE Things ALTER COLUMN Word Text(20) ");
+  Execute("UPDATE Things SET Word='more than ten chars' WHERE T=1");
+  EXPECT_EQ(Words(), "more than ten chars");
+}
+
+TEST_P(SchemaChanges, ANarrowerTextRefusesALongerValueAndLeavesTheTable) {
+  EXPECT_EQ(FailureOf("ALTER TABLE Things ALTER COLUMN Word Text(9)"), -2147217833);
+  EXPECT_EQ(Words(), "ten chars.");
+  EXPECT_EQ(FailureOf("UPDATE Things SET Word='TEN CHARS.' WHERE T=1"), 0);
+}
+
+TEST_P(SchemaChanges, ALongTextHasNoLimit) {
+  Execute("ALTER TABLE Things ALTER COLUMN Word Memo ");
+  Execute("UPDATE Things SET Word='" + std::string(70000, 'x') + "' WHERE T=1");
+  EXPECT_EQ(Text("SELECT Len(Word) FROM Things WHERE T=1"), "70000");
+}
+
+TEST_P(SchemaChanges, AColumnOfAnotherTypeConvertsItsValues) {
+  Execute("ALTER TABLE Things ALTER COLUMN Amount Text(10)");
+  EXPECT_EQ(Text("SELECT Amount FROM Things WHERE T=1"), "2.5");
+  EXPECT_EQ(Execute("SELECT Amount FROM Things WHERE T=1")->Fields().Item(0).Value(), Value(std::string("2.5")));
+}
+
+TEST_P(SchemaChanges, AValueThatDoesNotConvertLeavesTheTable) {
+  EXPECT_EQ(FailureOf("ALTER TABLE Things ALTER COLUMN Word Long"), -2147217913);
+  EXPECT_EQ(Words(), "ten chars.");
+}
+
+TEST_P(SchemaChanges, AnAlteredTableKeepsItsIndexesAndKey) {
+  Execute("CREATE UNIQUE INDEX UX_Word ON Things (Word)");
+  Execute("ALTER TABLE Things ALTER COLUMN Word Text(30)");
+  EXPECT_EQ(FailureOf("UPDATE Things SET Word='TEN CHARS.' WHERE T=2"), -2147217873);
+  EXPECT_EQ(FailureOf("INSERT INTO Things (T) VALUES (1)"), -2147217873);
+}
+
+TEST_P(SchemaChanges, ANamedConstraintIsDroppedByNameInAnyLetterCase) {
+  Execute("ALTER TABLE Things DROP CONSTRAINT PARENTSTHINGS");
+  EXPECT_EQ(FailureOf("ALTER TABLE Things DROP CONSTRAINT ParentsThings"), -2147217900);
+  Execute("ALTER TABLE Things DROP COLUMN P");
+  EXPECT_EQ(Words(), "ten chars.");
+}
+
+TEST_P(SchemaChanges, AConstraintIsAddedAndDroppedAgain) {
+  Execute("ALTER TABLE Things ADD CONSTRAINT Words UNIQUE (Word)");
+  EXPECT_EQ(FailureOf("UPDATE Things SET Word='ten chars.' WHERE T=2"), -2147217873);
+  Execute("ALTER TABLE Things DROP CONSTRAINT Words");
+  EXPECT_EQ(FailureOf("UPDATE Things SET Word='ten chars.' WHERE T=2"), 0);
+}
+
+TEST_P(SchemaChanges, AnIndexIsMadeAndDropped) {
+  Execute("CREATE INDEX IX_Word ON Things (Word DESC, T)");
+  Execute("DROP INDEX IX_Word ON Things");
+  Execute("CREATE INDEX IX_Word ON Things (Word)");
+}
+
+TEST_P(SchemaChanges, ADroppedTableIsGone) {
+  Execute("DROP TABLE Things");
+  EXPECT_EQ(FailureOf("SELECT * FROM Things"), -2147217865);
+}
+
+TEST_P(SchemaChanges, TheTwoTableUpdateCopiesByAJoin) {
+  Execute("CREATE TABLE Names (N_ID Long NOT NULL PRIMARY KEY, N_Name Text(10))");
+  Execute("INSERT INTO Names (N_ID,N_Name) VALUES (1,'first')");
+  Execute("UPDATE THINGS,Names SET WORD =Names.N_Name WHERE Names.N_ID = Things.T");
+  EXPECT_EQ(Words(), "first");
+  EXPECT_EQ(Text("SELECT Word FROM Things WHERE T=2"), "Null");
+}
+
+TEST_P(SchemaChanges, NamesWithBlanksAndQuotesAreKept) {
+  Execute("CREATE TABLE [My Things] ([The Key] Long NOT NULL PRIMARY KEY, [A \"B\", (C)] Text(5))");
+  Execute("INSERT INTO [My Things] ([The Key],[A \"B\", (C)]) VALUES (1,'x')");
+  Execute("ALTER TABLE [My Things] ALTER COLUMN [A \"B\", (C)] Text(8)");
+  EXPECT_EQ(Text("SELECT [A \"B\", (C)] FROM [My Things]"), "x");
+}
+
+}  // namespace
+}  // namespace zef::test

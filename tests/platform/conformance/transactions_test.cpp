@@ -1,0 +1,125 @@
+#include "tests/platform/conformance/backend.h"
+
+namespace zef::test {
+namespace {
+
+class Transactions : public Conformance {
+ protected:
+  Transactions() { Execute("CREATE TABLE Numbers (N Long NOT NULL PRIMARY KEY)"); }
+  void Insert(int n) { Execute("INSERT INTO Numbers (N) VALUES (" + std::to_string(n) + ")"); }
+  std::int32_t Rows() { return Count(*connection_, "Numbers"); }
+};
+INSTANTIATE_TEST_SUITE_P(Engines, Transactions, testing::ValuesIn(Backends()), BackendName);
+
+TEST_P(Transactions, ARollbackUndoesWhatItHolds) {
+  connection_->BeginTrans();
+  Insert(1);
+  connection_->RollbackTrans();
+  EXPECT_EQ(Rows(), 0);
+}
+
+TEST_P(Transactions, ACommitIsSeenByOtherConnectionsAndNotBefore) {
+  const Ref<Connection> other = Connect();
+  connection_->BeginTrans();
+  Insert(1);
+  EXPECT_EQ(Count(*other, "Numbers"), 0);
+  connection_->CommitTrans();
+  EXPECT_EQ(Count(*other, "Numbers"), 1);
+}
+
+TEST_P(Transactions, NestAndTellTheirDepth) {
+  EXPECT_EQ(connection_->BeginTrans(), 1);
+  EXPECT_EQ(connection_->BeginTrans(), 2);
+  connection_->CommitTrans();
+  EXPECT_EQ(connection_->BeginTrans(), 2);
+}
+
+TEST_P(Transactions, AnInnerRollbackLeavesTheOuterWork) {
+  connection_->BeginTrans();
+  Insert(1);
+  connection_->BeginTrans();
+  Insert(2);
+  connection_->RollbackTrans();
+  connection_->CommitTrans();
+  EXPECT_EQ(Text("SELECT N FROM Numbers"), "1");
+  EXPECT_EQ(Rows(), 1);
+}
+
+TEST_P(Transactions, AnOuterRollbackUndoesAnInnerCommit) {
+  connection_->BeginTrans();
+  connection_->BeginTrans();
+  Insert(1);
+  connection_->CommitTrans();
+  connection_->RollbackTrans();
+  EXPECT_EQ(Rows(), 0);
+}
+
+TEST_P(Transactions, ACommitOrRollbackWithNoneOpenIsRaised) {
+  EXPECT_THROW(connection_->CommitTrans(), RunTimeError);
+  EXPECT_THROW(connection_->RollbackTrans(), RunTimeError);
+  EXPECT_EQ(connection_->Errors().Item(0).Number, -2147168242);
+}
+
+TEST_P(Transactions, AStatementThatFailsLeavesTheTransactionUsable) {
+  connection_->BeginTrans();
+  Insert(1);
+  EXPECT_EQ(FailureOf("INSERT INTO Numbers (N) VALUES (1)"), -2147217873);
+  Insert(2);
+  connection_->CommitTrans();
+  EXPECT_EQ(Rows(), 2);
+}
+
+TEST_P(Transactions, AStatementThatFailsHalfwayLeavesNothing) {
+  Insert(1);
+  Insert(2);
+  EXPECT_EQ(FailureOf("INSERT INTO Numbers (N) SELECT N+1 FROM Numbers"), -2147217873);
+  EXPECT_EQ(Rows(), 2);
+}
+
+TEST_P(Transactions, ClosingTheConnectionRollsBack) {
+  connection_->BeginTrans();
+  Insert(1);
+  connection_->Close();
+  connection_ = Connect();
+  EXPECT_EQ(Rows(), 0);
+}
+
+TEST_P(Transactions, LettingTheConnectionGoRollsBack) {
+  connection_->BeginTrans();
+  Insert(1);
+  connection_ = Connect();
+  EXPECT_EQ(Rows(), 0);
+  Insert(2);
+}
+
+TEST_P(Transactions, ASchemaChangeIsUndoneWithItsTransaction) {
+  connection_->BeginTrans();
+  Execute("ALTER TABLE Numbers ADD COLUMN Extra Text(5)");
+  Execute("INSERT INTO Numbers (N,Extra) VALUES (1,'x')");
+  connection_->RollbackTrans();
+  EXPECT_EQ(FailureOf("SELECT Extra FROM Numbers"), -2147217904);
+  Insert(1);
+  EXPECT_EQ(Execute("SELECT * FROM Numbers")->Fields().Count(), 1);
+}
+
+TEST_P(Transactions, APessimisticRecordSetKeepsOtherWritersOutUntilItsUpdate) {
+  Insert(1);
+  auto rs = MakeRef<Recordset>();
+  rs->Open("SELECT N FROM Numbers WHERE N=1", connection_, adOpenForwardOnly, adLockPessimistic);
+  rs->Fields().Item("N").SetValue(7);
+  rs->Update();
+  const Ref<Connection> other = Connect();
+  other->Execute("UPDATE Numbers SET N=8 WHERE N=7");
+  EXPECT_EQ(Text("SELECT N FROM Numbers"), "8");
+}
+
+TEST_P(Transactions, APessimisticRecordSetThatIsClosedUnchangedLeavesNothingOpen) {
+  Insert(1);
+  auto rs = MakeRef<Recordset>();
+  rs->Open("SELECT N FROM Numbers WHERE N=1", connection_, adOpenForwardOnly, adLockPessimistic);
+  rs->Close();
+  EXPECT_EQ(connection_->BeginTrans(), 1);
+}
+
+}  // namespace
+}  // namespace zef::test

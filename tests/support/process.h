@@ -1,0 +1,28 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <functional>
+#include <string>
+
+namespace zef::test {
+
+/// A piece of work in a process of its own, which runs from construction on. No connection may be open when it is made:
+/// the engine's locks are the business of one process.
+class Process {
+ public:
+  explicit Process(const std::function<std::string()>& work);
+  ~Process();
+  Process(const Process&) = delete;
+  Process& operator=(const Process&) = delete;
+
+  /// Waits for the end and gives what the work returned; "raised " and the sentence if it raised a failure, nothing if
+  /// it died.
+  std::string Result();
+
+ private:
+  pid_t child_ = -1;
+  int result_ = -1;
+};
+
+}  // namespace zef::test
