@@ -42,7 +42,7 @@ bool CEvent::Save() {
   if (Refused(session, kSave)) return false;
   const bool saved = InTransaction(session, kSave, [&] {
     if (!SaveChildren(session)) return Outcome::Quiet;
-    return OwnModified() ? WriteRow(*this, kEvents, kFieldsArray) : Outcome::Done;
+    return OwnModified() ? SaveRow(*this, kEvents, kFieldsArray) : Outcome::Done;
   });
   if (!saved) return false;
   DateLastUpdate.Load(Date());

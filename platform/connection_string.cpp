@@ -51,9 +51,14 @@ std::string_view ConnectionString::Get(std::string_view key) const {
 }
 
 void ConnectionString::Require(std::initializer_list<std::string_view> known) const {
+  bool behind_password = false;
   for (const auto& [key, value] : parts) {
     const auto same = [&key = key](std::string_view name) { return text::EqualNames(name, key); };
-    if (std::none_of(known.begin(), known.end(), same)) Malformed("the key '" + key + "' is not known.");
+    if (std::none_of(known.begin(), known.end(), same)) {
+      // Behind a password the key itself is not shown: it may be the tail of one with a semicolon.
+      Malformed(behind_password ? "a key behind the password is not known." : "the key '" + key + "' is not known.");
+    }
+    behind_password = behind_password || text::LowerAscii(key).ends_with("password");
   }
 }
 

@@ -54,13 +54,20 @@ void ReadColumns(R& record, const Table<R, N>& table, const Recordset& rs) {
   }
 }
 
-/// The rows of a statement in the table's writing order.
+/// Calls `take(name, value)` for each row of a statement, in the table's writing order.
+template <class R, std::size_t N, class Take>
+void EachRow(const R& record, const Table<R, N>& table, Take&& take) {
+  for (const Column<R>* column : table.written) {
+    if (column != nullptr) take(column->name, SqlValue(record, *column));
+  }
+}
+
+/// The rows of a statement.
 template <class R, std::size_t N>
 FieldRows DatabaseRows(const R& record, const Table<R, N>& table) {
   FieldRows rows;
-  for (const Column<R>* column : table.written) {
-    if (column != nullptr) rows.push_back({column->name, SqlText(record, *column)});
-  }
+  rows.reserve(N);
+  EachRow(record, table, [&](std::string_view name, std::string value) { rows.push_back({name, std::move(value)}); });
   return rows;
 }
 
@@ -76,13 +83,13 @@ void WriteRow(const R& record, const Table<R, N>& table, const FieldRows& rows) 
 /// recorded under `procedure` then.
 template <class R, std::size_t N>
 std::optional<FieldRows> TrappedRows(const R& record, const Table<R, N>& table, std::string_view procedure) {
-  return Trapped(Deref(record.Session()), procedure, std::optional<FieldRows>(),
+  return Trapped(record.Session(), procedure, std::optional<FieldRows>(),
                  [&] { return std::optional(DatabaseRows(record, table)); });
 }
 
-/// The same for a class whose rows come from `GetFieldsArray`. Quiet if they could not be made.
+/// Makes the rows as `GetFieldsArray` does and writes them. Quiet if they could not be made.
 template <class R, std::size_t N>
-Outcome WriteRow(const R& record, const Table<R, N>& table, std::string_view array_procedure) {
+Outcome SaveRow(const R& record, const Table<R, N>& table, std::string_view array_procedure) {
   const std::optional<FieldRows> rows = TrappedRows(record, table, array_procedure);
   if (!rows) return Outcome::Quiet;
   WriteRow(record, table, *rows);
@@ -115,15 +122,15 @@ bool SaveDrawingID(R& record, const Table<R, N>& table, std::string_view procedu
 template <class R, std::size_t N>
 bool FillFieldsArray(const R& record, const Table<R, N>& table, std::string_view procedure, FieldType enmType,
                      FieldsArray& strFields, std::int32_t& lngFieldsCount) {
-  return Trapped(Deref(record.Session()), procedure, false, [&] {
+  return Trapped(record.Session(), procedure, false, [&] {
     lngFieldsCount = table.rows;
     strFields = FieldsArray(table.rows, 2);
     if (enmType != FN_DATABASE) return true;
     int row = 0;
-    for (FieldRow& filled : DatabaseRows(record, table)) {
-      strFields(row, 0) = filled.name;
-      strFields(row++, 1) = std::move(filled.value);
-    }
+    EachRow(record, table, [&](std::string_view name, std::string value) {
+      strFields(row, 0) = name;
+      strFields(row++, 1) = std::move(value);
+    });
     return true;
   });
 }

@@ -35,7 +35,7 @@ std::string UpdateText(std::string_view table, std::string_view key, std::int32_
 
 /// The value of a column as it stands in a statement.
 template <class R>
-std::string SqlText(const R& record, const Column<R>& column) {
+std::string SqlValue(const R& record, const Column<R>& column) {
   if (column.form == Form::Stamp) return SqlDate(Now());
   struct Writer {
     const R& record;

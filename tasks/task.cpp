@@ -43,7 +43,7 @@ bool CTask::Save() {
   if (Refused(session, kSave)) return false;
   const bool saved = InTransaction(session, kSave, [&] {
     if (!SaveChildren(session)) return Outcome::Quiet;
-    const Outcome written = OwnModified() ? WriteRow(*this, kTasks, kFieldsArray) : Outcome::Done;
+    const Outcome written = OwnModified() ? SaveRow(*this, kTasks, kFieldsArray) : Outcome::Done;
     return written == Outcome::Done ? KeepDueDateEvent(session, *this) : written;
   });
   if (!saved) return false;
