@@ -3,10 +3,62 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-./setup.sh build
+./setup.sh test # the group with the sqlite3 shell, which the end of the story needs
 cmake --preset release
 cmake --build --preset release --target zef
 PATH="$PWD/build/release:$PATH"
 
 # --- the story -------------------------------------------------------------------------------------------------------
-zef --help
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder"
+
+tell() {
+  printf '\n'
+  printf '# %s\n' "$@"
+}
+
+# Prints a command as one would type it, then runs it.
+show() {
+  local word
+  printf '$'
+  for word in "$@"; do
+    if [[ $word =~ ^[A-Za-z0-9_./:=-]+$ ]]; then printf ' %s' "$word"; else printf ' "%s"' "$word"; fi
+  done
+  printf '\n'
+  "$@"
+}
+
+tell "A database is one file. A new one holds the folders that every user has, and nothing else."
+show zef create people.db
+show zef info people.db
+
+tell "We keep tasks about the garden in a folder of their own, below the folder Tasks."
+show zef add folder people.db Garden --parent Tasks
+show zef folders people.db
+
+tell "A task for every Friday, due for the first time on 3 May, and an appointment."
+show zef add task people.db "Water the plants" --folder Garden --due 2024-05-03 --every week --on fri
+show zef add event people.db "Dentist" --start "2024-05-14 09:30" --end "2024-05-14 10:15" --location "Main Street 4"
+show zef tasks people.db
+
+tell "Nobody entered the due dates into the calendar: saving the task did, and they repeat as the task does." \
+  "Monday, 6 May, plays the part of today; a star marks a day on which something takes place."
+show zef agenda people.db --month 2024-05 --today 2024-05-06
+
+tell "A program that shows reminders notes what its user has seen, one occurrence at a time."
+show zef seen people.db 1 2024-05-10 --mark
+show zef seen people.db 1 2024-05-10
+show zef seen people.db 1 2024-05-17
+
+tell "Every command speaks JSON to programs."
+show zef tasks people.db --where "TSK_DueDate < #6/1/2024#" --json
+
+tell "Nothing is ever overwritten."
+show zef create people.db || echo "(exit status $?)"
+
+tell "The file is plain: the stock sqlite3 shell reads it. Dates are days since 30 December 1899," \
+  "an event of type T is a due date, a rule of type 2 is weekly, and 16 is the bit of Friday."
+show sqlite3 -header -column people.db "SELECT EVE_ID, EVE_Text, EVE_Type, datetime(EVE_StartDate + 2415018.5) AS Start,
+  REC_Type, REC_Options1, REC_Day FROM Events LEFT JOIN Recurrences ON REC_ID = EVE_RecurrenceID"
+show sqlite3 -header -column people.db "SELECT VE_EventID, VE_UserID, date(VE_Date + 2415018.5) AS Seen FROM ViewedEvents"

@@ -1,0 +1,245 @@
+#include "client/arguments.h"
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+
+#include "client/date_option.h"
+#include "client/failure.h"
+#include "platform/text.h"
+#include "version.h"
+
+namespace zef::client {
+namespace {
+
+constexpr char kRuleHelp[] = R"(A rule of repetition:
+  --every day                             every day; also "3 days"
+  --every 2 weeks --on mon,fri            every other week on Monday and Friday
+  --every month --on 15                   on the 15th of every month
+  --every month --on "last friday"        on the last Friday of every month
+  --every year --on "15 june"             every year on 15 June
+  --every year --on "first monday of june"
+Without --on the day is taken from the first date. A rule goes on for ever unless
+--until or --times ends it.
+
+)";
+constexpr char kGlobalHelp[] = "Every command also takes --json, --password and --no-colour; see zef --help.";
+
+constexpr char kDateHelp[] = "as 2024-05-17, \"2024-05-17 09:00\" or 5/17/2024";
+
+/// Adds an option whose text becomes a date at once, so that a wrong one is told by its own name.
+void AddDate(CLI::App& app, const std::string& name, std::optional<Date>& date, const std::string& help) {
+  app.add_option_function<std::string>(
+         name, [&date, name](const std::string& text) { date = ReadDate(name, text); }, help)
+      ->type_name("DATE");
+}
+
+template <class Target>
+CLI::Option* AddText(CLI::App& app, const char* name, Target& target, const std::string& help,
+                     const char* type = "TEXT") {
+  return app.add_option(name, target, help)->type_name(type);
+}
+
+void AddFile(CLI::App& app, Arguments& arguments) {
+  AddText(app, "FILE", arguments.file, "The database file", "")->required();
+}
+
+void AddRule(CLI::App& app, RuleOptions& rule) {
+  AddText(app, "--every", rule.every, "Repeats: day, week, month, year, or a number of them as in 2 weeks", "[N] UNIT");
+  AddText(app, "--on", rule.on, "The days on which it repeats, see below", "DAYS");
+  AddDate(app, "--until", rule.until, "The last day of the repetition");
+  AddText(app, "--times", rule.times, "How many times it takes place", "N");
+  app.footer(std::string(kRuleHelp) + kGlobalHelp);
+}
+
+void CreateOptions(CLI::App& app, Arguments& arguments) {
+  AddFile(app, arguments);
+  AddText(app, "--schema", arguments.schema, "Version of the tables: 9.2.4, or 9.1 for trying out upgrades", "VERSION")
+      ->check(CLI::IsMember({std::string(kCurrentSchema), std::string(kOlderSchema)}));
+}
+
+void AddFolderOptions(CLI::App& app, Arguments& arguments) {
+  AddFile(app, arguments);
+  AddText(app, "NAME", arguments.name, "Name of the new folder", "")->required();
+  AddText(app, "--parent", arguments.parent, "Identifier or name of the folder above; without it a root folder is made",
+          "ID|NAME");
+  AddText(app, "--kind", arguments.kind, "What it holds; without it the same as the folder above, or tasks", "KIND")
+      ->check(CLI::IsMember({"contacts", "tasks", "notes", "events", "alarms"}));
+  AddText(app, "--description", arguments.description, "A description");
+}
+
+void AddTaskOptions(CLI::App& app, Arguments& arguments) {
+  AddFile(app, arguments);
+  AddText(app, "NAME", arguments.name, "Name of the new task", "")->required();
+  AddText(app, "--folder", arguments.folder, "Identifier or name of its folder; without it the root folder Tasks",
+          "ID|NAME");
+  AddDate(app, "--start", arguments.start, fmt::format("When it begins, {}", kDateHelp));
+  AddDate(app, "--due", arguments.due, "When it is due; the day appears in the calendar");
+  AddRule(app, arguments.rule);
+  AddText(app, "--assigned-to", arguments.assigned_to, "Who is to do it", "WHO");
+  AddText(app, "--priority", arguments.priority, "A priority of the database's list, such as High", "NAME");
+  AddText(app, "--description", arguments.description, "A description");
+}
+
+void AddEventOptions(CLI::App& app, Arguments& arguments) {
+  AddFile(app, arguments);
+  AddText(app, "TEXT", arguments.name, "What takes place", "")->required();
+  AddText(app, "--folder", arguments.folder, "Identifier or name of its folder; without it the root folder Calendar",
+          "ID|NAME");
+  AddDate(app, "--start", arguments.start, fmt::format("When it begins, {}", kDateHelp));
+  app.get_option("--start")->required();
+  AddDate(app, "--end", arguments.end, "When it ends; without it when it begins");
+  AddText(app, "--location", arguments.location, "Where it takes place");
+  AddText(app, "--reminder", arguments.reminder, "How long before to remind of it; a negative number for never", "N");
+  AddRule(app, arguments.rule);
+}
+
+void TasksOptions(CLI::App& app, Arguments& arguments) {
+  AddFile(app, arguments);
+  AddText(app, "--folder", arguments.folder, "Identifier or name of a folder; without it the tasks of all folders",
+          "ID|NAME");
+  AddText(app, "--where", arguments.where,
+          "A condition in SQL, such as \"TSK_DueDate < #6/1/2024# AND TSK_Completed = 0\"", "CONDITION");
+}
+
+void AgendaOptions(CLI::App& app, Arguments& arguments) {
+  AddFile(app, arguments);
+  app.add_option_function<std::string>(
+         "--month", [&arguments](const std::string& text) { arguments.month = ReadMonth("--month", text); },
+         "The month of the picture and, without --days, of the list; as 2024-05")
+      ->type_name("MONTH");
+  AddText(app, "--days", arguments.days, "How many days the list covers from today on; without it and --month, 31", "N")
+      ->check(CLI::Range(1, 36600));
+  AddDate(app, "--today", arguments.today, "The day that counts as today");
+}
+
+void SeenOptions(CLI::App& app, Arguments& arguments) {
+  AddFile(app, arguments);
+  AddText(app, "EVENT", arguments.event, "Identifier of the event", "")->required();
+  app.add_option_function<std::string>(
+         "DATE", [&arguments](const std::string& text) { arguments.date = ReadDate("DATE", text); },
+         fmt::format("Day, or day and time, of the occurrence, {}", kDateHelp))
+      ->type_name("")
+      ->required();
+  app.add_flag("--mark", arguments.mark, "Notes that the user has seen it");
+  AddText(app, "--user", arguments.user, "Identifier of the user; without it 1", "ID");
+}
+
+struct CommandEntry {
+  Command command;
+  const char* name;
+  const char* help;
+  void (*options)(CLI::App&, Arguments&);
+};
+
+constexpr CommandEntry kCommands[] = {
+    {Command::Create, "create", "Make a new database; what exists is never overwritten", &CreateOptions},
+    {Command::Info, "info", "Tell what a database is and how much it holds", &AddFile},
+    {Command::Folders, "folders", "Show the tree of folders", &AddFile},
+    {Command::Tasks, "tasks", "List tasks", &TasksOptions},
+    {Command::Agenda, "agenda", "Show a month and what is coming up", &AgendaOptions},
+    {Command::Seen, "seen", "Tell or note whether a user has seen an occurrence of an event", &SeenOptions},
+};
+
+constexpr CommandEntry kAddCommands[] = {
+    {Command::AddFolder, "folder", "Add a folder", &AddFolderOptions},
+    {Command::AddTask, "task", "Add a task", &AddTaskOptions},
+    {Command::AddEvent, "event", "Add an event to the calendar", &AddEventOptions},
+};
+
+void AddCommand(CLI::App& parent, const CommandEntry& entry, Arguments& arguments) {
+  CLI::App* const app = parent.add_subcommand(entry.name, entry.help);
+  app->footer(kGlobalHelp);
+  entry.options(*app, arguments);
+  app->callback([&arguments, command = entry.command] { arguments.command = command; });
+}
+
+void AddGlobalOptions(CLI::App& app, Arguments& arguments) {
+  app.add_flag("--json", arguments.json, "Print JSON, for programs");
+  app.add_option_function<std::string>(
+         "--password",
+         [&arguments](const std::string& text) {
+           if (text.empty())
+             throw Failure(kWrongUse,
+                           "--password: the password is empty; leave the option out for a file without one.");
+           arguments.password = text;
+         },
+         "Password of the database")
+      ->type_name("PASSWORD");
+  app.add_flag("--no-colour,--no-color", arguments.no_colour, "Print without colour, on a terminal too");
+  app.set_version_flag("--version", fmt::format("zef {}", kVersion));
+}
+
+/// `--every 2 weeks` is two words that mean one value.
+void JoinIntervals(std::vector<std::string>& words) {
+  const auto is_number = [](const std::string& word) {
+    return !word.empty() && std::all_of(word.begin(), word.end(), [](char c) { return c >= '0' && c <= '9'; });
+  };
+  for (std::size_t i = 0; i + 2 < words.size() && words[i] != "--"; ++i) {
+    if (words[i] != "--every" || !is_number(words[i + 1])) continue;
+    words[i + 1] += " " + words[i + 2];
+    words.erase(words.begin() + static_cast<std::ptrdiff_t>(i) + 2);
+  }
+}
+
+void RequireUtf8(const std::vector<std::string>& words) {
+  if (std::all_of(words.begin(), words.end(), [](const std::string& word) { return text::IsValidUtf8(word); })) return;
+  throw Failure(kWrongUse, "An argument is not UTF-8 text.");
+}
+
+/// The innermost command that was given.
+const CLI::App& InnermostCommand(const CLI::App& app) {
+  const std::vector<CLI::App*> given = app.get_subcommands();
+  return given.empty() ? app : InnermostCommand(*given.front());
+}
+
+/// "zef add task".
+std::string FullName(const CLI::App& app) {
+  const CLI::App* const parent = app.get_parent();
+  return parent == nullptr ? app.get_name() : FullName(*parent) + " " + app.get_name();
+}
+
+/// What CLI11 tells, and more helpfully if it was the command that it did not know.
+std::string WrongUse(const CLI::App& app, const CLI::ParseError& error) {
+  const CLI::App& command = InnermostCommand(app);
+  const std::string name = FullName(command);
+  if (command.get_require_subcommand_min() == 0) return fmt::format("{} (See {} --help.)", error.what(), name);
+  std::vector<std::string> known;
+  for (const CLI::App* sub : command.get_subcommands([](const CLI::App*) { return true; }))
+    known.push_back(sub->get_name());
+  const std::vector<std::string> unknown = app.remaining(true);
+  const std::string what = unknown.empty() ? fmt::format("'{}' needs a command", name)
+                                           : fmt::format("'{}' has no command '{}'", name, unknown.front());
+  return fmt::format("{}; there are {}. (See {} --help.)", what, fmt::join(known, ", "), name);
+}
+
+}  // namespace
+
+std::variant<Arguments, std::string> ReadArguments(std::vector<std::string> words) {
+  RequireUtf8(words);
+  JoinIntervals(words);
+  Arguments arguments;
+  CLI::App app("Keeps folders, tasks and a calendar in a database file.", "zef");
+  app.fallthrough()->require_subcommand(1);
+  app.get_formatter()->column_width(28);
+  AddGlobalOptions(app, arguments);
+  for (const CommandEntry& entry : kCommands) AddCommand(app, entry, arguments);
+  CLI::App* const add = app.add_subcommand("add", "Add a folder, a task or an event");
+  add->require_subcommand(1);
+  for (const CommandEntry& entry : kAddCommands) AddCommand(*add, entry, arguments);
+
+  std::reverse(words.begin(), words.end());
+  try {
+    app.parse(std::move(words));
+  } catch (const CLI::CallForHelp&) {
+    return app.help();
+  } catch (const CLI::CallForVersion& version) {
+    return std::string(version.what()) + "\n";
+  } catch (const CLI::ParseError& error) {
+    throw Failure(kWrongUse, WrongUse(app, error));
+  }
+  return arguments;
+}
+
+}  // namespace zef::client

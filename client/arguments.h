@@ -1,0 +1,56 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "client/create.h"
+#include "client/rule_text.h"
+#include "platform/date.h"
+
+namespace zef::client {
+
+enum class Command { Create, Info, Folders, AddFolder, AddTask, AddEvent, Tasks, Agenda, Seen };
+
+/// What a command line asks for. A command reads only what belongs to it.
+struct Arguments {
+  Command command = Command::Info;
+  bool json = false;
+  bool no_colour = false;
+  std::string file;
+  std::string password;
+  std::string schema = kCurrentSchema;
+
+  std::string name;  ///< of a new folder or task, the text of a new event
+  std::optional<std::string> folder;
+  std::optional<std::string> parent;
+  std::optional<std::string> kind;
+  std::string description;
+  std::string assigned_to;
+  std::optional<std::string> priority;
+  std::string location;
+  std::int32_t reminder = -1;
+  std::optional<Date> start;
+  std::optional<Date> due;
+  std::optional<Date> end;
+  RuleOptions rule;
+
+  std::string where;
+  std::optional<std::chrono::year_month> month;
+  std::optional<std::int32_t> days;
+  std::optional<Date> today;
+
+  std::int32_t event = 0;
+  Date date;
+  bool mark = false;
+  std::int32_t user = 1;
+};
+
+/// Reads the words behind the program's name. A text instead of arguments is to be shown and nothing else to be done:
+/// help, or the version. What cannot be understood raises a `Failure` with `kWrongUse`.
+std::variant<Arguments, std::string> ReadArguments(std::vector<std::string> words);
+
+}  // namespace zef::client

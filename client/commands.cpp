@@ -1,0 +1,113 @@
+#include "client/commands.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "client/add_commands.h"
+#include "client/agenda.h"
+#include "client/create.h"
+#include "client/date_option.h"
+#include "client/failure.h"
+#include "client/occurrences.h"
+#include "client/printable.h"
+#include "client/table.h"
+#include "client/views.h"
+
+namespace zef::client {
+namespace {
+
+std::string Create(const Arguments& arguments, bool /*colour*/) {
+  CreateDatabase(arguments.file, arguments.password, arguments.schema);
+  const bool encrypted = !arguments.password.empty();
+  if (arguments.json) {
+    return JsonLine({{"file", arguments.file}, {"schema", arguments.schema}, {"encrypted", encrypted}});
+  }
+  return fmt::format("Made {} with the tables of version {}.{}\n", Printable(arguments.file), arguments.schema,
+                     encrypted ? " It is encrypted." : "");
+}
+
+std::string Info(const Arguments& arguments, bool colour) {
+  const DatabaseInfo info = Store(arguments.file, arguments.password).Info();
+  if (arguments.json) {
+    return JsonLine({{"file", arguments.file},
+                     {"version", info.version},
+                     {"encrypted", info.encrypted},
+                     {"folders", info.folders},
+                     {"tasks", info.tasks},
+                     {"events", info.events}});
+  }
+  Table table({{""}, {""}});
+  table.Add({"File", arguments.file});
+  table.Add({"Version", info.version});
+  table.Add({"Encrypted", info.encrypted ? "yes" : "no"});
+  table.Add({"Folders", std::to_string(info.folders)});
+  table.Add({"Tasks", std::to_string(info.tasks)});
+  table.Add({"Events", std::to_string(info.events)});
+  return table.Text(colour);
+}
+
+std::string ShowFolders(const Arguments& arguments, bool colour) {
+  const std::vector<FolderInfo> folders = Open(arguments)->Folders();
+  return arguments.json ? JsonLine(folders) : FolderTree(folders, colour);
+}
+
+std::string ShowTasks(const Arguments& arguments, bool colour) {
+  const auto store = Open(arguments);
+  std::optional<FolderInfo> folder;
+  if (arguments.folder) folder = store->Folder(*arguments.folder, kTasks);
+  const std::vector<TaskInfo> tasks = store->Tasks(folder, arguments.where);
+  return arguments.json ? JsonLine(tasks) : TaskTable(tasks, colour);
+}
+
+std::string ShowAgenda(const Arguments& arguments, bool colour) {
+  const AgendaSpan span = SpanOf(arguments.today.value_or(Now()), arguments.month, arguments.days);
+  const Agenda agenda = MakeAgenda(span, Open(arguments)->Events());
+  return arguments.json ? AgendaJson(agenda) : AgendaText(agenda, colour);
+}
+
+std::string TellSeen(const Arguments& arguments, bool /*colour*/) {
+  const auto store = Open(arguments);
+  const EventInfo event = store->Event(arguments.event);
+  const std::optional<Date> moment = OccurrenceAt(event, arguments.date);
+  if (!moment) {
+    throw Failure(kRefused, fmt::format("Event {} does not take place on {}.", event.id, DateText(arguments.date)));
+  }
+  bool seen = store->IsSeen(event.id, *moment, arguments.user);
+  if (arguments.mark && !seen) {
+    store->MarkSeen(event.id, *moment, arguments.user);
+    seen = true;
+  }
+  if (arguments.json) {
+    return JsonLine({{"event", event.id}, {"date", JsonOf(*moment)}, {"user", arguments.user}, {"seen", seen}});
+  }
+  return fmt::format("User {} has {} event {}, '{}', of {}.\n", arguments.user, seen ? "seen" : "not seen", event.id,
+                     Printable(event.text), DateText(*moment));
+}
+
+struct Entry {
+  Command command;
+  std::string (*run)(const Arguments&, bool);
+};
+
+constexpr Entry kEntries[] = {
+    {Command::Create, &Create},       {Command::Info, &Info},         {Command::Folders, &ShowFolders},
+    {Command::AddFolder, &AddFolder}, {Command::AddTask, &AddTask},   {Command::AddEvent, &AddEvent},
+    {Command::Tasks, &ShowTasks},     {Command::Agenda, &ShowAgenda}, {Command::Seen, &TellSeen},
+};
+
+}  // namespace
+
+std::string Run(const Arguments& arguments, bool colour) {
+  const auto* const entry = std::find_if(std::begin(kEntries), std::end(kEntries),
+                                         [&](const Entry& known) { return known.command == arguments.command; });
+  return entry->run(arguments, colour);
+}
+
+std::unique_ptr<Store> Open(const Arguments& arguments) {
+  auto store = std::make_unique<Store>(arguments.file, arguments.password);
+  store->RequireCurrentVersion();
+  return store;
+}
+
+}  // namespace zef::client

@@ -1,0 +1,98 @@
+#include "client/create.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <random>
+
+#include "client/failure.h"
+#include "client/place_file.h"
+#include "platform/connection.h"
+#include "platform/connection_string.h"
+#include "platform/database_file.h"
+#include "platform/recordset.h"
+#include "platform/transaction_guard.h"
+#include "schema/schema_text.h"
+#include "schema/statements.h"
+
+namespace zef::client {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kLogEndings[] = {"-wal", "-shm", "-journal"};
+
+fs::path WithEnding(fs::path path, const char* ending) { return path += ending; }
+
+/// A file under a name of its own beside the final place, gone with its logs at the end of the block unless it was
+/// placed.
+class TemporaryFile {
+ public:
+  explicit TemporaryFile(const fs::path& place) : path_(place) {
+    std::random_device random;
+    path_.replace_filename(fmt::format(".zef-{:08x}{:08x}", random(), random()));
+  }
+  ~TemporaryFile() {
+    std::error_code ignored;
+    fs::remove(path_, ignored);
+    for (const char* const ending : kLogEndings) fs::remove(WithEnding(path_, ending), ignored);
+  }
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+  const fs::path& path() const { return path_; }
+
+ private:
+  fs::path path_;
+};
+
+/// The log of another database under this name would be played into the new one.
+void RequireFreePlace(const fs::path& place) {
+  if (!place.has_filename()) throw Failure(kRefused, fmt::format("'{}' names no file.", place.native()));
+  RequireWritableFolder(place.has_parent_path() ? place.parent_path() : fs::path("."));
+  if (NameIsTaken(place)) throw Failure(kRefused, fmt::format("'{}' exists already.", place.native()));
+  for (const char* const ending : kLogEndings) {
+    const fs::path log = WithEnding(place, ending);
+    if (!NameIsTaken(log)) continue;
+    throw Failure(kRefused, fmt::format("'{}' is left over from another database; remove it first.", log.native()));
+  }
+}
+
+void Fill(Connection& connection, std::string_view statements) {
+  TransactionGuard<Connection> transaction(connection);
+  for (const std::string& statement : schema::Statements(statements)) connection.Execute(statement);
+  transaction.Commit();
+}
+
+void MakeDatabase(const fs::path& path, const std::string& password, std::string_view statements) {
+  CreateDatabaseFile(path.native(), password);
+  std::string text = "Provider=SQLite;Data Source=" + QuotedConnectionValue(path.native());
+  if (!password.empty()) text += ";Password=" + QuotedConnectionValue(password);
+  const auto connection = MakeRef<Connection>();
+  connection->Open(text);
+  Fill(*connection, statements);
+  connection->Close();
+  // Closing writes the log into the file and removes it; a log that is still there holds what the file lacks.
+  if (NameIsTaken(WithEnding(path, "-wal")))
+    throw Failure(kRefused, "The new database could not be written completely.");
+}
+
+}  // namespace
+
+void CreateDatabase(const std::string& file, const std::string& password, const std::string& schema) {
+  CreateDatabaseFrom(std::string(schema::Text(schema)), file, password);
+}
+
+void CreateDatabaseFrom(const std::string& statements, const std::string& file, const std::string& password) {
+  const fs::path place(file);
+  RequireFreePlace(place);
+  const TemporaryFile temporary(place);
+  try {
+    MakeDatabase(temporary.path(), password, statements);
+  } catch (const RunTimeError& failure) {
+    throw Failure(kRefused, failure.description());
+  }
+  PlaceFile(temporary.path(), place);
+}
+
+}  // namespace zef::client

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "client/rule.h"
+#include "platform/date.h"
+
+namespace zef::client {
+
+/// The kinds of item that a folder holds, as the database numbers them.
+enum FolderKind : std::int32_t { kContacts = 1, kTasks = 2, kNotes = 3, kEvents = 4, kAlarms = 6 };
+
+struct DatabaseInfo {
+  std::string version{};
+  bool encrypted = false;
+  std::int32_t folders = 0;
+  std::int32_t tasks = 0;
+  std::int32_t events = 0;
+};
+
+struct FolderInfo {
+  std::int32_t id = 0;
+  std::int32_t parent = 0;  ///< 0 for a root folder
+  std::int32_t kind = 0;    ///< a `FolderKind`, or any other number
+  bool is_protected = false;
+  bool shows_all = false;  ///< a folder that stands for the tasks or events of all folders
+  std::string name{};
+  std::string description{};
+};
+
+struct TaskInfo {
+  std::int32_t id = 0;
+  std::int32_t folder = 0;
+  std::string name{};
+  std::string description{};
+  std::string assigned_to{};
+  std::string priority{};
+  Date start{};  ///< the empty date for none, here and below
+  Date due{};
+  bool done = false;
+  RuleSpec rule{};
+};
+
+struct EventInfo {
+  std::int32_t id = 0;
+  std::int32_t folder = 0;
+  std::string text{};
+  std::string location{};
+  Date start{};
+  Date end{};
+  std::int32_t reminder = -1;  ///< negative for none
+  std::string type{};          ///< "E" an entry, "A" anniversary, "B" birthday, "T" a task's due date
+  std::int32_t link = 0;       ///< the contact or task of a generated event
+  RuleSpec rule{};
+};
+
+/// An open database. Every operation raises a `Failure` with exit status `kRefused` and the library's sentence if it
+/// cannot be done.
+class Store {
+ public:
+  /// Opens a file; an empty password means an unprotected one.
+  Store(const std::string& file, const std::string& password);
+  ~Store();
+  Store(const Store&) = delete;
+  Store& operator=(const Store&) = delete;
+
+  DatabaseInfo Info();
+  /// Raises unless the tables are those that the operations below need.
+  void RequireCurrentVersion();
+
+  /// All folders by name.
+  std::vector<FolderInfo> Folders();
+  /// The folder with an identifier or, if there is none, with a name in any letter case; the kind, if given, narrows
+  /// the choice and must fit.
+  FolderInfo Folder(const std::string& id_or_name, std::optional<FolderKind> kind = std::nullopt);
+  /// The folder at the root of the tree that new items of a kind go to.
+  FolderInfo RootFolder(const std::string& name);
+
+  /// These write a new item under the next identifier and give it as it was written.
+  FolderInfo Add(const FolderInfo& folder);
+  TaskInfo Add(const TaskInfo& task);
+  EventInfo Add(const EventInfo& event);
+
+  /// The name of a priority in the spelling of the database's list.
+  std::string Priority(const std::string& name);
+
+  /// The tasks of a folder, or of all, that meet a condition in the library's SQL, or all.
+  std::vector<TaskInfo> Tasks(const std::optional<FolderInfo>& folder, const std::string& condition);
+  std::vector<EventInfo> Events();
+  EventInfo Event(std::int32_t id);
+
+  /// Whether a user has seen the occurrence of an event at exactly this moment.
+  bool IsSeen(std::int32_t event, Date moment, std::int32_t user);
+  void MarkSeen(std::int32_t event, Date moment, std::int32_t user);
+
+ private:
+  class Session;
+  std::unique_ptr<Session> session_;
+};
+
+/// The date of a rule's next occurrence after another one; the empty date if there is none.
+Date NextOccurrence(const RuleSpec& rule, Date after);
+
+}  // namespace zef::client

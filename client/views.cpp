@@ -1,0 +1,119 @@
+#include "client/views.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "client/date_option.h"
+#include "client/rule_text.h"
+#include "client/table.h"
+#include "client/tree.h"
+
+namespace zef::client {
+namespace {
+
+struct Kind {
+  FolderKind number;
+  const char* name;
+};
+
+constexpr Kind kKinds[] = {
+    {kContacts, "contacts"}, {kTasks, "tasks"}, {kNotes, "notes"}, {kEvents, "events"}, {kAlarms, "alarms"},
+};
+
+struct EventKind {
+  const char* type;
+  const char* words;
+};
+
+constexpr EventKind kEventKinds[] = {{"A", "anniversary"}, {"B", "birthday"}, {"T", "due date"}};
+
+Json TextOrNull(const std::string& text) { return text.empty() ? Json(nullptr) : Json(text); }
+
+}  // namespace
+
+std::string KindName(std::int32_t kind) {
+  const auto* const found =
+      std::find_if(std::begin(kKinds), std::end(kKinds), [&](const Kind& known) { return known.number == kind; });
+  return found == std::end(kKinds) ? fmt::format("kind {}", kind) : found->name;
+}
+
+std::int32_t KindNamed(const std::string& name) {
+  const auto* const found =
+      std::find_if(std::begin(kKinds), std::end(kKinds), [&](const Kind& known) { return known.name == name; });
+  return found == std::end(kKinds) ? 0 : found->number;
+}
+
+Json JsonOf(Date date) { return TextOrNull(DateText(date)); }
+
+Json JsonOf(const RuleSpec& rule) {
+  if (rule.type == kNoRule) return nullptr;
+  return Json::Object{{"words", RuleInWords(rule)}, {"type", rule.type},         {"sub_type", rule.sub_type},
+                      {"options1", rule.options1},  {"options2", rule.options2}, {"week_number", rule.week_number},
+                      {"days", rule.days},          {"until", JsonOf(rule.end)}, {"times", rule.occurrences}};
+}
+
+Json::Object JsonOf(const FolderInfo& folder) {
+  return {{"id", folder.id},
+          {"parent", folder.parent},
+          {"name", folder.name},
+          {"description", folder.description},
+          {"kind", KindName(folder.kind)},
+          {"protected", folder.is_protected}};
+}
+
+Json::Object JsonOf(const TaskInfo& task) {
+  return {{"id", task.id},
+          {"folder", task.folder},
+          {"name", task.name},
+          {"description", task.description},
+          {"assigned_to", task.assigned_to},
+          {"priority", task.priority},
+          {"start", JsonOf(task.start)},
+          {"due", JsonOf(task.due)},
+          {"done", task.done},
+          {"rule", JsonOf(task.rule)}};
+}
+
+Json::Object JsonOf(const EventInfo& event) {
+  return {{"id", event.id},
+          {"folder", event.folder},
+          {"text", event.text},
+          {"location", event.location},
+          {"start", JsonOf(event.start)},
+          {"end", JsonOf(event.end)},
+          {"reminder", event.reminder},
+          {"type", event.type},
+          {"link", event.link},
+          {"rule", JsonOf(event.rule)}};
+}
+
+std::string FolderTree(const std::vector<FolderInfo>& folders, bool colour) {
+  std::vector<TreeNode> nodes;
+  for (const FolderInfo& folder : folders) nodes.push_back({folder.id, folder.parent});
+  Table table({{"FOLDER"}, {"ID", Table::Align::Right}, {"HOLDS"}, {""}});
+  for (const TreeLine& line : DrawTree(nodes)) {
+    const FolderInfo& folder = folders[line.node];
+    table.Add({line.branches + folder.name, std::to_string(folder.id), KindName(folder.kind),
+               folder.is_protected ? "protected" : ""});
+  }
+  return table.Text(colour);
+}
+
+std::string TaskTable(const std::vector<TaskInfo>& tasks, bool colour) {
+  if (tasks.empty()) return "No tasks.\n";
+  Table table({{"ID", Table::Align::Right}, {"NAME"}, {"START"}, {"DUE"}, {"REPEATS"}, {"DONE"}});
+  for (const TaskInfo& task : tasks) {
+    table.Add({std::to_string(task.id), task.name, DateText(task.start), DateText(task.due), RuleInWords(task.rule),
+               task.done ? "yes" : "no"});
+  }
+  return table.Text(colour);
+}
+
+std::string EventKindInWords(const std::string& type) {
+  const auto* const found = std::find_if(std::begin(kEventKinds), std::end(kEventKinds),
+                                         [&](const EventKind& kind) { return kind.type == type; });
+  return found == std::end(kEventKinds) ? "" : found->words;
+}
+
+}  // namespace zef::client

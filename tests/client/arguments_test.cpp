@@ -1,0 +1,178 @@
+#include "client/arguments.h"
+
+#include <gmock/gmock.h>
+
+#include <ostream>
+
+#include "tests/client/failure_of.h"
+
+namespace zef::client {
+namespace {
+
+using namespace std::chrono_literals;
+using test::FailureOf;
+using testing::HasSubstr;
+using testing::Optional;
+using testing::StartsWith;
+
+Arguments Read(std::vector<std::string> words) { return std::get<Arguments>(ReadArguments(std::move(words))); }
+std::string Shown(std::vector<std::string> words) { return std::get<std::string>(ReadArguments(std::move(words))); }
+std::string Complaint(std::vector<std::string> words) {
+  return FailureOf([&] { ReadArguments(std::move(words)); });
+}
+
+// ---- commands
+
+struct Spelled {
+  std::vector<std::string> words;
+  Command command;
+
+  friend void PrintTo(const Spelled& spelled, std::ostream* out) {
+    *out << spelled.words[0] << ' ' << spelled.words[1];
+  }
+};
+
+class EveryCommand : public testing::TestWithParam<Spelled> {};
+
+TEST_P(EveryCommand, IsUnderstood) { EXPECT_EQ(Read(GetParam().words).command, GetParam().command); }
+
+TEST_P(EveryCommand, HasHelpThatNamesItsFile) {
+  std::vector<std::string> words = GetParam().words;
+  words.emplace_back("--help");
+  EXPECT_THAT(Shown(words), HasSubstr("FILE"));
+}
+
+TEST_P(EveryCommand, TakesTheGlobalOptionsBehindIt) {
+  std::vector<std::string> words = GetParam().words;
+  words.insert(words.end(), {"--json", "--password", "secret"});
+  const Arguments arguments = Read(words);
+  EXPECT_TRUE(arguments.json && arguments.password == "secret");
+}
+
+TEST_P(EveryCommand, RefusesAnUnknownOption) {
+  std::vector<std::string> words = GetParam().words;
+  words.emplace_back("--bogus");
+  EXPECT_THAT(Complaint(words), testing::AllOf(StartsWith("2: "), HasSubstr("--bogus")));
+}
+
+TEST_P(EveryCommand, RefusesAWordTooMany) {
+  std::vector<std::string> words = GetParam().words;
+  words.emplace_back("surplus");
+  EXPECT_THAT(Complaint(words), testing::AllOf(StartsWith("2: "), HasSubstr("surplus")));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Arguments, EveryCommand,
+    testing::Values(Spelled{{"create", "f"}, Command::Create}, Spelled{{"info", "f"}, Command::Info},
+                    Spelled{{"folders", "f"}, Command::Folders},
+                    Spelled{{"add", "folder", "f", "n"}, Command::AddFolder},
+                    Spelled{{"add", "task", "f", "n"}, Command::AddTask},
+                    Spelled{{"add", "event", "f", "t", "--start", "2024-05-17"}, Command::AddEvent},
+                    Spelled{{"tasks", "f"}, Command::Tasks}, Spelled{{"agenda", "f"}, Command::Agenda},
+                    Spelled{{"seen", "f", "1", "2024-05-17"}, Command::Seen}));
+
+TEST(Arguments, NoCommandIsWrongUseThatTellsThem) {
+  EXPECT_THAT(Complaint({}), StartsWith("2: 'zef' needs a command; there are create, info, "));
+}
+
+TEST(Arguments, UnknownCommandIsWrongUseThatTellsThem) {
+  EXPECT_THAT(Complaint({"bogus"}), StartsWith("2: 'zef' has no command 'bogus'; there are create, info, "));
+}
+
+TEST(Arguments, UnknownThingToAddIsWrongUse) {
+  EXPECT_THAT(Complaint({"add", "note"}),
+              StartsWith("2: 'zef add' has no command 'note'; there are folder, task, event."));
+}
+
+TEST(Arguments, MissingFileIsWrongUse) { EXPECT_THAT(Complaint({"info"}), StartsWith("2: FILE is required")); }
+
+TEST(Arguments, VersionIsShown) { EXPECT_THAT(Shown({"--version"}), StartsWith("zef 9.")); }
+
+TEST(Arguments, HelpOfTheProgramNamesTheCommands) { EXPECT_THAT(Shown({"--help"}), HasSubstr("  agenda ")); }
+
+TEST(Arguments, GlobalOptionsMayStandInFrontOfTheCommand) { EXPECT_TRUE(Read({"--json", "info", "f"}).json); }
+
+TEST(Arguments, EmptyPasswordIsWrongUse) {
+  EXPECT_THAT(Complaint({"info", "f", "--password", ""}), StartsWith("2: --password: the password is empty"));
+}
+
+TEST(Arguments, TextThatIsNotUtf8IsWrongUse) {
+  EXPECT_EQ(Complaint({"add", "task", "f", "\xff"}), "2: An argument is not UTF-8 text.");
+}
+
+TEST(Arguments, BothSpellingsOfColourAreUnderstood) {
+  EXPECT_TRUE(Read({"info", "f", "--no-colour"}).no_colour && Read({"info", "f", "--no-color"}).no_colour);
+}
+
+// ---- names
+
+TEST(Arguments, NameMayBeThatOfACommand) { EXPECT_EQ(Read({"add", "task", "f", "folder"}).name, "folder"); }
+
+TEST(Arguments, NameMayLookLikeAnOptionBehindTwoHyphens) {
+  EXPECT_EQ(Read({"add", "task", "f", "--", "--json"}).name, "--json");
+}
+
+TEST(Arguments, FileMayBeCalledLikeACommand) { EXPECT_EQ(Read({"info", "info"}).file, "info"); }
+
+// ---- intervals
+
+TEST(Arguments, IntervalMayBeTwoWords) {
+  EXPECT_THAT(Read({"add", "task", "f", "n", "--every", "2", "weeks"}).rule.every, Optional(std::string("2 weeks")));
+}
+
+TEST(Arguments, IntervalMayBeOneQuotedWord) {
+  EXPECT_THAT(Read({"add", "task", "f", "n", "--every", "2 weeks"}).rule.every, Optional(std::string("2 weeks")));
+}
+
+TEST(Arguments, IntervalDoesNotSwallowTheFile) {
+  EXPECT_EQ(Read({"add", "task", "--every", "week", "f", "n"}).file, "f");
+}
+
+TEST(Arguments, TwoWordIntervalMayStandInFrontOfTheFile) {
+  EXPECT_EQ(Read({"add", "task", "--every", "2", "weeks", "f", "n"}).file, "f");
+}
+
+TEST(Arguments, WordsBehindTwoHyphensAreNotJoined) { EXPECT_EQ(Read({"add", "task", "--", "--every", "2"}).name, "2"); }
+
+// ---- values
+
+TEST(Arguments, DatesAreRead) {
+  EXPECT_THAT(Read({"add", "task", "f", "n", "--due", "2024-05-17 09:00"}).due, Optional(Date(2024y / 5 / 17, 32400)));
+}
+
+TEST(Arguments, WrongDateIsToldByItsOption) {
+  EXPECT_THAT(Complaint({"add", "task", "f", "n", "--due", "soon"}), StartsWith("2: --due: 'soon' is no date."));
+}
+
+TEST(Arguments, WrongDateArgumentIsToldByItsName) {
+  EXPECT_THAT(Complaint({"seen", "f", "1", "soon"}), StartsWith("2: DATE: 'soon' is no date."));
+}
+
+TEST(Arguments, MonthIsRead) { EXPECT_THAT(Read({"agenda", "f", "--month", "2024-05"}).month, Optional(2024y / 5)); }
+
+TEST(Arguments, EventWithoutAStartIsWrongUse) {
+  EXPECT_THAT(Complaint({"add", "event", "f", "t"}), StartsWith("2: --start is required"));
+}
+
+TEST(Arguments, ReminderMayBeNegative) {
+  EXPECT_EQ(Read({"add", "event", "f", "t", "--start", "2024-05-17", "--reminder", "-5"}).reminder, -5);
+}
+
+TEST(Arguments, NumberBeyond32BitsIsWrongUse) {
+  EXPECT_THAT(Complaint({"seen", "f", "2147483648", "2024-05-17"}), StartsWith("2: "));
+}
+
+TEST(Arguments, NoDaysAtAllAreWrongUse) {
+  EXPECT_THAT(Complaint({"agenda", "f", "--days", "0"}), StartsWith("2: --days: "));
+}
+
+TEST(Arguments, UnknownKindOfFolderIsWrongUseThatTellsTheKinds) {
+  EXPECT_THAT(Complaint({"add", "folder", "f", "n", "--kind", "files"}), HasSubstr("alarms"));
+}
+
+TEST(Arguments, UnknownSchemaIsWrongUseThatTellsTheVersions) {
+  EXPECT_THAT(Complaint({"create", "f", "--schema", "8"}), HasSubstr("9.2.4"));
+}
+
+}  // namespace
+}  // namespace zef::client

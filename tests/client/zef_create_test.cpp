@@ -1,0 +1,87 @@
+#include <gmock/gmock.h>
+
+#include <fstream>
+
+#include "tests/client/run_zef.h"
+
+namespace zef::test {
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+
+using ZefCreateTest = ZefTest;
+
+TEST_F(ZefCreateTest, TellsWhatItMade) {
+  EXPECT_EQ(Printed({"create", "new.db"}), "Made new.db with the tables of version 9.2.4.\n");
+}
+
+TEST_F(ZefCreateTest, TellsWhatItMadeAsJson) {
+  EXPECT_EQ(Printed({"create", "new.db", "--json"}),
+            "{\"file\": \"new.db\", \"schema\": \"9.2.4\", \"encrypted\": false}\n");
+}
+
+TEST_F(ZefCreateTest, ExistingFileIsRefused) {
+  EXPECT_EQ(Complaint(1, {"create", "people.db"}), "zef: 'people.db' exists already.\n");
+}
+
+TEST_F(ZefCreateTest, NewDatabaseHasTheSystemFoldersAndNothingElse) {
+  EXPECT_EQ(Printed({"info", "people.db"}),
+            "File       people.db\nVersion    9.2.4\nEncrypted  no\nFolders    12\nTasks      0\nEvents     0\n");
+}
+
+TEST_F(ZefCreateTest, InfoIsToldAsJson) {
+  EXPECT_EQ(Printed({"info", "people.db", "--json"}),
+            "{\"file\": \"people.db\", \"version\": \"9.2.4\", \"encrypted\": false, \"folders\": 12, \"tasks\": 0, "
+            "\"events\": 0}\n");
+}
+
+TEST_F(ZefCreateTest, OlderSchemaIsMadeAndTold) {
+  Zef({"create", "old.db", "--schema", "9.1"});
+  EXPECT_THAT(Printed({"info", "old.db"}), HasSubstr("Version    9.1.0\n"));
+}
+
+TEST_F(ZefCreateTest, OlderSchemaIsRefusedByCommandsThatNeedTheNewOne) {
+  Zef({"create", "old.db", "--schema", "9.1"});
+  EXPECT_THAT(Complaint(1, {"folders", "old.db"}),
+              HasSubstr("has version '9.1.0'; it must be upgraded to 9.2.4 first."));
+}
+
+class ZefPasswordTest : public ZefTest {
+ protected:
+  ZefPasswordTest() {
+    if (Zef({"create", "secret.db", "--password", "p;'w\""}).status != 0) unavailable_ = true;
+  }
+  void SetUp() override {
+    if (unavailable_) GTEST_SKIP() << "this build has no encryption";
+  }
+
+ private:
+  bool unavailable_ = false;
+};
+
+TEST_F(ZefPasswordTest, FileShowsNothingOfItsContent) {
+  std::ifstream file(File("secret.db"), std::ios::binary);
+  const std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+  EXPECT_EQ(bytes.find("Calendar"), std::string::npos);
+}
+
+TEST_F(ZefPasswordTest, RightPasswordOpens) {
+  EXPECT_THAT(Printed({"info", "secret.db", "--password", "p;'w\""}), HasSubstr("Encrypted  yes\n"));
+}
+
+TEST_F(ZefPasswordTest, WrongPasswordIsRefused) {
+  EXPECT_EQ(Complaint(1, {"info", "secret.db", "--password", "other"}),
+            "zef: The password of the database is wrong.\n");
+}
+
+TEST_F(ZefPasswordTest, MissingPasswordIsRefused) {
+  EXPECT_THAT(Complaint(1, {"folders", "secret.db"}), HasSubstr("The database is protected"));
+}
+
+TEST_F(ZefPasswordTest, PasswordForAnOpenFileIsRefused) {
+  EXPECT_THAT(Complaint(1, {"folders", "people.db", "--password", "p"}), HasSubstr("this database has none"));
+}
+
+}  // namespace
+}  // namespace zef::test
