@@ -183,7 +183,9 @@ void Change::ConvertValues(const std::string& table, const sql::ColumnInfo& old,
     if (known.type == column.type && known.type != old.type) converted = std::string(known.function) + "(" + name + ")";
   }
   if (converted.empty()) return;
-  Run("UPDATE " + QuotedName(table) + " SET " + name + " = " + converted + " WHERE " + name + " IS NOT " + converted);
+  // A comparison alone would convert one side to the column's new kind first.
+  Run("UPDATE " + QuotedName(table) + " SET " + name + " = " + converted + " WHERE typeof(" + name + ") <> typeof(" +
+      converted + ") OR " + name + " IS NOT " + converted);
 }
 
 TableText Change::StoredText(const std::string& table) {
@@ -199,8 +201,7 @@ TableText Change::StoredText(const std::string& table) {
 /// what is stored in the rows; the new text is parsed again before the transaction can be committed.
 void Change::ReplaceText(const std::string& table, const TableText& text) {
   Run("PRAGMA writable_schema=ON");
-  const StatementHandle statement =
-      PrepareOwn(db_, "UPDATE sqlite_schema SET sql=?2 WHERE type='table' AND name=?1");
+  const StatementHandle statement = PrepareOwn(db_, "UPDATE sqlite_schema SET sql=?2 WHERE type='table' AND name=?1");
   const std::string changed = text.Text();
   sqlite3_bind_text(statement.get(), 1, table.data(), static_cast<int>(table.size()), SQLITE_STATIC);
   sqlite3_bind_text(statement.get(), 2, changed.data(), static_cast<int>(changed.size()), SQLITE_STATIC);

@@ -14,8 +14,8 @@ struct FinalizeStatement {
 };
 using StatementHandle = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
-/// Prepares a statement of a client's. It reports a changed schema instead of being prepared anew behind our back: what was
-/// worked out for the old columns must not be used for new ones.
+/// Prepares a statement of a client's. It reports a changed schema instead of being prepared anew behind our back: what
+/// was worked out for the old columns must not be used for new ones.
 StatementHandle PrepareForClient(sqlite3* db, std::string_view text);
 /// Prepares a statement of the engine's own, which any change of the schema leaves as it is.
 StatementHandle PrepareOwn(sqlite3* db, std::string_view text);
