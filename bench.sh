@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds the benchmarks and runs them. Usage: bench.sh [arguments for the benchmark program]
+# Builds the benchmarks and runs them. Usage: bench.sh [--quick] [further arguments of the
+# benchmark program, such as --benchmark_filter=Load]
 set -euo pipefail
 cd "$(dirname "$0")"
 

@@ -12,5 +12,5 @@ pkg_check_modules(libical REQUIRED IMPORTED_TARGET libical)
 
 add_executable(zef_bench ${bench_sources})
 target_link_libraries(zef_bench PRIVATE
-  zefcore zefschema zef::engine PkgConfig::libical benchmark::benchmark benchmark::benchmark_main zef_warnings)
+  zefcore zefschema zef::engine PkgConfig::libical benchmark::benchmark zef_warnings)
 set_target_properties(zef_bench PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}")

@@ -22,10 +22,15 @@ Date ToDate(const std::tm& local) {
 
 Date Now() {
   if (current_override) return current_override();
-  const std::time_t seconds = std::time(nullptr);
+  // Working out the local time costs more than a record; records ask many times in one second.
+  thread_local std::time_t last_second = -1;
+  thread_local Date last;
+  const std::time_t second = std::time(nullptr);
+  if (second == last_second) return last;
   std::tm local{};
-  localtime_r(&seconds, &local);
-  return ToDate(local);
+  localtime_r(&second, &local);
+  last_second = second;
+  return last = ToDate(local);
 }
 
 ClockOverride::ClockOverride(std::function<Date()> now) : previous_(std::exchange(current_override, std::move(now))) {}

@@ -52,6 +52,8 @@ class KeyedList {
 
   /// Appends an item; raises 457 if the key exists.
   void Add(std::string key, T item);
+  /// Appends an item; false, and nothing changes, if the key exists.
+  bool TryAdd(std::string key, T item);
   /// The item at a position from 1; raises 9 outside the list. The reference is good until the list changes.
   const T& Item(std::int32_t position) const { return entries_[Checked(position)].item; }
   /// The item of a key; raises 5 for an unknown one.
@@ -84,10 +86,16 @@ class KeyedList {
 
 template <class T>
 void KeyedList<T>::Add(std::string key, T item) {
-  if (Contains(key)) throw RunTimeError(FailureNumber::KeyExists);
+  if (!TryAdd(std::move(key), std::move(item))) throw RunTimeError(FailureNumber::KeyExists);
+}
+
+template <class T>
+bool KeyedList<T>::TryAdd(std::string key, T item) {
+  if (Contains(key)) return false;
   if (2 * (used_slots_ + 1) > slots_.size()) Grow();
   entries_.push_back({std::move(key), std::move(item)});
   Occupy(entries_.back().key, static_cast<Slot>(entries_.size()));
+  return true;
 }
 
 template <class T>

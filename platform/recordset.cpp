@@ -158,6 +158,8 @@ std::int32_t Recordset::RecordCount() {
 std::span<const int> Recordset::Positions(ColumnNames names) const { return OpenShape().Positions(names); }
 
 Value Recordset::ValueAt(int position) const {
+  // Reading rows is what record sets mostly do; a cursor behind its end raises by itself.
+  if (cursor_ && pending_.empty() && written_.empty() && !adding_) return cursor_->Get(position);
   RequireRow();
   if (const Value* value = FindField(pending_, position)) return *value;
   return StoredValue(position);

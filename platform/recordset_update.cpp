@@ -32,20 +32,24 @@ void Recordset::InsertRow() {
 void Recordset::UpdateRow() {
   const RowShape& shape = OpenShape();
   const sql::CompiledStatement& statement = shape.statement();
-  std::string text = "UPDATE [" + statement.table + "] SET ";
+  std::string text;
+  text.reserve(128);
+  text.append("UPDATE [").append(statement.table).append("] SET ");
   std::vector<Value> values;
+  values.reserve(pending_.size() + 2);
   for (const auto& [position, value] : pending_) {
-    text += (values.empty() ? "[" : ",[") + shape.columns()[static_cast<std::size_t>(position)].name + "]=?";
+    text.append(values.empty() ? "[" : ",[").append(shape.columns()[static_cast<std::size_t>(position)].name);
+    text.append("]=?");
     values.push_back(value);
   }
   text += " WHERE ";
   if (statement.hidden_row_id) {
-    text += "[" + statement.row_id + "]=?";
+    text.append("[").append(statement.row_id).append("]=?");
     values.push_back(StoredValue(static_cast<int>(shape.columns().size())));
   }
   for (std::size_t i = 0; i < statement.key_columns.size() && !statement.hidden_row_id; ++i) {
     const std::size_t key = statement.key_columns[i];
-    text += (i == 0 ? "[" : " AND [") + shape.columns()[key].name + "]=?";
+    text.append(i == 0 ? "[" : " AND [").append(shape.columns()[key].name).append("]=?");
     values.push_back(StoredValue(static_cast<int>(key)));
   }
   if (Write(*connection_, text, values) == 0) throw RunTimeError(FailureNumber::RowVanished);

@@ -101,7 +101,6 @@ Ref<Plan> SqlEngine::PlanOf(const Command& command) {
   const std::string key = shape_.key;
   shape_.key.resize(key.size() - kOptionBytes);
   sql::CompiledStatement compiled = sql::Compile(sql::Parse(shape_), shape_, *this, SqlDialect(), command.options);
-  if (compiled.hidden_row_id) compiled.row_id = SqlDialect().RowId();
   shape_.key = key;
   auto plan = MakeRef<Plan>(std::move(compiled));
   if (plan->shape.statement().cacheable) plans_.Add(key, plan);

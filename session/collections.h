@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <variant>
 
 #include "platform/keyed_list.h"
@@ -30,11 +29,7 @@ class Collection : public RefCounted<Collection<Element>> {
   /// Adds at the end. False, and nothing is recorded anywhere, if an element with that `ID` is present or there is no
   /// element.
   bool Add(const Ref<Element>& element) {
-    if (!element) return false;
-    std::string key = SqlNumber(element->ID);
-    if (elements_.Contains(key)) return false;
-    elements_.Add(std::move(key), element);
-    return true;
+    return element && elements_.TryAdd(SqlNumber(element->ID), element);
   }
   /// Raises 9 for a position outside 1 to `Count`.
   const Ref<Element>& ItemByIdx(std::int32_t Index) const { return elements_.Item(Index); }

@@ -23,6 +23,18 @@ std::string RowIdOf(const Writing& writing, const std::string& source) {
   return Quoted(source) + "." + writing.dialect().RowId();
 }
 
+/// True if a join stands on the right side of another one.
+bool HasBrackets(const Source& from) { return from.left && (from.right->left || HasBrackets(*from.left)); }
+
+/// The row identifier of one of the joined sources. Engines do not see it through brackets, so there the table must
+/// hand it out as a column.
+std::string FoundRowId(const Writing& writing, const Source& from, Scope& scope, const ScopeSource& target) {
+  if (!HasBrackets(from)) return RowIdOf(writing, target.name);
+  scope.Rewrite(target, "(SELECT " + writing.dialect().RowId() + " AS " + Quoted(kFoundRow) + ", * FROM " +
+                            Quoted(target.table->name) + ") AS " + Quoted(target.name));
+  return Quoted(target.name) + "." + Quoted(kFoundRow);
+}
+
 const TableInfo& Changeable(const ScopeSource& source, std::size_t place) {
   if (source.table != nullptr) return *source.table;
   RaiseAt(FailureNumber::StatementError, "A select in brackets cannot be changed", place);
@@ -73,7 +85,7 @@ class UpdateWriter {
 
   std::string OfJoinedSources() {
     std::string list;
-    std::string values = RowIdOf(writing_, target_->name) + " AS " + Quoted(kFoundRow);
+    std::string values = FoundRowId(writing_, *update_.target, scope_, *target_) + " AS " + Quoted(kFoundRow);
     for (std::size_t i = 0; i < assigned_.size(); ++i) {
       const std::string name = Quoted("v" + std::to_string(i + 1));
       AppendItem(values, expressions_.Stored(*assigned_[i].value, *assigned_[i].column) + " AS " + name);
@@ -122,7 +134,7 @@ class DeleteWriter {
   }
 
   std::string OfJoinedSources(const ScopeSource& target, const TableInfo& table) {
-    const std::string rows = "SELECT " + RowIdOf(writing_, target.name) + " FROM " +
+    const std::string rows = "SELECT " + FoundRowId(writing_, *remove_.from, scope_, target) + " FROM " +
                              WriteFrom(*remove_.from, scope_, expressions_) +
                              OptionalWhere(expressions_, remove_.where);
     return "DELETE FROM " + Quoted(table.name) + " WHERE " + writing_.dialect().RowId() + " IN (" + rows + ")";

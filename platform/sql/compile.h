@@ -37,7 +37,7 @@ struct CompiledStatement {
   std::string table;
   std::vector<std::size_t> key_columns;  ///< result columns that form the primary key
   bool hidden_row_id = false;            ///< the row identifier follows behind the last column
-  std::string row_id;                     ///< its name; empty without one
+  std::string row_id;                    ///< its name; empty without one
   bool cacheable = true;                 ///< false if a literal stands in the text itself (ORDER BY 2)
 };
 
@@ -49,9 +49,10 @@ class Dialect {
   virtual std::string Parameter(std::size_t n) const = 0;
   /// The pseudo column that identifies a row: "rowid" or "ctid".
   virtual std::string RowId() const = 0;
-  /// A comparison of two text expressions by the dialect's rules; `op` is =, <>, <, <=, > or >=. `indexed_column` tells
-  /// that `left` is a column that leads an index and `right` a parameter that is a plain ASCII text, so that a search
-  /// by equality must be written to use it.
+  /// A comparison of two text expressions by the dialect's rules; `op` is =, <>, <, <=, > or >=, or IN with a list or
+  /// select in brackets as `right`. `indexed_column` tells that `left` is a column that leads an index and ignores the
+  /// case of ASCII letters, and `right` a parameter that is a plain ASCII text (or a list of at most 100 of them), so
+  /// that a search by equality must be written to use the index.
   virtual std::string CompareTexts(const std::string& left, const std::string& op, const std::string& right,
                                    bool indexed_column) const = 0;
   /// A text expression as it must stand in ORDER BY, GROUP BY, DISTINCT, IN and Min/Max to follow the dialect's rules.

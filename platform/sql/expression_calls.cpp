@@ -31,7 +31,8 @@ int Rank(Type type) { return static_cast<int>(type); }
 Type CommonType(Type a, Type b) {
   if (a == b) return a;
   if (a == Type::Unknown || b == Type::Unknown) return Type::Unknown;
-  if (IsText(a) || IsText(b)) return Comparable(a, Type::Binary) || Comparable(b, Type::Binary) ? Type::Unknown : Type::Text;
+  if (IsText(a) || IsText(b))
+    return Comparable(a, Type::Binary) || Comparable(b, Type::Binary) ? Type::Unknown : Type::Text;
   const bool numbers = IsNumber(a) && IsNumber(b);
   if (!numbers) return Type::Unknown;
   const Type wider = Rank(a) > Rank(b) ? a : b;

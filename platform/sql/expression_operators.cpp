@@ -19,18 +19,25 @@ bool IsOneOf(std::string_view name, std::initializer_list<std::string_view> name
 }
 
 Type NumberType(const std::vector<Operand>& sides) {
-  const bool whole = std::all_of(sides.begin(), sides.end(), [](const Operand& side) {
-    return IsNumber(side.type) && side.type != Type::Double;
-  });
+  const bool whole = std::all_of(sides.begin(), sides.end(),
+                                 [](const Operand& side) { return IsNumber(side.type) && side.type != Type::Double; });
   return whole ? Type::Long : Type::Double;
 }
 
 /// A date moved by a number is a date; the distance of two dates is a number.
 Type SumType(const std::string& op, const std::vector<Operand>& sides) {
-  const auto dates = std::count_if(sides.begin(), sides.end(), [](const Operand& side) { return side.type == Type::Date; });
+  const auto dates =
+      std::count_if(sides.begin(), sides.end(), [](const Operand& side) { return side.type == Type::Date; });
   if (dates == 0) return NumberType(sides);
   const bool distance = op == "-" && sides[1].type == Type::Date;
   return distance ? Type::Double : Type::Date;
+}
+
+constexpr std::size_t kMostIndexedTexts = 100;
+
+/// True if an index of the column serves searches for plain ASCII texts.
+bool ServesTexts(const Operand& operand) {
+  return operand.column != nullptr && operand.column->leads_index && operand.column->ignores_case;
 }
 
 bool HasText(const std::vector<Operand>& sides) {
@@ -42,8 +49,8 @@ bool HasText(const std::vector<Operand>& sides) {
 /// How a calculation is written: by the engine's operator or by a helper.
 struct ExpressionWriter::Arithmetic {
   std::string_view name;
-  Binding binding;
   std::string_view helper;
+  Binding binding;
   Type result;  ///< Unknown: by the rules of sums
 };
 
@@ -99,8 +106,8 @@ Operand ExpressionWriter::Comparing(const Operand& left, const std::string& op, 
                                     bool indexed) const {
   const std::string subject = Bracketed(left, Binding::Sum);
   const bool texts = IsText(left.type);
-  const std::string text = texts ? writing_.dialect().CompareTexts(subject, op, right, indexed)
-                                 : subject + " " + op + " " + right;
+  const std::string text =
+      texts ? writing_.dialect().CompareTexts(subject, op, right, indexed) : subject + " " + op + " " + right;
   return ConditionOf(text, Binding::Comparison);
 }
 
@@ -111,7 +118,7 @@ Operand ExpressionWriter::Compared(const Expr& expr, const Operand& left, const 
   const bool special = left.row_id || right.row_id || left.null || right.null;
   const bool may_be_text = right.type == Type::Unknown || IsText(right.type);
   if (left.type == Type::Unknown && may_be_text && !special) subject.type = Type::Text;
-  const bool indexed = left.column != nullptr && left.column->leads_index && right.plain_ascii;
+  const bool indexed = ServesTexts(left) && right.plain_ascii;
   return Comparing(subject, op, Bracketed(right, Binding::Sum), indexed);
 }
 
@@ -143,13 +150,10 @@ Operand ExpressionWriter::Concatenation(const Expr& expr) {
 
 Operand ExpressionWriter::Calculation(const Expr& expr) {
   static constexpr Arithmetic kOperators[] = {
-      {"+", Binding::Sum, {}, Type::Unknown},
-      {"-", Binding::Sum, {}, Type::Unknown},
-      {"*", Binding::Product, {}, Type::Long},
-      {"/", Binding::Whole, "divide", Type::Double},
-      {"\\", Binding::Whole, "int_divide", Type::Long},
-      {"MOD", Binding::Whole, "modulo", Type::Long},
-      {"^", Binding::Whole, "power", Type::Double},
+      {"+", {}, Binding::Sum, Type::Unknown},           {"-", {}, Binding::Sum, Type::Unknown},
+      {"*", {}, Binding::Product, Type::Long},          {"/", "divide", Binding::Whole, Type::Double},
+      {"\\", "int_divide", Binding::Whole, Type::Long}, {"MOD", "modulo", Binding::Whole, Type::Long},
+      {"^", "power", Binding::Whole, Type::Double},
   };
   const auto* const op = std::find_if(std::begin(kOperators), std::end(kOperators),
                                       [&](const Arithmetic& candidate) { return candidate.name == expr.name; });
@@ -193,14 +197,13 @@ Operand ExpressionWriter::Between(const Expr& expr) {
 Operand ExpressionWriter::InList(const Expr& expr) {
   const Operands sides = Alike(expr.args);
   std::string list;
-  bool plain = true;
+  bool plain = sides.size() <= kMostIndexedTexts + 1;
   for (std::size_t i = 1; i < sides.size(); ++i) {
     RequireComparable(expr, sides[0], sides[i]);
     AppendItem(list, sides[i].text);
     plain = plain && sides[i].plain_ascii;
   }
-  const bool indexed = plain && sides[0].column != nullptr && sides[0].column->leads_index;
-  const Operand found = Comparing(sides[0], "IN", "(" + list + ")", indexed);
+  const Operand found = Comparing(sides[0], "IN", "(" + list + ")", plain && ServesTexts(sides[0]));
   return expr.negated ? ConditionOf("NOT (" + found.text + ")", Binding::Not) : found;
 }
 

@@ -17,8 +17,9 @@ Type TypeOf(LiteralKind kind) {
   }
 }
 
-/// What a literal of type `own` (or a placeholder, `Unknown`) is converted to before it meets a value of type `wanted`. Numbers and dates meet as
-/// they are; a text or placeholder meets any number as a double, so that nothing is rounded away.
+/// What a literal of type `own` (or a placeholder, `Unknown`) is converted to before it meets a value of type `wanted`.
+/// Numbers and dates meet as they are; a text or placeholder meets any number as a double, so that nothing is rounded
+/// away.
 Type Meeting(Type own, Type wanted) {
   if (IsText(wanted)) return IsText(own) ? Type::Unknown : Type::Text;
   const bool adapts = IsText(own) || own == Type::Unknown;
@@ -83,8 +84,8 @@ std::string ExpressionWriter::Stored(const Operand& value, const ColumnInfo& col
   if (value.null && column.required) RaiseNeedsValue(column, place);
   const bool bytes = column.type == Type::Binary || value.type == Type::Binary;
   if (bytes && !Comparable(value.type, column.type)) {
-    RaiseAt(FailureNumber::TypesDoNotConvert, "The value does not convert to the type of the column '" + column.name + "'",
-            place);
+    RaiseAt(FailureNumber::TypesDoNotConvert,
+            "The value does not convert to the type of the column '" + column.name + "'", place);
   }
   std::string text = value.text;
   if (!FitsAsItIs(value, column) && !Converter(column.type).empty()) {
@@ -140,7 +141,10 @@ Operand ExpressionWriter::Parameter(const Expr& expr, Type wanted) {
 }
 
 Operand ExpressionWriter::Column(const Expr& expr) const {
-  const FoundColumn found = scope_.Find(expr, writing_.dialect().RowId());
+  return Reference(scope_.Find(expr, writing_.dialect().RowId()));
+}
+
+Operand ExpressionWriter::Reference(const FoundColumn& found) const {
   Operand operand;
   operand.text = found.column == nullptr ? writing_.dialect().RowId() : Quoted(found.column->name);
   if (found.qualified) operand.text = Quoted(found.source->name) + "." + operand.text;

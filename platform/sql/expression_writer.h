@@ -31,6 +31,8 @@ class ExpressionWriter {
   /// Aggregates may stand in what is written from here on, or not.
   void AllowAggregates(bool allow) { aggregates_allowed_ = allow; }
   bool saw_aggregate() const { return saw_aggregate_; }
+  /// A column that was found before.
+  Operand Reference(const FoundColumn& found) const;
 
  private:
   using Operands = std::vector<Operand>;

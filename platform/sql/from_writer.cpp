@@ -43,7 +43,8 @@ void AddSelect(Writing& writing, const Source& source, const Scope* outer, Scope
 /// Walks the sources in the order in which they were added.
 class FromWriter {
  public:
-  FromWriter(const Scope& scope, ExpressionWriter& expressions) : next_(scope.sources().begin()), expressions_(expressions) {}
+  FromWriter(const Scope& scope, ExpressionWriter& expressions)
+      : next_(scope.sources().begin()), expressions_(expressions) {}
 
   /// A comma binds more loosely than JOIN to some engines, so below a join it is written as one.
   std::string Write(const Source& source, bool below_join) {

@@ -60,7 +60,7 @@ constexpr FunctionRow kFunctions[] = {
 };
 
 constexpr AggregateRow kAggregates[] = {
-    {"COUNT", Type::Long, false}, {"SUM", Type::Double, true},   {"AVG", Type::Double, true},
+    {"COUNT", Type::Long, false},  {"SUM", Type::Double, true},   {"AVG", Type::Double, true},
     {"MIN", Type::Unknown, false}, {"MAX", Type::Unknown, false},
 };
 
@@ -78,9 +78,8 @@ const FunctionRow* FindFunction(std::string_view name, std::size_t count, std::s
 }
 
 const AggregateRow* FindAggregate(std::string_view name) {
-  const auto* const row = std::find_if(std::begin(kAggregates), std::end(kAggregates), [name](const AggregateRow& one) {
-    return text::EqualNames(one.name, name);
-  });
+  const auto* const row = std::find_if(std::begin(kAggregates), std::end(kAggregates),
+                                       [name](const AggregateRow& one) { return text::EqualNames(one.name, name); });
   return row == std::end(kAggregates) ? nullptr : row;
 }
 

@@ -23,7 +23,7 @@ struct FunctionRow {
 
 struct AggregateRow {
   std::string_view name;
-  Type result;          ///< Unknown: that of the argument
+  Type result;  ///< Unknown: that of the argument
   bool needs_number;
 };
 

@@ -19,8 +19,8 @@ class InsertWriter {
     RequireNeededColumns();
     CompiledStatement& result = writing_.result();
     result.kind = CompiledStatement::Kind::Insert;
-    result.text = "INSERT INTO " + Quoted(table_.name) + " (" + ColumnList() + ") " +
-                  (insert_.select ? FromSelect() : Values());
+    result.text =
+        "INSERT INTO " + Quoted(table_.name) + " (" + ColumnList() + ") " + (insert_.select ? FromSelect() : Values());
   }
 
  private:
@@ -68,7 +68,8 @@ class InsertWriter {
     const Scope scope(nullptr);
     ExpressionWriter expressions(writing_, scope);
     std::string list;
-    for (std::size_t i = 0; i < columns_.size(); ++i) AppendItem(list, expressions.Stored(*insert_.values[i], *columns_[i]));
+    for (std::size_t i = 0; i < columns_.size(); ++i)
+      AppendItem(list, expressions.Stored(*insert_.values[i], *columns_[i]));
     return "VALUES (" + list + ")";
   }
 

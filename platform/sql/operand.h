@@ -13,7 +13,7 @@ enum class Binding { Or, And, Not, Comparison, Sum, Product, Whole };
 struct Operand {
   std::string text;
   Type type = Type::Unknown;
-  int length = 0;                      ///< most characters of a text, 0 for no limit
+  int length = 0;  ///< most characters of a text, 0 for no limit
   Binding binding = Binding::Whole;
   const ColumnInfo* column = nullptr;  ///< what it is a plain reference of
   bool condition = false;              ///< the engine's own true and false, not yet a Boolean value

@@ -18,6 +18,8 @@ struct ColumnInfo {
   bool required = false;     ///< declared NOT NULL, or part of the primary key
   bool key = false;          ///< part of the primary key
   bool leads_index = false;  ///< first column of an index, so that a search by it need not scan
+  /// Declared so that the engine itself compares it without regard to ASCII letter case (`Text` and `Memo` only).
+  bool ignores_case = false;
 };
 
 struct TableInfo {

@@ -32,6 +32,12 @@ ScopeSource& Scope::Add(ScopeSource source, std::size_t place) {
   return sources_.emplace_back(std::move(source));
 }
 
+void Scope::Rewrite(const ScopeSource& source, std::string text) {
+  const auto own =
+      std::find_if(sources_.begin(), sources_.end(), [&](const ScopeSource& one) { return &one == &source; });
+  own->text = std::move(text);
+}
+
 const ScopeSource* Scope::FindSource(std::string_view name) const {
   const auto found = std::find_if(sources_.begin(), sources_.end(),
                                   [name](const ScopeSource& source) { return text::EqualNames(source.name, name); });

@@ -36,6 +36,8 @@ class Scope {
 
   /// Raises -2147217900 if a source of that name is there already.
   ScopeSource& Add(ScopeSource source, std::size_t place);
+  /// Lets a source of this scope stand in FROM as another text.
+  void Rewrite(const ScopeSource& source, std::string text);
   const std::deque<ScopeSource>& sources() const { return sources_; }
   /// The source of that name, letter case ignored, or null; the scopes around this one are not asked.
   const ScopeSource* FindSource(std::string_view name) const;

@@ -36,20 +36,13 @@ void SelectCore::AddStar(const Expr& star) {
   for (const ScopeSource& source : scope_.sources()) {
     const bool meant = star.qualifier.empty() || text::EqualNames(star.qualifier, source.name);
     if (!meant) continue;
-    for (const ColumnInfo& column : source.info().columns) AddColumn(source, column, star.place);
+    for (const ColumnInfo& column : source.info().columns) {
+      items_.push_back({expressions_.Reference({&source, &column, scope_.qualifies()}), column.name, false});
+    }
   }
   if (items_.size() != before) return;
   if (star.qualifier.empty()) RaiseAt(FailureNumber::StatementError, "A '*' needs a table", star.place);
   RaiseAt(FailureNumber::NoSuchTable, "The table '" + star.qualifier + "' is not known", star.place);
-}
-
-void SelectCore::AddColumn(const ScopeSource& source, const ColumnInfo& column, std::size_t place) {
-  Expr reference;
-  reference.kind = Expr::Kind::Column;
-  reference.qualifier = source.name;
-  reference.name = column.name;
-  reference.place = place;
-  items_.push_back({expressions_.Value(reference), column.name, false});
 }
 
 const SelectedItem* SelectCore::ItemOf(const Expr& expr) const {
@@ -130,7 +123,8 @@ std::string SelectCore::OrderBy() {
 }
 
 std::string SelectCore::Limit() {
-  return select_.top ? " LIMIT " + writing_.Parameter({select_.top->literal, false, Type::Long, 0, true}) : std::string();
+  return select_.top ? " LIMIT " + writing_.Parameter({select_.top->literal, false, Type::Long, 0, true})
+                     : std::string();
 }
 
 }  // namespace zef::sql

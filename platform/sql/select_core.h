@@ -21,8 +21,8 @@ class SelectCore {
   SelectCore(Writing& writing, const Select& select, const Scope* outer, Naming naming);
 
   const std::vector<SelectedItem>& items() const { return items_; }
-  /// The result column of that position, if the expression is an integer literal, or that bears the name as an alias. Null
-  /// for other expressions. Raises -2147217900 for a position that is none.
+  /// The result column of that position, if the expression is an integer literal, or that bears the name as an alias.
+  /// Null for other expressions. Raises -2147217900 for a position that is none.
   const SelectedItem* ItemOf(const Expr& expr) const;
 
   /// One more column behind the others, which is none of the result's.
@@ -39,7 +39,6 @@ class SelectCore {
  private:
   void AddItem(const SelectItem& item);
   void AddStar(const Expr& star);
-  void AddColumn(const ScopeSource& source, const ColumnInfo& column, std::size_t place);
   std::string NameOf(const SelectItem& item, const Operand& value);
 
   std::string Body(bool collated);

@@ -15,7 +15,8 @@ namespace zef {
 /// raises 13 or 6 where that fails.
 class FunctionCall {
  public:
-  FunctionCall(sqlite3_context* context, std::span<sqlite3_value*> arguments) : context_(context), arguments_(arguments) {}
+  FunctionCall(sqlite3_context* context, std::span<sqlite3_value*> arguments)
+      : context_(context), arguments_(arguments) {}
 
   std::size_t count() const { return arguments_.size(); }
   bool IsNull(std::size_t i) const { return KindOf(i) == SQLITE_NULL; }

@@ -95,11 +95,14 @@ void Boolean(FunctionCall& call) { call.ReturnBoolean(ToBoolean(call.Value(0)));
 void Truth(FunctionCall& call) { call.ReturnBoolean(call.Number(0) != 0.0); }
 
 constexpr SqliteFunction kFunctions[] = {
-    {"divide", 2, 2, false, &Divide}, {"int_divide", 2, 2, false, &IntDivide}, {"modulo", 2, 2, false, &Modulo},
-    {"power", 2, 2, false, &Power},   {"abs", 1, 1, false, &Absolute},         {"int", 1, 1, false, &RoundDown},
-    {"fix", 1, 1, false, &CutOff},    {"sgn", 1, 1, false, &Sign},             {"round", 1, 2, false, &Round},
-    {"clng", 1, 1, false, &Long},     {"cint", 1, 1, false, &Integer},         {"cbyte", 1, 1, false, &Byte},
-    {"cdbl", 1, 1, false, &Double},   {"cbool", 1, 1, false, &Boolean},        {"truth", 1, 1, false, &Truth},
+    {"divide", 2, 2, false, &Divide}, {"int_divide", 2, 2, false, &IntDivide},
+    {"modulo", 2, 2, false, &Modulo}, {"power", 2, 2, false, &Power},
+    {"abs", 1, 1, false, &Absolute},  {"int", 1, 1, false, &RoundDown},
+    {"fix", 1, 1, false, &CutOff},    {"sgn", 1, 1, false, &Sign},
+    {"round", 1, 2, false, &Round},   {"clng", 1, 1, false, &Long},
+    {"cint", 1, 1, false, &Integer},  {"cbyte", 1, 1, false, &Byte},
+    {"cdbl", 1, 1, false, &Double},   {"cbool", 1, 1, false, &Boolean},
+    {"truth", 1, 1, false, &Truth},
 };
 
 }  // namespace

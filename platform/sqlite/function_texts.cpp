@@ -99,15 +99,34 @@ void Like(FunctionCall& call) {
   call.ReturnWhole(text::Like(call.Text(0, kept_text), call.Text(1, kept_pattern)) ? 1 : 0);
 }
 
+/// True if the first text equals one of the others.
+void Equals(FunctionCall& call) {
+  std::string kept;
+  std::string kept_other;
+  const std::string_view text = call.Text(0, kept);
+  bool equal = false;
+  for (std::size_t i = 1; i < call.count() && !equal; ++i) equal = text::Compare(text, call.Text(i, kept_other)) == 0;
+  call.ReturnWhole(equal ? 1 : 0);
+}
+
 constexpr SqliteFunction kFunctions[] = {
-    {"instr", 2, 2, false, &InStr},         {"instr_from", 3, 3, false, &InStrFrom},
-    {"left", 2, 2, false, &Left},           {"right", 2, 2, false, &Right},
-    {"mid", 2, 3, false, &Mid},             {"len", 1, 1, false, &Len},
-    {"trim", 1, 1, false, &Trim},           {"ltrim", 1, 1, false, &LeftTrim},
-    {"rtrim", 1, 1, false, &RightTrim},     {"ucase", 1, 1, false, &UpperCase},
-    {"lcase", 1, 1, false, &LowerCase},     {"cstr", 1, 1, false, &Text},
-    {"date_text", 1, 1, false, &DateText},  {"boolean_text", 1, 1, false, &BooleanText},
-    {"concat", -1, -1, true, &Concat},      {"like", 2, 2, false, &Like},
+    {"instr", 2, 2, false, &InStr},
+    {"instr_from", 3, 3, false, &InStrFrom},
+    {"left", 2, 2, false, &Left},
+    {"right", 2, 2, false, &Right},
+    {"mid", 2, 3, false, &Mid},
+    {"len", 1, 1, false, &Len},
+    {"trim", 1, 1, false, &Trim},
+    {"ltrim", 1, 1, false, &LeftTrim},
+    {"rtrim", 1, 1, false, &RightTrim},
+    {"ucase", 1, 1, false, &UpperCase},
+    {"lcase", 1, 1, false, &LowerCase},
+    {"cstr", 1, 1, false, &Text},
+    {"date_text", 1, 1, false, &DateText},
+    {"boolean_text", 1, 1, false, &BooleanText},
+    {"concat", -1, -1, true, &Concat},
+    {"like", 2, 2, false, &Like},
+    {"equals", -1, -1, false, &Equals},
 };
 
 }  // namespace

@@ -50,8 +50,12 @@ std::string Names(const std::vector<std::string>& names) {
   return text;
 }
 
+/// Texts are declared with the one collation of stock SQLite that ignores letter case: searches for plain texts use
+/// indexes through it, and other tools find the same rows.
+std::string Collation(sql::Type type) { return sql::IsText(type) ? " COLLATE NOCASE" : ""; }
+
 std::string ColumnText(const sql::ColumnDefinition& column) {
-  std::string text = QuotedName(column.name) + " " + DeclaredType(column.type, column.length);
+  std::string text = QuotedName(column.name) + " " + DeclaredType(column.type, column.length) + Collation(column.type);
   if (column.required || column.primary_key) text += " NOT NULL";
   if (column.primary_key) text += " PRIMARY KEY";
   if (column.unique) text += " UNIQUE";
@@ -156,7 +160,8 @@ void Change::AlterColumn() {
   const sql::ColumnDefinition& column = change_.columns.front();
   const sql::ColumnInfo& old = Column(table, column.name);
   TableText text = StoredText(table.name);
-  text.ChangeType(old.name, DeclaredType(column.type, column.length));
+  const bool becomes_text = !sql::IsText(old.type) && !old.ignores_case;
+  text.ChangeType(old.name, DeclaredType(column.type, column.length) + (becomes_text ? Collation(column.type) : ""));
   ReplaceText(table.name, text);
   ConvertValues(table.name, old, column);
 }

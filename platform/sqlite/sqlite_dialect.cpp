@@ -6,14 +6,17 @@ std::string SqliteDialect::Parameter(std::size_t n) const { return "?" + std::to
 
 std::string SqliteDialect::RowId() const { return "rowid"; }
 
-/// Beside a plain ASCII text the engine's own NOCASE is exact for rows of plain ASCII, and an index serves it. The few
-/// other rows have an index of their own, which asks for the very same GLOB.
+/// Beside a plain ASCII text the engine's own comparison of such a column is exact for rows of plain ASCII, and an
+/// index serves it. The few other rows have an index of their own, which asks for the very same GLOB; the engine takes
+/// it only with a bound on its column, and none of those texts is empty. A COLLATE anywhere inside would keep the
+/// engine from using an index for each side of the OR, so these rows are compared by a function.
 std::string SqliteDialect::CompareTexts(const std::string& left, const std::string& op, const std::string& right,
                                         bool indexed_column) const {
-  const std::string exact = Collated(left) + " " + op + " " + right;
-  const bool equality = op == "=" || op == "IN";
-  if (!indexed_column || !equality) return exact;
-  return "(" + left + " COLLATE NOCASE " + op + " " + right + " OR (" + left + " GLOB '*[^ -~]*' AND " + exact + "))";
+  const bool list = op == "IN";
+  if (!indexed_column || !(list || op == "=")) return Collated(left) + " " + op + " " + right;
+  const std::string texts = list ? right.substr(1, right.size() - 2) : right;
+  return "(" + left + " " + op + " " + right + " OR (" + left + " > '' AND " + left + " GLOB '*[^ -~]*' AND " +
+         Function("equals") + "(" + left + ", " + texts + ")))";
 }
 
 std::string SqliteDialect::Collated(const std::string& text) const { return text + " COLLATE ZEF"; }

@@ -29,7 +29,7 @@ void Exec(sqlite3* db, const char* text) { CheckSqlite(db, sqlite3_exec(db, text
 
 }  // namespace
 
-void SqliteEngine::Own::Run(sqlite3* db, const char* text) {
+void SqliteEngine::Own::Run(sqlite3* db, std::string_view text) {
   if (!handle_) handle_ = PrepareOwn(db, text);
   sqlite3_step(handle_.get());
   CheckSqlite(db, sqlite3_reset(handle_.get()));
@@ -64,8 +64,13 @@ std::unique_ptr<PreparedStatement> SqliteEngine::Prepare(const sql::CompiledStat
   return std::make_unique<SqliteStatement>(db_.get(), statement.text, failure_);
 }
 
-void SqliteEngine::RunSavepoint(const char* verb, int depth) {
-  Exec(db_.get(), (std::string(verb) + " zef" + std::to_string(depth)).c_str());
+void SqliteEngine::RunSavepoint(SavepointVerb verb, int depth) {
+  constexpr std::string_view kTexts[kVerbs] = {"SAVEPOINT zef", "RELEASE zef", "ROLLBACK TO zef"};
+  const auto index = static_cast<std::size_t>(depth);
+  if (savepoints_.size() <= index) savepoints_.resize(index + 1);
+  Own& statement = savepoints_[index][verb];
+  if (statement.prepared()) return statement.Run(db_.get(), {});
+  statement.Run(db_.get(), std::string(kTexts[verb]) + std::to_string(depth));
 }
 
 /// A full disk and the like make the engine undo the whole transaction by itself; going on would write outside of it.
@@ -82,7 +87,7 @@ void SqliteEngine::BeginTrans() {
     begin_.Run(db_.get(), "BEGIN IMMEDIATE");
   } else {
     RequireUndamaged();
-    RunSavepoint("SAVEPOINT", depth_);
+    RunSavepoint(kSet, depth_);
   }
   ++depth_;
 }
@@ -94,7 +99,7 @@ void SqliteEngine::CommitTrans() {
   if (depth_ == 1) {
     commit_.Run(db_.get(), "COMMIT");
   } else {
-    RunSavepoint("RELEASE", depth_ - 1);
+    RunSavepoint(kRelease, depth_ - 1);
   }
   --depth_;
 }
@@ -107,8 +112,8 @@ void SqliteEngine::RollbackTrans() {
   if (depth_ == 0) {
     rollback_.Run(db_.get(), "ROLLBACK");
   } else {
-    RunSavepoint("ROLLBACK TO", depth_);
-    RunSavepoint("RELEASE", depth_);
+    RunSavepoint(kRollBack, depth_);
+    RunSavepoint(kRelease, depth_);
   }
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <chrono>
+#include <deque>
 #include <optional>
 
 #include "platform/connection_string.h"
@@ -34,14 +36,16 @@ class SqliteEngine final : public SqlEngine {
   /// A short statement of the engine's own, prepared at its first use.
   class Own {
    public:
-    void Run(sqlite3* db, const char* text);
+    bool prepared() const { return handle_ != nullptr; }
+    void Run(sqlite3* db, std::string_view text);
     std::int64_t Number(sqlite3* db, const char* text);
 
    private:
     StatementHandle handle_;
   };
 
-  void RunSavepoint(const char* verb, int depth);
+  enum SavepointVerb { kSet, kRelease, kRollBack, kVerbs };
+  void RunSavepoint(SavepointVerb verb, int depth);
   void RequireUndamaged() const;
 
   std::chrono::steady_clock::time_point waiting_since_;  ///< of the wait for another client's lock
@@ -49,6 +53,7 @@ class SqliteEngine final : public SqlEngine {
   std::optional<RunTimeError> failure_;  ///< what went wrong in one of our functions during a statement
   SqliteDialect dialect_;
   Own begin_, commit_, rollback_, version_;
+  std::deque<std::array<Own, kVerbs>> savepoints_;  ///< by depth
   int depth_ = 0;
 };
 

@@ -93,7 +93,8 @@ void SqliteStatement::Bind(int number, const Value& value, bool lasting) {
 
 PreparedStatement::Step SqliteStatement::Next() {
   failure_.reset();
-  if (sqlite3_step(handle_.get()) == SQLITE_ROW) return Step::Row;
+  running_ = sqlite3_step(handle_.get()) == SQLITE_ROW;
+  if (running_) return Step::Row;
   const int code = sqlite3_reset(handle_.get());  // only the reset tells why a statement ended
   if (code == SQLITE_SCHEMA) return Step::SchemaChanged;
   if (code != SQLITE_OK && failure_) throw *failure_;
@@ -110,6 +111,9 @@ Value SqliteStatement::Get(int column, sql::Type type) const {
   return StoredValue(statement, column, stored);
 }
 
-void SqliteStatement::Reset() { sqlite3_reset(handle_.get()); }
+void SqliteStatement::Reset() {
+  if (running_) sqlite3_reset(handle_.get());
+  running_ = false;
+}
 
 }  // namespace zef

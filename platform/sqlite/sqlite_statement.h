@@ -37,6 +37,7 @@ class SqliteStatement final : public PreparedStatement {
   StatementHandle handle_;
   std::optional<RunTimeError>& failure_;
   std::int64_t rows_written_ = 0;
+  bool running_ = false;  ///< stands on a row
 };
 
 }  // namespace zef

@@ -64,6 +64,13 @@ void Query(sqlite3* db, std::string_view text, std::string_view table, Row row) 
   CheckSqlite(db, sqlite3_reset(statement.get()));
 }
 
+bool IgnoresCase(sqlite3* db, const std::string& table, const std::string& column) {
+  const char* collation = nullptr;
+  const int code = sqlite3_table_column_metadata(db, nullptr, table.c_str(), column.c_str(), nullptr, &collation,
+                                                 nullptr, nullptr, nullptr);
+  return code == SQLITE_OK && collation != nullptr && text::EqualNames(collation, "NOCASE");
+}
+
 }  // namespace
 
 sql::TableInfo DescribeTable(sqlite3* db, std::string_view table) {
@@ -82,6 +89,7 @@ sql::TableInfo DescribeTable(sqlite3* db, std::string_view table) {
           ReadType(TextAt(row, 1), column);
           column.key = sqlite3_column_int(row, 3) > 0;
           column.required = column.key || sqlite3_column_int(row, 2) != 0;
+          column.ignores_case = sql::IsText(column.type) && IgnoresCase(db, info.name, column.name);
           column.leads_index = leading.count(column.name) > 0;
           info.columns.push_back(std::move(column));
         });

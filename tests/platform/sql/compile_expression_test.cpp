@@ -11,7 +11,7 @@ TEST(CompileConditionTest, TextColumnWithoutIndexFollowsTheCollation) {
 
 TEST(CompileConditionTest, IndexedTextColumnEqualToPlainTextUsesTheIndex) {
   EXPECT_EQ(Where("FLD_Name='a'"),
-            R"(("FLD_Name" COLLATE NOCASE = ?1 OR ("FLD_Name" GLOB '*[^ -~]*' AND "FLD_Name" COLLATE ZEF = ?1)))");
+            R"(("FLD_Name" = ?1 OR ("FLD_Name" > '' AND "FLD_Name" GLOB '*[^ -~]*' AND zef_equals("FLD_Name", ?1))))");
 }
 
 TEST(CompileConditionTest, LiteralBeforeIndexedColumnIsTurned) {
@@ -20,8 +20,14 @@ TEST(CompileConditionTest, LiteralBeforeIndexedColumnIsTurned) {
 
 TEST(CompileConditionTest, IndexedTextColumnInPlainTextsUsesTheIndex) {
   EXPECT_EQ(Where("FLD_Name IN ('a','b')"),
-            R"(("FLD_Name" COLLATE NOCASE IN (?1, ?2) OR ("FLD_Name" GLOB '*[^ -~]*' AND )"
-            R"("FLD_Name" COLLATE ZEF IN (?1, ?2))))");
+            R"(("FLD_Name" IN (?1, ?2) OR ("FLD_Name" > '' AND "FLD_Name" GLOB '*[^ -~]*' AND )"
+            R"(zef_equals("FLD_Name", ?1, ?2))))");
+}
+
+TEST(CompileConditionTest, LongListOfTextsFollowsTheCollation) {
+  std::string list = "'a'";
+  for (int i = 0; i < 100; ++i) list += ",'a'";
+  EXPECT_EQ(Where("FLD_Name IN (" + list + ")").find(R"("FLD_Name" COLLATE ZEF IN (?1, )"), 0U);
 }
 
 TEST(CompileConditionTest, OtherTextThanPlainAsciiFollowsTheCollation) {
@@ -68,7 +74,9 @@ TEST(CompileConditionTest, ExclusiveOrComparesTheNegations) {
 
 TEST(CompileConditionTest, IsNullFunctionIsATest) { EXPECT_EQ(Where("IsNull(FLD_ID)"), R"("FLD_ID" IS NULL)"); }
 
-TEST(CompileConditionTest, LikeIsAFunction) { EXPECT_EQ(Where("FLD_Name NOT LIKE 'a%'"), R"(NOT zef_like("FLD_Name", ?1))"); }
+TEST(CompileConditionTest, LikeIsAFunction) {
+  EXPECT_EQ(Where("FLD_Name NOT LIKE 'a%'"), R"(NOT zef_like("FLD_Name", ?1))");
+}
 
 TEST(CompileConditionTest, ComparisonAsAValueIsMinusOneOrZero) {
   EXPECT_EQ(Where("(FLD_ID=1)=True"), R"(zef_truth("FLD_ID" = ?1) = -1)");
@@ -106,8 +114,9 @@ TEST(CompileExpressionTest, PlusJoinsTextsAndKeepsNull) {
 }
 
 TEST(CompileExpressionTest, DivisionsAreCalls) {
-  EXPECT_EQ(Expression("FLD_ID / 2 - FLD_ID \\ 3 + FLD_ID MOD 4 - FLD_ID ^ 5"),
-            R"(zef_divide("FLD_ID", ?1) - zef_int_divide("FLD_ID", ?2) + zef_modulo("FLD_ID", ?3) - zef_power("FLD_ID", ?4))");
+  EXPECT_EQ(
+      Expression("FLD_ID / 2 - FLD_ID \\ 3 + FLD_ID MOD 4 - FLD_ID ^ 5"),
+      R"(zef_divide("FLD_ID", ?1) - zef_int_divide("FLD_ID", ?2) + zef_modulo("FLD_ID", ?3) - zef_power("FLD_ID", ?4))");
 }
 
 TEST(CompileExpressionTest, ImmediateIfIsACase) {

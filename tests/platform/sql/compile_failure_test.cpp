@@ -18,7 +18,9 @@ TEST_P(RefusedCompileTest, HasItsNumber) {
   EXPECT_EQ(RefusalOf(GetParam().statement).number, static_cast<std::int32_t>(GetParam().number));
 }
 
-TEST_P(RefusedCompileTest, SaysWhatAndWhere) { EXPECT_EQ(RefusalOf(GetParam().statement).sentence, GetParam().sentence); }
+TEST_P(RefusedCompileTest, SaysWhatAndWhere) {
+  EXPECT_EQ(RefusalOf(GetParam().statement).sentence, GetParam().sentence);
+}
 
 constexpr FailureNumber kStatement = FailureNumber::StatementError;
 constexpr FailureNumber kColumn = FailureNumber::NoSuchColumn;
@@ -39,7 +41,8 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"Star", "SELECT x.* FROM Seen", kTable, "The table 'x' is not known (character 8)."},
         Row{"TableOfInsert", "INSERT INTO Nothing (a) VALUES (1)", kTable,
             "The table 'Nothing' is not known (character 13)."},
-        Row{"ColumnOfInsert", "INSERT INTO Seen (X) VALUES (1)", kColumn, "The column 'X' is not known (character 13)."},
+        Row{"ColumnOfInsert", "INSERT INTO Seen (X) VALUES (1)", kColumn,
+            "The column 'X' is not known (character 13)."},
         Row{"ColumnOfUpdate", "UPDATE Seen SET X=1", kColumn, "The column 'X' is not known (character 17)."},
         Row{"Function", "SELECT Foo(1)", kStatement, "The function 'Foo' is not known (character 8)."},
         Row{"First", "SELECT First(SEE_User) FROM Seen", kStatement,
@@ -60,7 +63,8 @@ INSTANTIATE_TEST_SUITE_P(
             "The types of the operands do not convert (character 16)."},
         Row{"TextAsCondition", "SELECT 1 FROM Folders WHERE FLD_Name", kTypes,
             "A condition is expected, neither a text nor bytes (character 29)."},
-        Row{"SumOfTexts", "SELECT Sum(FLD_Name) FROM Folders", kTypes, "The aggregate 'Sum' needs numbers (character 8)."},
+        Row{"SumOfTexts", "SELECT Sum(FLD_Name) FROM Folders", kTypes,
+            "The aggregate 'Sum' needs numbers (character 8)."},
         Row{"NumberIntoBytes", "UPDATE Events SET EVE_Data=EVE_ID", kTypes,
             "The value does not convert to the type of the column 'EVE_Data' (character 28)."},
         Row{"KeyOmitted", "INSERT INTO Folders (FLD_Name) VALUES ('a')", kNeeds,
@@ -80,7 +84,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"TwoTargets", "UPDATE Seen, Folders SET SEE_User=1, FLD_Name='a'", kStatement,
             "An UPDATE changes the columns of one table only (character 38)."},
         Row{"DeleteOfUnnamedTable", "DELETE FROM Seen, Folders", kStatement,
-            "A DELETE from joined tables names one of them, as in DELETE name.* FROM (character 18)."},
+            "A DELETE from joined tables names one of them, as in DELETE name.* FROM (character 19)."},
         Row{"OrderByPosition", "SELECT SEE_User FROM Seen ORDER BY 2", kStatement,
             "No result column has that position (character 36)."},
         Row{"UnionColumns", "SELECT 1 UNION SELECT 1, 2", kStatement,

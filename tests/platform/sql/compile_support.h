@@ -29,7 +29,7 @@ class SmallCatalog : public Catalog {
         {"Folders",
          {{"FLD_ID", Type::Long, 0, true, true, true},
           {"FLD_ParentID", Type::Long, 0, false, false, true},
-          {"FLD_Name", Type::Text, 20, false, false, true},
+          {"FLD_Name", Type::Text, 20, false, false, true, true},
           {"FLD_Note", Type::Memo},
           {"FLD_Type", Type::Byte},
           {"FLD_Open", Type::Boolean}}},
@@ -68,7 +68,7 @@ inline std::string Written(std::string_view text, CompileOptions options = {}) {
 
 /// The condition behind the first WHERE in the engine's text.
 inline std::string Where(const std::string& condition, std::string_view table = "Folders") {
-  const std::string text = Written("SELECT 1 FROM " + std::string(table) + " WHERE " + condition);
+  const std::string text = Written("SELECT Null FROM " + std::string(table) + " WHERE " + condition);
   return text.substr(text.find(" WHERE ") + 7);
 }
 
@@ -82,7 +82,7 @@ inline Type TypeOf(const std::string& expression, std::string_view table = "Fold
   return CompileText("SELECT " + expression + " FROM " + std::string(table)).statement.columns.at(0).type;
 }
 
-/// The failure of an action; fails the test by its odd number 0 if there is none.
+/// The failure of an action; number 0 if there is none.
 struct Failure {
   std::int32_t number = 0;
   std::string sentence;

@@ -69,9 +69,7 @@ TEST(CompileSelectTest, TextBesideBooleanColumnBecomesBoolean) {
   EXPECT_EQ(PlanOf("SELECT * FROM Folders WHERE FLD_Open='True'").type, Type::Boolean);
 }
 
-TEST(CompileSelectTest, TextGivenToYearBecomesDate) {
-  EXPECT_EQ(PlanOf("SELECT Year('5/1/2024')").type, Type::Date);
-}
+TEST(CompileSelectTest, TextGivenToYearBecomesDate) { EXPECT_EQ(PlanOf("SELECT Year('5/1/2024')").type, Type::Date); }
 
 TEST(CompileSelectTest, JoinQualifiesItsColumns) {
   EXPECT_EQ(Written("SELECT FLD_ID, EVE_ID FROM Folders f INNER JOIN Events ON f.FLD_ID=EVE_FolderID"),
@@ -152,8 +150,9 @@ TEST(CompileSelectTest, TopBecomesALimit) {
 }
 
 TEST(CompileSelectTest, TopOfTheFirstPartOfAUnionStaysThere) {
-  EXPECT_EQ(Written("SELECT TOP 3 FLD_ID FROM Folders UNION ALL SELECT EVE_ID FROM Events"),
-            R"(SELECT * FROM (SELECT "FLD_ID" FROM "Folders" LIMIT ?1) AS "top" UNION ALL SELECT "EVE_ID" FROM "Events")");
+  EXPECT_EQ(
+      Written("SELECT TOP 3 FLD_ID FROM Folders UNION ALL SELECT EVE_ID FROM Events"),
+      R"(SELECT * FROM (SELECT "FLD_ID" FROM "Folders" LIMIT ?1) AS "top" UNION ALL SELECT "EVE_ID" FROM "Events")");
 }
 
 TEST(CompileUpdatableTest, SelectWithTheKeyTellsItsPosition) {
@@ -180,9 +179,7 @@ TEST(CompileUpdatableTest, RowIdentifierIsNoResultColumn) {
 
 class NotUpdatableTest : public testing::TestWithParam<const char*> {};
 
-TEST_P(NotUpdatableTest, HasNoTable) {
-  EXPECT_EQ(CompileText(GetParam(), {.updatable = true}).statement.table, "");
-}
+TEST_P(NotUpdatableTest, HasNoTable) { EXPECT_EQ(CompileText(GetParam(), {.updatable = true}).statement.table, ""); }
 
 INSTANTIATE_TEST_SUITE_P(Compile, NotUpdatableTest,
                          testing::Values("SELECT FLD_ID FROM Folders, Seen", "SELECT DISTINCT FLD_ID FROM Folders",
@@ -241,10 +238,11 @@ TEST(CompileUpdateTest, LongerTextColumnIsChecked) {
 }
 
 TEST(CompileUpdateTest, JoinedSourcesAreFoundByRow) {
-  EXPECT_EQ(Written("UPDATE EVENTS,Folders SET EVE_TEXT =Folders.FLD_Name WHERE Folders.FLD_ID = Events.EVE_FolderID"),
-            R"(UPDATE "Events" SET "EVE_Text" = "zef rows"."v1" FROM (SELECT "Events".rowid AS "zef row", )"
-            R"(zef_to_text("Folders"."FLD_Name", 10) AS "v1" FROM "Events", "Folders" WHERE )"
-            R"("Folders"."FLD_ID" = "Events"."EVE_FolderID") AS "zef rows" WHERE "Events".rowid = "zef rows"."zef row")");
+  EXPECT_EQ(
+      Written("UPDATE EVENTS,Folders SET EVE_TEXT =Folders.FLD_Name WHERE Folders.FLD_ID = Events.EVE_FolderID"),
+      R"(UPDATE "Events" SET "EVE_Text" = "zef rows"."v1" FROM (SELECT "Events".rowid AS "zef row", )"
+      R"(zef_to_text("Folders"."FLD_Name", 10) AS "v1" FROM "Events", "Folders" WHERE )"
+      R"("Folders"."FLD_ID" = "Events"."EVE_FolderID") AS "zef rows" WHERE "Events".rowid = "zef rows"."zef row")");
 }
 
 TEST(CompileDeleteTest, StarAndPlainDeleteAreTheSame) {

@@ -56,7 +56,9 @@ TEST(ConvertTest, TextsAreMeasuredInCharacters) {
   EXPECT_EQ(Convert(std::string("\xC3\xA9\xC3\xA9"), Plan(Type::Text, 2)), Value(std::string("\xC3\xA9\xC3\xA9")));
 }
 
-TEST(ConvertTest, LongerTextDoesNotFit) { EXPECT_EQ(NumberOfFailure(std::string("abc"), Plan(Type::Text, 2)), kDoesNotFit); }
+TEST(ConvertTest, LongerTextDoesNotFit) {
+  EXPECT_EQ(NumberOfFailure(std::string("abc"), Plan(Type::Text, 2)), kDoesNotFit);
+}
 
 TEST(ConvertTest, TextOfANumberDoesNotFitEither) { EXPECT_EQ(NumberOfFailure(123, Plan(Type::Text, 2)), kDoesNotFit); }
 

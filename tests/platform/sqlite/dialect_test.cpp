@@ -13,8 +13,8 @@ using testing::Not;
 class FolderNamesTest : public testing::Test {
  protected:
   FolderNamesTest() {
-    const char* const names[] = {"'apple'", "'Apple'", "'Éclair'", "'éclair'", "'eclair'", "'straße'", "'strasse'",
-                                 "'a' & Mid('xy',3)", "Null", "'50%'", "''"};
+    const char* const names[] = {"'apple'",   "'Apple'",           "'Éclair'", "'éclair'", "'eclair'", "'straße'",
+                                 "'strasse'", "'a' & Mid('xy',3)", "Null",     "'50%'",    "''"};
     int id = 0;
     for (const char* name : names) {
       database_.Run("INSERT INTO Folders (FLD_ID, FLD_Name) VALUES (" + std::to_string(++id) + ", " + name + ")");
@@ -39,23 +39,39 @@ TEST_P(NameSearchTest, FindsItsRows) { EXPECT_EQ(Ids(GetParam().condition), GetP
 
 INSTANTIATE_TEST_SUITE_P(
     Dialect, NameSearchTest,
-    testing::Values(Search{"FLD_Name='APPLE'", "1; 2"}, Search{"FLD_Name='éclair'", "3; 4"},
-                    Search{"FLD_Name='eclair'", "5"}, Search{"FLD_Name='strasse'", "7"},
-                    Search{"FLD_Name='STRAßE'", "6"}, Search{"FLD_Name=''", "11"},
-                    Search{"FLD_Name<>'apple'", "3; 4; 5; 6; 7; 8; 10; 11"}, Search{"NOT FLD_Name='apple'", "3; 4; 5; 6; 7; 8; 10; 11"},
-                    Search{"FLD_Name IN ('APPLE','A')", "1; 2; 8"}, Search{"FLD_Name IN ('ÉCLAIR','x')", "3; 4"},
-                    Search{"FLD_Name NOT IN ('apple','éclair')", "5; 6; 7; 8; 10; 11"},
-                    Search{"FLD_Name BETWEEN 'ECLAIR' AND 'ÉCLAIR'", "3; 4; 5"}, Search{"FLD_Name<'apple'", "8; 10; 11"},
-                    Search{"FLD_Name LIKE 'É%'", "3; 4"}, Search{"FLD_Name LIKE '_CLAIR'", "3; 4; 5"},
-                    Search{"FLD_Name LIKE '%[%]'", "10"}, Search{"FLD_Name LIKE '[a-b]%'", "1; 2; 8"},
-                    Search{"FLD_Name LIKE '[!a-z]%'", "3; 4; 10"}, Search{"FLD_Name NOT LIKE '%a%'", "10; 11"},
-                    Search{"FLD_Name IS NULL", "9"}, Search{"IsNull(FLD_Name)", "9"}, Search{"FLD_Name=Null", ""},
-                    Search{"FLD_ID='3'", "3"}, Search{"FLD_ID=3.5", ""}, Search{"FLD_ID<3000000000 AND FLD_ID>10.5", "11"},
-                    Search{"FLD_ID=1 XOR FLD_ID<3", "2"}, Search{"FLD_Name & ''=''", "9; 11"},
-                    Search{"FLD_ID IN (SELECT FLD_ID FROM Folders WHERE FLD_Name='a')", "8"},
-                    Search{"FLD_Name IN (SELECT UCase(f.FLD_Name) FROM Folders f WHERE f.FLD_ID=1)", "1; 2"},
-                    Search{"EXISTS (SELECT * FROM Folders f WHERE f.FLD_Name=Folders.FLD_Name AND f.FLD_ID<>Folders.FLD_ID)",
-                           "1; 2; 3; 4"}));
+    testing::Values(
+        Search{"FLD_Name='APPLE'", "1; 2"}, Search{"FLD_Name='éclair'", "3; 4"}, Search{"FLD_Name='eclair'", "5"},
+        Search{"FLD_Name='strasse'", "7"}, Search{"FLD_Name='STRAßE'", "6"}, Search{"FLD_Name=''", "11"},
+        Search{"FLD_Name<>'apple'", "3; 4; 5; 6; 7; 8; 10; 11"},
+        Search{"NOT FLD_Name='apple'", "3; 4; 5; 6; 7; 8; 10; 11"}, Search{"FLD_Name IN ('APPLE','A')", "1; 2; 8"},
+        Search{"FLD_Name IN ('ÉCLAIR','x')", "3; 4"},
+        Search{"FLD_Name NOT IN ('apple','éclair')", "5; 6; 7; 8; 10; 11"},
+        Search{"FLD_Name BETWEEN 'ECLAIR' AND 'ÉCLAIR'", "3; 4; 5"}, Search{"FLD_Name<'apple'", "8; 10; 11"},
+        Search{"FLD_Name LIKE 'É%'", "3; 4"}, Search{"FLD_Name LIKE '_CLAIR'", "3; 4; 5"},
+        Search{"FLD_Name LIKE '%[%]'", "10"}, Search{"FLD_Name LIKE '[a-b]%'", "1; 2; 8"},
+        Search{"FLD_Name LIKE '[!a-z]%'", "3; 4; 10"}, Search{"FLD_Name NOT LIKE '%a%'", "10; 11"},
+        Search{"FLD_Name IS NULL", "9"}, Search{"IsNull(FLD_Name)", "9"}, Search{"FLD_Name=Null", ""},
+        Search{"FLD_ID='3'", "3"}, Search{"FLD_ID=3.5", ""}, Search{"FLD_ID<3000000000 AND FLD_ID>10.5", "11"},
+        Search{"FLD_ID=1 XOR FLD_ID<3", "2"}, Search{"FLD_Name & ''=''", "9; 11"},
+        Search{"FLD_ID IN (SELECT FLD_ID FROM Folders WHERE FLD_Name='a')", "8"},
+        Search{"FLD_Name IN (SELECT UCase(f.FLD_Name) FROM Folders f WHERE f.FLD_ID=1)", "1; 2"},
+        Search{"EXISTS (SELECT * FROM Folders f WHERE f.FLD_Name=Folders.FLD_Name AND f.FLD_ID<>Folders.FLD_ID)",
+               "1; 2; 3; 4"}));
+
+/// The sign for kelvin is a character of its own, and equal to the letter.
+TEST_F(FolderNamesTest, SearchForPlainTextFindsEqualOtherCharacters) {
+  database_.Run(
+      "INSERT INTO Folders (FLD_ID, FLD_Name) VALUES (12, '\xE2\x84\xAA"
+      "elvin')");
+  EXPECT_EQ(Ids("FLD_Name='Kelvin'"), "12");
+}
+
+TEST_F(FolderNamesTest, SearchForPlainTextsFindsEqualOtherCharacters) {
+  database_.Run(
+      "INSERT INTO Folders (FLD_ID, FLD_Name) VALUES (12, '\xE2\x84\xAA"
+      "elvin')");
+  EXPECT_EQ(Ids("FLD_Name IN ('x','kelvin')"), "12");
+}
 
 TEST_F(FolderNamesTest, SearchForPlainTextUsesTheIndex) {
   EXPECT_THAT(database_.PlanOf("SELECT * FROM Folders WHERE FLD_Name='apple'"), HasSubstr("USING INDEX ByName"));
@@ -66,11 +82,13 @@ TEST_F(FolderNamesTest, SearchForPlainTextUsesTheIndexOfOtherCharacters) {
 }
 
 TEST_F(FolderNamesTest, SearchForPlainTextDoesNotScan) {
-  EXPECT_THAT(database_.PlanOf("SELECT * FROM Folders AS f WHERE FLD_Name='apple' AND FLD_Type=1"), Not(HasSubstr("SCAN f,")));
+  EXPECT_THAT(database_.PlanOf("SELECT * FROM Folders AS f WHERE FLD_Name='apple' AND FLD_Type=1"),
+              Not(HasSubstr("SCAN")));
 }
 
 TEST_F(FolderNamesTest, SearchForPlainTextsUsesTheIndex) {
-  EXPECT_THAT(database_.PlanOf("SELECT * FROM Folders WHERE FLD_Name IN ('apple','pear')"), HasSubstr("USING INDEX ByName"));
+  EXPECT_THAT(database_.PlanOf("SELECT * FROM Folders WHERE FLD_Name IN ('apple','pear')"),
+              HasSubstr("USING INDEX ByName"));
 }
 
 TEST_F(FolderNamesTest, SearchByKeyUsesTheRowIdentifier) {
@@ -78,7 +96,8 @@ TEST_F(FolderNamesTest, SearchByKeyUsesTheRowIdentifier) {
 }
 
 TEST_F(FolderNamesTest, OrderIgnoresLetterCase) {
-  EXPECT_EQ(database_.Rows("SELECT FLD_ID FROM Folders WHERE FLD_ID IN (1,2,5,8) ORDER BY FLD_Name, FLD_ID"), "8; 1; 2; 5");
+  EXPECT_EQ(database_.Rows("SELECT FLD_ID FROM Folders WHERE FLD_ID IN (1,2,5,8) ORDER BY FLD_Name, FLD_ID"),
+            "8; 1; 2; 5");
 }
 
 TEST_F(FolderNamesTest, GroupsIgnoreLetterCase) {
@@ -114,7 +133,8 @@ TEST_F(FolderNamesTest, TopGivesExactlySoManyRows) {
 }
 
 TEST_F(FolderNamesTest, TopOfAUnionPartLimitsThatPartOnly) {
-  EXPECT_EQ(database_.Rows("SELECT TOP 1 1 FROM Folders UNION ALL SELECT FLD_ID FROM Folders WHERE FLD_ID<4"), "1; 1; 2; 3");
+  EXPECT_EQ(database_.Rows("SELECT TOP 1 1 FROM Folders UNION ALL SELECT FLD_ID FROM Folders WHERE FLD_ID<4"),
+            "1; 1; 2; 3");
 }
 
 TEST_F(FolderNamesTest, OrderByPositionSortsByTheResultColumn) {
@@ -137,10 +157,16 @@ TEST_F(FolderNamesTest, LongChainOfJoinedTextsRuns) {
   EXPECT_EQ(database_.Calculate("Len(" + chain + ")"), "300");
 }
 
+TEST_F(FolderNamesTest, LongListRuns) {
+  std::string list = "1";
+  for (int i = 0; i < 20000; ++i) list += ",-5";
+  EXPECT_EQ(Ids("FLD_ID IN (" + list + ")"), "1");
+}
+
 TEST_F(FolderNamesTest, LongSumRuns) {
   std::string chain = "1";
-  for (int i = 0; i < 300; ++i) chain += " + 1";
-  EXPECT_EQ(database_.Calculate(chain), "301");
+  for (int i = 0; i < 900; ++i) chain += " + 1";
+  EXPECT_EQ(database_.Calculate(chain), "901");
 }
 
 /// Two folders, and events of which one lies in no folder.
@@ -149,7 +175,8 @@ class JoinedChangeTest : public testing::Test {
   JoinedChangeTest() {
     database_.Run("INSERT INTO Folders (FLD_ID, FLD_Name, FLD_Type) VALUES (1, 'one', 7)");
     database_.Run("INSERT INTO Folders (FLD_ID, FLD_Name, FLD_Type) VALUES (2, 'two', 8)");
-    for (const char* values : {"(10, 1, '5/1/2024')", "(11, 1, '5/2/2024')", "(12, 2, '5/3/2024')", "(13, 9, '5/4/2024')"}) {
+    for (const char* values :
+         {"(10, 1, '5/1/2024')", "(11, 1, '5/2/2024')", "(12, 2, '5/3/2024')", "(13, 9, '5/4/2024')"}) {
       database_.Run(std::string("INSERT INTO Events (EVE_ID, EVE_FolderID, EVE_Start) VALUES ") + values);
     }
   }
@@ -163,7 +190,9 @@ TEST_F(JoinedChangeTest, UpdateOverAListOfTablesTakesValuesOfTheOther) {
 }
 
 TEST_F(JoinedChangeTest, UpdateOverALeftJoinReachesRowsWithoutPartner) {
-  database_.Run("UPDATE Events AS e LEFT JOIN Folders AS f ON e.EVE_FolderID=f.FLD_ID SET e.EVE_Text='none' WHERE f.FLD_ID IS NULL");
+  database_.Run(
+      "UPDATE Events AS e LEFT JOIN Folders AS f ON e.EVE_FolderID=f.FLD_ID SET e.EVE_Text='none' WHERE f.FLD_ID IS "
+      "NULL");
   EXPECT_EQ(database_.Rows("SELECT EVE_ID FROM Events WHERE EVE_Text='none'"), "13");
 }
 
@@ -173,7 +202,8 @@ TEST_F(JoinedChangeTest, UpdateOfTheRightTableOfAJoinWorks) {
 }
 
 TEST_F(JoinedChangeTest, UpdateInsideABracketedJoinWorks) {
-  database_.Run("UPDATE Seen RIGHT JOIN (Folders INNER JOIN Events ON FLD_ID=EVE_FolderID) ON SEE_User=FLD_ID SET EVE_Rank=3");
+  database_.Run(
+      "UPDATE Seen RIGHT JOIN (Folders INNER JOIN Events ON FLD_ID=EVE_FolderID) ON SEE_User=FLD_ID SET EVE_Rank=3");
   EXPECT_EQ(database_.Rows("SELECT Count(*) FROM Events WHERE EVE_Rank=3"), "3");
 }
 
@@ -198,12 +228,14 @@ TEST_F(JoinedChangeTest, DeleteWithAliasWorks) {
 }
 
 TEST_F(JoinedChangeTest, InsertFromSelectConverts) {
-  database_.Run("INSERT INTO Seen (SEE_Date, SEE_User) SELECT EVE_Start, EVE_ID & '' FROM Events WHERE EVE_Start>'5/2/2024'");
+  database_.Run(
+      "INSERT INTO Seen (SEE_Date, SEE_User) SELECT EVE_Start, EVE_ID & '' FROM Events WHERE EVE_Start>'5/2/2024'");
   EXPECT_EQ(database_.Rows("SELECT * FROM Seen"), "12, 5/3/2024; 13, 5/4/2024");
 }
 
 TEST_F(JoinedChangeTest, RightJoinKeepsRowsOfTheRightSide) {
-  EXPECT_EQ(database_.Rows("SELECT EVE_ID FROM Folders RIGHT JOIN Events ON FLD_ID=EVE_FolderID WHERE FLD_ID IS NULL"), "13");
+  EXPECT_EQ(database_.Rows("SELECT EVE_ID FROM Folders RIGHT JOIN Events ON FLD_ID=EVE_FolderID WHERE FLD_ID IS NULL"),
+            "13");
 }
 
 TEST_F(JoinedChangeTest, DatesAreComparedAsDates) {
@@ -220,9 +252,10 @@ TEST_F(JoinedChangeTest, GroupByCalculatedDatePartWorks) {
 }
 
 TEST_F(JoinedChangeTest, DerivedTablesCanBeJoined) {
-  EXPECT_EQ(database_.Rows("SELECT f.FLD_Name, d.n FROM Folders AS f INNER JOIN (SELECT EVE_FolderID, Count(*) AS n FROM "
-                           "Events GROUP BY EVE_FolderID) AS d ON f.FLD_ID=d.EVE_FolderID ORDER BY d.n DESC"),
-            "one, 2; two, 1");
+  EXPECT_EQ(
+      database_.Rows("SELECT f.FLD_Name, d.n FROM Folders AS f INNER JOIN (SELECT EVE_FolderID, Count(*) AS n FROM "
+                     "Events GROUP BY EVE_FolderID) AS d ON f.FLD_ID=d.EVE_FolderID ORDER BY d.n DESC"),
+      "one, 2; two, 1");
 }
 
 }  // namespace

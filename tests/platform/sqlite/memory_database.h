@@ -20,9 +20,10 @@ class MemoryDatabase {
     sqlite3_open(":memory:", &db_);
     RegisterFunctions(db_, [this](RunTimeError failure) { failure_ = std::move(failure); });
     Exec(
-        "CREATE TABLE Folders (FLD_ID INTEGER NOT NULL PRIMARY KEY, FLD_ParentID INTEGER, FLD_Name TEXT, FLD_Note TEXT,"
+        "CREATE TABLE Folders (FLD_ID INTEGER NOT NULL PRIMARY KEY, FLD_ParentID INTEGER,"
+        " FLD_Name TEXT COLLATE NOCASE, FLD_Note TEXT,"
         " FLD_Type INTEGER, FLD_Open INTEGER);"
-        "CREATE INDEX ByName ON Folders (FLD_Name COLLATE NOCASE);"
+        "CREATE INDEX ByName ON Folders (FLD_Name);"
         "CREATE INDEX ByOtherName ON Folders (FLD_Name) WHERE FLD_Name GLOB '*[^ -~]*';"
         "CREATE TABLE Events (EVE_ID INTEGER NOT NULL PRIMARY KEY, EVE_FolderID INTEGER, EVE_Text TEXT, EVE_Start REAL,"
         " EVE_Cost REAL, EVE_Rank INTEGER, EVE_Data BLOB);"

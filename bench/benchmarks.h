@@ -1,0 +1,16 @@
+#pragma once
+
+#include "bench/world.h"
+
+namespace zef::bench {
+
+/// Each makes the rows of one subject known to the benchmark program. The world outlives the run.
+void RegisterReading(World& world);
+void RegisterSaving(World& world);
+void RegisterSequences(World& world);
+void RegisterCriteria(World& world);
+void RegisterRules(World& world);
+void RegisterGrowth(World& world);
+void RegisterMemory(World& world);
+
+}  // namespace zef::bench

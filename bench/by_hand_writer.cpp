@@ -1,0 +1,121 @@
+#include <ctime>
+#include <initializer_list>
+#include <variant>
+
+#include "bench/by_hand.h"
+
+namespace zef::bench {
+namespace {
+
+constexpr std::int32_t kEventSequence = 4;
+
+constexpr char kUpdateEvent[] =
+    "UPDATE Events SET EVE_ID=?1, EVE_FolderID=?2, EVE_CategoryID=?3, EVE_NotificationID=?4, EVE_RecurrenceID=?5, "
+    "EVE_ContactID=?6, EVE_Text=?7, EVE_StartDate=?8, EVE_Reminder=?9, EVE_DateLastUpdate=?10, EVE_Location=?11, "
+    "EVE_EndDate=?12, EVE_Type=?13, EVE_LinkID=?14 WHERE EVE_ID=?1";
+constexpr char kInsertEvent[] =
+    "INSERT INTO Events (EVE_ID, EVE_FolderID, EVE_CategoryID, EVE_NotificationID, EVE_RecurrenceID, EVE_ContactID, "
+    "EVE_Text, EVE_StartDate, EVE_Reminder, EVE_DateLastUpdate, EVE_EndDate, EVE_Type, EVE_LinkID) "
+    "VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13)";
+constexpr char kInsertTask[] =
+    "INSERT INTO Tasks (TSK_ID, TSK_FolderID, TSK_RecurrenceID, TSK_NotificationID, TSK_CategoryID, TSK_Priority, "
+    "TSK_StatusID, TSK_Name, TSK_Description, TSK_DueDate, TSK_StartDate, TSK_AssignedTo, TSK_Completed, "
+    "TSK_DateCompleted, TSK_DateLastUpdate) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13, ?14, ?15)";
+constexpr char kSelectFolder[] =
+    "SELECT FLD_ID FROM Folders WHERE FLD_Protected=1 AND FLD_Name='Tasks Due Dates' COLLATE NOCASE";
+
+/// The local date and time as the database keeps it.
+double Now() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  return static_cast<double>(timegm(&local)) / 86400 + 25569;
+}
+
+int Bind(sqlite3_stmt* statement, int number, std::int32_t value) { return sqlite3_bind_int(statement, number, value); }
+int Bind(sqlite3_stmt* statement, int number, double value) { return sqlite3_bind_double(statement, number, value); }
+int Bind(sqlite3_stmt* statement, int number, const std::string& value) {
+  return sqlite3_bind_text(statement, number, value.data(), static_cast<int>(value.size()), SQLITE_STATIC);
+}
+
+/// Binds all parameters in order; the texts outlive the run.
+template <class... Values>
+void BindAll(const HandStatement& statement, const Values&... values) {
+  int number = 0;
+  (Bind(statement.get(), ++number, values), ...);
+}
+
+}  // namespace
+
+HandWriter::HandWriter(const HandDatabase& db)
+    : db_(db),
+      begin_(db.Prepare("BEGIN IMMEDIATE")),
+      commit_(db.Prepare("COMMIT")),
+      savepoint_(db.Prepare("SAVEPOINT draw")),
+      release_(db.Prepare("RELEASE draw")),
+      select_sequence_(db.Prepare("SELECT SEQ_Value FROM Sequences WHERE SEQ_ID=?1")),
+      update_sequence_(db.Prepare("UPDATE Sequences SET SEQ_Value=?1 WHERE SEQ_ID=?2")),
+      update_event_(db.Prepare(kUpdateEvent)),
+      insert_event_(db.Prepare(kInsertEvent)),
+      insert_task_(db.Prepare(kInsertTask)),
+      select_folder_(db.Prepare(kSelectFolder)) {}
+
+std::int32_t HandWriter::DrawInside(std::int32_t sequence) const {
+  BindAll(select_sequence_, sequence);
+  const std::int32_t id = db_.Step(select_sequence_) ? sqlite3_column_int(select_sequence_.get(), 0) + 1 : 0;
+  sqlite3_reset(select_sequence_.get());
+  BindAll(update_sequence_, id, sequence);
+  db_.Run(update_sequence_);
+  return id;
+}
+
+std::int32_t HandWriter::Draw(std::int32_t sequence) const {
+  db_.Run(savepoint_);
+  const std::int32_t id = DrawInside(sequence);
+  db_.Run(release_);
+  return id;
+}
+
+std::int32_t HandWriter::DrawAlone(std::int32_t sequence) const {
+  Begin();
+  const std::int32_t id = DrawInside(sequence);
+  Commit();
+  return id;
+}
+
+void HandWriter::UpdateEvent(const HandEvent& event) const {
+  BindAll(update_event_, event.id, event.folder_id, event.category_id, event.notification_id, event.recurrence_id,
+          event.contact_id, event.text, event.start_date, event.reminder, Now(), event.location, event.end_date,
+          event.type, event.link_id);
+  db_.Run(update_event_);
+}
+
+void HandWriter::InsertEvent(const HandEvent& event) const {
+  BindAll(insert_event_, event.id, event.folder_id, event.category_id, event.notification_id, event.recurrence_id,
+          event.contact_id, event.text, event.start_date, event.reminder, Now(), event.end_date, event.type,
+          event.link_id);
+  db_.Run(insert_event_);
+}
+
+std::int32_t HandWriter::DueDatesFolder() const {
+  const std::int32_t id = db_.Step(select_folder_) ? sqlite3_column_int(select_folder_.get(), 0) : 0;
+  sqlite3_reset(select_folder_.get());
+  return id;
+}
+
+void HandWriter::InsertTask(const HandTask& task) const {
+  BindAll(insert_task_, task.id, task.folder_id, task.recurrence_id, task.notification_id, task.category_id,
+          task.priority, task.status_id, task.name, task.description, task.due_date, task.start_date, task.assigned_to,
+          task.completed, task.date_completed, Now());
+  db_.Run(insert_task_);
+  HandEvent event;
+  event.id = Draw(kEventSequence);
+  event.link_id = task.id;
+  event.type = "T";
+  event.text = task.name + " Due Date";
+  event.folder_id = DueDatesFolder();
+  event.start_date = event.end_date = task.due_date;
+  InsertEvent(event);
+}
+
+}  // namespace zef::bench

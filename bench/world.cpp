@@ -1,0 +1,34 @@
+#include "bench/world.h"
+
+#include <stdlib.h>
+
+#include <stdexcept>
+
+#include "bench/test_data.h"
+
+namespace zef::bench {
+
+TemporaryFolder::TemporaryFolder() {
+  std::string name = (std::filesystem::temp_directory_path() / "zef-bench-XXXXXX").string();
+  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
+  path_ = name;
+}
+
+TemporaryFolder::~TemporaryFolder() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path_, ignored);
+}
+
+const std::string& World::Made(const std::string& name, std::int32_t folders, std::int32_t events) {
+  const auto [entry, fresh] = paths_.try_emplace(name, (folder_.path() / (name + ".db")).string());
+  if (fresh) MakeDatabase(entry->second, folders, events);
+  return entry->second;
+}
+
+Ref<CSession> OpenSession(const std::string& path) {
+  auto session = MakeRef<CSession>();
+  session->Connect2Database(path, "", "");
+  return session;
+}
+
+}  // namespace zef::bench

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <string>
+
+#include "session/session.h"
+
+namespace zef::bench {
+
+/// A folder of its own that goes away with all it holds.
+class TemporaryFolder {
+ public:
+  TemporaryFolder();
+  ~TemporaryFolder();
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  const std::filesystem::path& path() const { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+/// How much work is done, and the databases to do it on, each made when it is first asked for.
+class World {
+ public:
+  explicit World(bool quick) : quick_(quick) {}
+
+  /// Rounds for a row that deserves `full` ones.
+  int Rounds(int full) const { return quick_ ? full / 4 + 1 : full; }
+  /// Rows that a load reads.
+  std::int32_t LoadedRows() const { return quick_ ? 10'000 : 100'000; }
+  /// Events of the database that is called large.
+  std::int32_t ManyEvents() const { return quick_ ? 100'000 : 1'000'000; }
+  static constexpr std::int32_t kFewEvents = 10'000;
+
+  /// A database that is only read, with `LoadedRows` folders and events.
+  const std::string& Reading() { return Made("reading", LoadedRows(), LoadedRows()); }
+  /// One that is written to, with few events.
+  const std::string& Writing() { return Made("writing", 100, kFewEvents); }
+  const std::string& Small() { return Made("small", 0, kFewEvents); }
+  const std::string& Large() { return Made("large", 0, ManyEvents()); }
+
+ private:
+  const std::string& Made(const std::string& name, std::int32_t folders, std::int32_t events);
+
+  bool quick_;
+  TemporaryFolder folder_;
+  std::map<std::string, std::string> paths_;
+};
+
+/// A session of the library on a database file, connected.
+Ref<CSession> OpenSession(const std::string& path);
+
+}  // namespace zef::bench

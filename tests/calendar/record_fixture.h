@@ -1,0 +1,105 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/recordset.h"
+#include "session/session.h"
+#include "tests/support/engine_wrapper.h"
+#include "tests/support/session_test.h"
+
+namespace zef::test {
+
+using Texts = std::vector<std::string>;
+
+/// A date by its text.
+inline Date On(std::string_view text) { return ParseDate(text).value(); }
+
+/// The two flags of a record, which decide what its next `Save` does: "new" or "old", "modified" or "clear".
+template <class R>
+std::string Flags(const R& record) {
+  return std::string(record.IsNew() ? "new" : "old") + (record.IsModified() ? " modified" : " clear");
+}
+
+/// Refuses the calls whose texts begin with a given one, before they reach the engine.
+class RefusingEngine final : public Engine {
+ public:
+  RefusingEngine(std::unique_ptr<Engine> engine, std::shared_ptr<std::string> refused)
+      : engine_(std::move(engine)), refused_(std::move(refused)) {}
+
+  Result Execute(const Command& command) override {
+    RefuseIf(command.text);
+    return engine_->Execute(command);
+  }
+  void BeginTrans() override {
+    RefuseIf("BEGIN");
+    engine_->BeginTrans();
+  }
+  void CommitTrans() override {
+    RefuseIf("COMMIT");
+    engine_->CommitTrans();
+  }
+  void RollbackTrans() override { engine_->RollbackTrans(); }
+  int TransactionDepth() const override { return engine_->TransactionDepth(); }
+
+ private:
+  void RefuseIf(std::string_view text) const {
+    if (refused_->empty() || !text.starts_with(*refused_)) return;
+    throw RunTimeError(FailureNumber::StatementError, "made to fail");
+  }
+
+  std::unique_ptr<Engine> engine_;
+  std::shared_ptr<std::string> refused_;
+};
+
+/// A session at 9 o'clock on 1 May 2024 whose statements are noted and can be refused, and a second connection that
+/// looks at the database from outside, where only what was committed is seen.
+class RecordTest : public SessionTest {
+ protected:
+  RecordTest() {
+    connection().WrapEngine([this](std::unique_ptr<Engine> engine) {
+      return std::make_unique<RefusingEngine>(std::move(engine), refused_);
+    });
+    log_ = Watch(connection());
+  }
+
+  /// Runs a statement from outside.
+  Ref<Recordset> Run(const std::string& statement) { return outside_->Execute(statement); }
+  /// The first value of a select, seen from outside.
+  std::string Stored(const std::string& select) { return test::Scalar(*outside_, select); }
+  /// The number of rows of a table, or of those that meet a condition, seen from outside.
+  std::int32_t Rows(const std::string& table_and_condition) { return Count(*outside_, table_and_condition); }
+
+  /// What the session has sent since the last call of this or of `Forget`, without transactions and without the work on
+  /// sequences.
+  Texts Sent() {
+    Texts statements = log_->Statements();
+    Forget();
+    return statements;
+  }
+  /// The same with its transactions.
+  Texts SentInAll() { return std::exchange(log_->texts, {}); }
+  void Forget() { log_->texts.clear(); }
+
+  /// From now on every call that begins with this text fails: a statement, BEGIN or COMMIT.
+  void Refuse(const std::string& beginning) { *refused_ = beginning; }
+  void RefuseNothing() { refused_->clear(); }
+
+  /// Leaves something in the error record.
+  void LeaveAnOldError() { session->RecordError("Earlier", 77, "an old error"); }
+
+  const Date now_ = On("5/1/2024 9:00:00 AM");
+
+ private:
+  ClockOverride clock_{now_};
+  Ref<Connection> outside_ = database.Connect();
+  std::shared_ptr<std::string> refused_ = std::make_shared<std::string>();
+  std::shared_ptr<EngineLog> log_;
+};
+
+}  // namespace zef::test
