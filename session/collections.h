@@ -28,9 +28,7 @@ class Collection : public RefCounted<Collection<Element>> {
 
   /// Adds at the end. False, and nothing is recorded anywhere, if an element with that `ID` is present or there is no
   /// element.
-  bool Add(const Ref<Element>& element) {
-    return element && elements_.TryAdd(SqlNumber(element->ID), element);
-  }
+  bool Add(const Ref<Element>& element) { return element && elements_.TryAdd(SqlNumber(element->ID), element); }
   /// Raises 9 for a position outside 1 to `Count`.
   const Ref<Element>& ItemByIdx(std::int32_t Index) const { return elements_.Item(Index); }
   /// Raises 5 for an unknown key.
