@@ -37,11 +37,11 @@ bool SqlCursor::Next() {
   if (on_row_) {
     if (statement_) {
       statement_on_row_ = statement_on_row_ && Step();
-    } else if (!memory_.empty()) {
-      memory_.pop_front();
+    } else if (head_ < memory_.size()) {
+      Row().swap(memory_[head_++]);
     }
   }
-  on_row_ = statement_ ? statement_on_row_ : !memory_.empty();
+  on_row_ = statement_ ? statement_on_row_ : head_ < memory_.size();
   passed_ += on_row_ ? 1 : 0;
   return on_row_;
 }
@@ -49,7 +49,7 @@ bool SqlCursor::Next() {
 Value SqlCursor::Get(int column) const {
   if (abandoned_) throw RunTimeError(FailureNumber::ObjectClosed);
   if (!on_row_) throw RunTimeError(FailureNumber::NoCurrentRecord);
-  if (!statement_) return memory_.front()[static_cast<std::size_t>(column)];
+  if (!statement_) return memory_[head_][static_cast<std::size_t>(column)];
   return statement_->Get(column, TypeOf(column));
 }
 
@@ -71,7 +71,7 @@ void SqlCursor::Detach() {
 
 std::int64_t SqlCursor::CountRows() {
   Detach();
-  const auto ahead = static_cast<std::int64_t>(memory_.size()) - (on_row_ ? 1 : 0);
+  const auto ahead = static_cast<std::int64_t>(memory_.size() - head_) - (on_row_ ? 1 : 0);
   return passed_ + ahead;
 }
 

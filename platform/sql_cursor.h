@@ -1,6 +1,6 @@
 #pragma once
 
-#include <deque>
+#include <vector>
 
 #include "platform/sql_engine.h"
 
@@ -33,7 +33,8 @@ class SqlCursor final : public Cursor {
   SqlEngine* engine_;
   Ref<Plan> plan_;
   std::unique_ptr<PreparedStatement> statement_;  ///< null once it has ended or was detached
-  std::deque<Row> memory_;                        ///< detached: the current row, if there is one, and those to come
+  std::vector<Row> memory_;                       ///< detached: the current row, if there is one, and those to come
+  std::size_t head_ = 0;                          ///< where they begin
   std::int64_t passed_ = 0;                       ///< rows that `Next` has reached
   bool statement_on_row_;                         ///< the statement stands on a row
   bool on_row_ = false;                           ///< the cursor stands on a row

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <ostream>
 #include <string>
+#include <vector>
 
 #include "platform/connection.h"
 #include "platform/recordset.h"
@@ -16,6 +18,8 @@ struct Backend {
   std::string name;
   /// Makes an empty database that lives as long as the returned object.
   std::shared_ptr<void> (*make)(std::string& connection_string);
+
+  friend void PrintTo(const Backend& backend, std::ostream* out) { *out << backend.name; }
 };
 
 /// All engines of this build.
