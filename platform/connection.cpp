@@ -14,7 +14,9 @@ void Connection::Open(const std::string& connection_string, const std::string& /
                       std::int32_t /*options*/) {
   if (engine_) throw RunTimeError(FailureNumber::ObjectClosed, "The connection is open already.");
   std::string whole = connection_string;
-  if (!password.empty()) whole = "Password=" + QuotedConnectionValue(password) + ";" + whole;
+  const ConnectionString given = ParseConnectionString(connection_string);
+  const bool has_password = !given.Get("Password").empty() || !given.Get("Jet OLEDB:Database Password").empty();
+  if (!password.empty() && !has_password) whole += ";Password=" + QuotedConnectionValue(password);
   engine_ = Guarded([&] { return OpenEngine(whole); });
 }
 

@@ -52,13 +52,17 @@ std::string_view ConnectionString::Get(std::string_view key) const {
 
 void ConnectionString::Require(std::initializer_list<std::string_view> known) const {
   bool behind_password = false;
-  for (const auto& [key, value] : parts) {
-    const auto same = [&key = key](std::string_view name) { return text::EqualNames(name, key); };
-    if (std::none_of(known.begin(), known.end(), same)) {
-      // Behind a password the key itself is not shown: it may be the tail of one with a semicolon.
+  for (auto part = parts.begin(); part != parts.end(); ++part) {
+    const std::string& key = part->first;
+    const auto named = [&](std::string_view name) { return text::EqualNames(name, key); };
+    // What stands behind a password may be the tail of one with a semicolon: it is not shown, and names no other file.
+    if (std::none_of(known.begin(), known.end(), named)) {
       Malformed(behind_password ? "a key behind the password is not known." : "the key '" + key + "' is not known.");
     }
-    behind_password = behind_password || text::LowerAscii(key).ends_with("password");
+    const bool password = text::LowerAscii(key).ends_with("password");
+    const bool again = std::any_of(parts.begin(), part, [&](const auto& other) { return named(other.first); });
+    if (behind_password && again && !password) Malformed("a key stands again behind the password.");
+    behind_password = behind_password || password;
   }
 }
 

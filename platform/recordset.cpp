@@ -80,14 +80,17 @@ Field Fields::Item(std::int32_t index) const {
 
 Recordset::~Recordset() {
   cursor_.reset();
-  // A transaction of its own that was not used leaves nothing behind; closing the connection has undone it otherwise.
-  if (holds_lock_ && connection_->IsOpen()) IgnoringFailures([&] { connection_->OpenedEngine().RollbackTrans(); });
+  // Closing the connection has undone an own transaction; there is nobody to tell if undoing it here fails.
+  if (lock_depth_ > 0 && connection_->IsOpen()) IgnoringFailures([&] { ReleaseLock(false); });
 }
 
 void Recordset::Open(const std::string& source, const Ref<Connection>& connection, std::int32_t /*cursor_type*/,
                      std::int32_t lock_type, std::int32_t options) {
   if (IsOpen()) throw RunTimeError(FailureNumber::ObjectClosed, "The record set is open already.");
   Connection& opened = Deref(connection);
+  cursor_.reset();  // of a connection that was closed
+  LeaveRow();
+  lock_depth_ = 0;
   const bool table = options > 0 && (options & adCmdTable) != 0;
   const std::string text = table ? "SELECT * FROM " + Bracketed(source) : source;
   const bool pessimistic = lock_type == adLockPessimistic;
@@ -98,7 +101,7 @@ void Recordset::Open(const std::string& source, const Ref<Connection>& connectio
   if (!result.cursor) return lock.Commit();
   Attach(connection, std::move(result.cursor));
   writable_ = writable;
-  holds_lock_ = lock.Keep();
+  if (lock.Keep()) lock_depth_ = opened.OpenedEngine().TransactionDepth();
 }
 
 void Recordset::Attach(const Ref<Connection>& connection, std::unique_ptr<Cursor> cursor) {
@@ -108,8 +111,10 @@ void Recordset::Attach(const Ref<Connection>& connection, std::unique_ptr<Cursor
 }
 
 void Recordset::ReleaseLock(bool keep) {
-  if (!holds_lock_) return;
-  holds_lock_ = false;
+  if (lock_depth_ == 0 || connection_->OpenedEngine().TransactionDepth() > lock_depth_) return;
+  const bool ended_by_client = connection_->OpenedEngine().TransactionDepth() < lock_depth_;
+  lock_depth_ = 0;
+  if (ended_by_client) return;
   keep ? connection_->CommitTrans() : connection_->RollbackTrans();
 }
 
@@ -147,6 +152,7 @@ void Recordset::MoveNext() {
   OpenShape();
   if (at_end_) throw RunTimeError(FailureNumber::NoCurrentRecord);
   LeaveRow();
+  at_end_ = true;  // also behind a row that cannot be read
   at_end_ = !connection_->Guarded([&] { return cursor_->Next(); });
 }
 
@@ -184,13 +190,16 @@ void Recordset::AddNew() {
 
 void Recordset::Update() {
   RequireRow();
-  if (!writable_ || OpenShape().statement().table.empty()) {
-    throw RunTimeError(FailureNumber::FileUnusable,
-                       "The record set cannot be written: it was not opened for that, or its rows have no identity.");
-  }
   const bool insert = adding_ && !inserted_;
-  if (pending_.empty() && !insert) return;
-  connection_->Guarded([&] { insert ? InsertRow() : UpdateRow(); });
+  const bool writable = writable_ && !OpenShape().statement().table.empty();
+  if (writable && pending_.empty() && !insert) return;
+  connection_->Guarded([&] {
+    if (!writable) {
+      throw RunTimeError(FailureNumber::FileUnusable,
+                         "The record set cannot be written: it was not opened for that, or its rows have no identity.");
+    }
+    insert ? InsertRow() : UpdateRow();
+  });
   inserted_ = adding_;
   for (auto& [position, value] : pending_) SetField(written_, position, std::move(value));
   pending_.clear();

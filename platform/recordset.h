@@ -69,7 +69,8 @@ class Recordset : public RefCounted<Recordset> {
   void Open(const std::string& source, const Ref<Connection>& connection, std::int32_t cursor_type = adOpenForwardOnly,
             std::int32_t lock_type = adLockReadOnly, std::int32_t options = adCmdUnspecified);
   void Close();
-  bool IsOpen() const { return connection_ != nullptr; }
+  /// False once the connection is closed, too.
+  bool IsOpen() const { return cursor_ && connection_->IsOpen(); }
 
   /// True behind the last row (ADO's EOF, a name that the C library takes).
   bool EndOfFile() const;
@@ -105,6 +106,7 @@ class Recordset : public RefCounted<Recordset> {
   void InsertRow();
   void UpdateRow();
   void LeaveRow();
+  /// Ends the own transaction, unless the client has opened one inside it or has ended it.
   void ReleaseLock(bool keep);
 
   Ref<Connection> connection_;
@@ -117,7 +119,7 @@ class Recordset : public RefCounted<Recordset> {
   bool adding_ = false;    ///< the current row is one from `AddNew`
   bool inserted_ = false;  ///< and `Update` has written it
   bool writable_ = false;
-  bool holds_lock_ = false;
+  int lock_depth_ = 0;  ///< depth of a pessimistic record set's own transaction, 0 for none
 };
 
 }  // namespace zef

@@ -18,6 +18,7 @@ std::int64_t Write(Connection& connection, const std::string& text, const std::v
 }  // namespace
 
 void Recordset::InsertRow() {
+  if (pending_.empty()) throw RunTimeError(FailureNumber::ConstraintViolated, "A new row needs a value in some field.");
   const RowShape& shape = OpenShape();
   std::string names, marks;
   std::vector<Value> values;

@@ -39,6 +39,17 @@ RunTimeError::RunTimeError(FailureNumber number, std::string description)
 
 RunTimeError::RunTimeError(FailureNumber number) : RunTimeError(number, StandingSentence(number)) {}
 
+bool RunTimeError::from_provider() const noexcept {
+  switch (number_) {
+    case FailureNumber::ObjectNotSet:
+    case FailureNumber::NoCurrentRecord:
+    case FailureNumber::ItemNotFound:
+    case FailureNumber::ObjectClosed:
+    case FailureNumber::ProviderNotFound: return false;
+    default: return true;
+  }
+}
+
 std::optional<RunTimeError> CurrentFailure() {
   const std::exception_ptr handled = std::current_exception();
   if (!handled) return std::nullopt;

@@ -54,8 +54,9 @@ class RunTimeError : public std::exception {
   const std::string& description() const noexcept { return description_; }
   const char* what() const noexcept override { return description_.c_str(); }
 
-  /// True for failures reported by the database provider; they enter the connection's error list.
-  bool from_provider() const noexcept { return number() < 0; }
+  /// True for what a database reports, false for failures of the objects in front of it, such as a closed one. The
+  /// former enter the connection's error list.
+  bool from_provider() const noexcept;
 
  private:
   FailureNumber number_;

@@ -1,6 +1,7 @@
 #include "platform/sql_cursor.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zef {
 
@@ -34,7 +35,7 @@ bool SqlCursor::Step() {
 
 bool SqlCursor::Next() {
   if (abandoned_) throw RunTimeError(FailureNumber::ObjectClosed);
-  if (on_row_) {
+  if (std::exchange(on_row_, false)) {
     if (statement_) {
       statement_on_row_ = statement_on_row_ && Step();
     } else if (head_ < memory_.size()) {
@@ -42,6 +43,7 @@ bool SqlCursor::Next() {
     }
   }
   on_row_ = statement_ ? statement_on_row_ : head_ < memory_.size();
+  if (!on_row_ && failure_) std::rethrow_exception(failure_);
   passed_ += on_row_ ? 1 : 0;
   return on_row_;
 }
@@ -62,15 +64,20 @@ SqlCursor::Row SqlCursor::CurrentRow() const {
 }
 
 void SqlCursor::Detach() {
-  while (statement_ && statement_on_row_) {
-    memory_.push_back(CurrentRow());
-    statement_on_row_ = Step();
+  try {
+    while (statement_ && statement_on_row_) {
+      memory_.push_back(CurrentRow());
+      statement_on_row_ = Step();
+    }
+  } catch (...) {  // who detaches, to write or to roll back, has nothing to do with what is wrong in this walk
+    failure_ = std::current_exception();
   }
   if (statement_) Finish();
 }
 
 std::int64_t SqlCursor::CountRows() {
   Detach();
+  if (failure_) std::rethrow_exception(failure_);
   const auto ahead = static_cast<std::int64_t>(memory_.size() - head_) - (on_row_ ? 1 : 0);
   return passed_ + ahead;
 }
@@ -84,6 +91,7 @@ void SqlCursor::Finish() {
 void SqlCursor::Abandon() {
   abandoned_ = true;
   statement_.reset();
+  plan_->idle.clear();
 }
 
 }  // namespace zef

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <vector>
 
 #include "platform/sql_engine.h"
@@ -16,6 +17,7 @@ class SqlCursor final : public Cursor {
   const RowShape& shape() const override { return plan_->shape; }
   bool Next() override;
   Value Get(int column) const override;
+  /// Never fails: a row that cannot be read is told when the walk comes to it.
   void Detach() override;
   std::int64_t CountRows() override;
   /// The engine goes away: the statement is dropped and every further call raises 3704.
@@ -35,6 +37,7 @@ class SqlCursor final : public Cursor {
   std::unique_ptr<PreparedStatement> statement_;  ///< null once it has ended or was detached
   std::vector<Row> memory_;                       ///< detached: the current row, if there is one, and those to come
   std::size_t head_ = 0;                          ///< where they begin
+  std::exception_ptr failure_;                    ///< what ended the rows in memory
   std::int64_t passed_ = 0;                       ///< rows that `Next` has reached
   bool statement_on_row_;                         ///< the statement stands on a row
   bool on_row_ = false;                           ///< the cursor stands on a row

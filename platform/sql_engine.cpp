@@ -102,6 +102,8 @@ Ref<Plan> SqlEngine::PlanOf(const Command& command) {
   shape_.key.resize(key.size() - kOptionBytes);
   sql::CompiledStatement compiled = sql::Compile(sql::Parse(shape_), shape_, *this, SqlDialect(), command.options);
   shape_.key = key;
+  // Each table was described by itself; only an unchanged number tells that they belong together.
+  if (SchemaVersion() != tables_version_) return nullptr;
   auto plan = MakeRef<Plan>(std::move(compiled));
   if (plan->shape.statement().cacheable) plans_.Add(key, plan);
   return plan;
@@ -130,6 +132,7 @@ Result SqlEngine::ExecuteSchemaChange(const Command& command) {
 }
 
 Result SqlEngine::Execute(const Command& command) {
+  RequireUsable();
   if (sql::IsSchemaChange(command.text)) return ExecuteSchemaChange(command);
   sql::ReadShape(command.text, shape_);
   shape_.key += command.options.updatable ? 'u' : ' ';
@@ -143,6 +146,7 @@ Result SqlEngine::Execute(const Command& command) {
 
 bool SqlEngine::Run(const Command& command, Result& result) {
   const Ref<Plan> plan = PlanOf(command);
+  if (!plan) return false;
   const sql::CompiledStatement& compiled = plan->shape.statement();
   return compiled.kind == sql::CompiledStatement::Kind::Select ? Read(plan, command, result)
                                                                : Write(plan, command, result);

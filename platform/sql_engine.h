@@ -79,6 +79,8 @@ class SqlEngine : public Engine, protected sql::Catalog {
   /// A number that changes with every change of any table's columns or indexes, by whichever client.
   virtual std::int64_t SchemaVersion() = 0;
   virtual void ChangeSchema(const sql::SchemaChange& change) = 0;
+  /// Raises if a statement must not run now, as in a transaction that the engine has undone by itself.
+  virtual void RequireUsable() const = 0;
 
   /// Forgets everything worked out from the tables' columns.
   void Forget();
@@ -97,6 +99,7 @@ class SqlEngine : public Engine, protected sql::Catalog {
   bool Run(const Command& command, Result& result);
   bool Read(const Ref<Plan>& plan, const Command& command, Result& result);
   bool Write(const Ref<Plan>& plan, const Command& command, Result& result);
+  /// The plan of the statement at hand, or null if the tables changed while it was worked out.
   Ref<Plan> PlanOf(const Command& command);
   void GiveBack(Plan& plan, std::unique_ptr<PreparedStatement> statement);
   void BindAll(PreparedStatement& statement, const sql::CompiledStatement& compiled, const Command& command);

@@ -124,7 +124,7 @@ bool FillFieldsArray(const R& record, const Table<R, N>& table, std::string_view
                      FieldsArray& strFields, std::int32_t& lngFieldsCount) {
   return Trapped(record.Session(), procedure, false, [&] {
     lngFieldsCount = table.rows;
-    strFields = FieldsArray(table.rows, 2);
+    strFields = FieldsArray(table.rows, table.last_column);
     if (enmType != FN_DATABASE) return true;
     int row = 0;
     EachRow(record, table, [&](std::string_view name, std::string value) {

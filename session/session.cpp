@@ -24,10 +24,11 @@ std::string CSession::GetEntireErrorDesc() const {
 }
 
 void CSession::RecordError(const std::string& strProcedure, std::int32_t lngCode, const std::string& strMessage) {
+  const std::string message = strMessage;  // it may be a text of this very record
   ErrorProcedure = strProcedure;
   if (lngCode > 0) {
     ErrorCode = std::to_string(lngCode);
-    ErrorDescription = strMessage;
+    ErrorDescription = message;
   } else if (Errors& errors = Deref(conDBConnection).Errors(); errors.Count() > 0) {
     ErrorCode = std::to_string(errors.Item(0).Number);
     ErrorDescription = errors.Item(0).Description;

@@ -60,7 +60,6 @@ SqliteEngine::~SqliteEngine() {
 }
 
 std::unique_ptr<PreparedStatement> SqliteEngine::Prepare(const sql::CompiledStatement& statement) {
-  RequireUndamaged();
   return std::make_unique<SqliteStatement>(db_.get(), statement.text, failure_);
 }
 
@@ -74,7 +73,7 @@ void SqliteEngine::RunSavepoint(SavepointVerb verb, int depth) {
 }
 
 /// A full disk and the like make the engine undo the whole transaction by itself; going on would write outside of it.
-void SqliteEngine::RequireUndamaged() const {
+void SqliteEngine::RequireUsable() const {
   if (depth_ > 0 && sqlite3_get_autocommit(db_.get()) != 0) {
     throw RunTimeError(FailureNumber::FileUnusable,
                        "The transaction was undone after a failure of the disk; roll it back.");
@@ -86,7 +85,7 @@ void SqliteEngine::BeginTrans() {
   if (depth_ == 0) {
     begin_.Run(db_.get(), "BEGIN IMMEDIATE");
   } else {
-    RequireUndamaged();
+    RequireUsable();
     RunSavepoint(kSet, depth_);
   }
   ++depth_;
@@ -94,10 +93,11 @@ void SqliteEngine::BeginTrans() {
 
 void SqliteEngine::CommitTrans() {
   if (depth_ == 0) throw RunTimeError(FailureNumber::NoTransaction);
-  RequireUndamaged();
+  RequireUsable();
   DetachCursors();
   if (depth_ == 1) {
     commit_.Run(db_.get(), "COMMIT");
+    schema_changed_ = false;
   } else {
     RunSavepoint(kRelease, depth_ - 1);
   }
@@ -107,14 +107,15 @@ void SqliteEngine::CommitTrans() {
 void SqliteEngine::RollbackTrans() {
   if (depth_ == 0) throw RunTimeError(FailureNumber::NoTransaction);
   DetachCursors();
-  --depth_;
-  if (sqlite3_get_autocommit(db_.get()) != 0) return;
-  if (depth_ == 0) {
-    rollback_.Run(db_.get(), "ROLLBACK");
-  } else {
-    RunSavepoint(kRollBack, depth_);
-    RunSavepoint(kRelease, depth_);
+  const bool undone_already = sqlite3_get_autocommit(db_.get()) != 0;
+  if (!undone_already && depth_ == 1) rollback_.Run(db_.get(), "ROLLBACK");
+  if (!undone_already && depth_ > 1) {
+    RunSavepoint(kRollBack, depth_ - 1);
+    RunSavepoint(kRelease, depth_ - 1);
   }
+  // The number of the schema goes back as well, and another client's change may take the same number again.
+  if (schema_changed_) Forget();
+  if (--depth_ == 0) schema_changed_ = false;
 }
 
 std::int64_t SqliteEngine::SchemaVersion() { return version_.Number(db_.get(), "PRAGMA schema_version"); }
@@ -123,6 +124,7 @@ sql::TableInfo SqliteEngine::Describe(std::string_view table) { return DescribeT
 
 void SqliteEngine::ChangeSchema(const sql::SchemaChange& change) {
   TransactionGuard<Engine> guard(*this);
+  schema_changed_ = true;
   ApplySchemaChange(db_.get(), change, failure_);
   guard.Commit();
 }

@@ -31,6 +31,7 @@ class SqliteEngine final : public SqlEngine {
   sql::TableInfo Describe(std::string_view table) override;
   std::int64_t SchemaVersion() override;
   void ChangeSchema(const sql::SchemaChange& change) override;
+  void RequireUsable() const override;
 
  private:
   /// A short statement of the engine's own, prepared at its first use.
@@ -46,7 +47,6 @@ class SqliteEngine final : public SqlEngine {
 
   enum SavepointVerb { kSet, kRelease, kRollBack, kVerbs };
   void RunSavepoint(SavepointVerb verb, int depth);
-  void RequireUndamaged() const;
 
   std::chrono::steady_clock::time_point waiting_since_;  ///< of the wait for another client's lock
   DatabaseHandle db_;
@@ -55,6 +55,7 @@ class SqliteEngine final : public SqlEngine {
   Own begin_, commit_, rollback_, version_;
   std::deque<std::array<Own, kVerbs>> savepoints_;  ///< by depth
   int depth_ = 0;
+  bool schema_changed_ = false;  ///< by the open transaction
 };
 
 /// Opens the file that `Data Source` names; the password stands under `Jet OLEDB:Database Password` or `Password`.

@@ -62,6 +62,12 @@ TEST_P(Connections, KeepRunTimeFailuresOutOfTheirErrors) {
   EXPECT_EQ(connection_->Errors().Count(), 0);
 }
 
+TEST_P(Connections, EnterFailuresInsideAStatementIntoTheirErrors) {
+  FailureOf("SELECT 1/0");
+  ASSERT_EQ(connection_->Errors().Count(), 1);
+  EXPECT_EQ(connection_->Errors().Item(0).Number, 11);
+}
+
 TEST_P(Connections, RefuseAnErrorThatIsNotThere) { EXPECT_THROW(connection_->Errors().Item(0), RunTimeError); }
 
 TEST_P(Connections, NeverShowTheValuesOfAStatement) {

@@ -106,11 +106,46 @@ TEST_P(Transactions, APessimisticRecordSetKeepsOtherWritersOutUntilItsUpdate) {
   Insert(1);
   auto rs = MakeRef<Recordset>();
   rs->Open("SELECT N FROM Numbers WHERE N=1", connection_, adOpenForwardOnly, adLockPessimistic);
+  const Ref<Connection> other = Connect();
+  EXPECT_THROW(other->Execute("UPDATE Numbers SET N=9 WHERE N=1"), RunTimeError);
   rs->Fields().Item("N").SetValue(7);
   rs->Update();
-  const Ref<Connection> other = Connect();
   other->Execute("UPDATE Numbers SET N=8 WHERE N=7");
   EXPECT_EQ(Text("SELECT N FROM Numbers"), "8");
+}
+
+TEST_P(Transactions, APessimisticRecordSetLeavesATransactionOfTheClientAlone) {
+  Insert(1);
+  auto rs = MakeRef<Recordset>();
+  rs->Open("SELECT N FROM Numbers WHERE N=1", connection_, adOpenForwardOnly, adLockPessimistic);
+  connection_->BeginTrans();
+  rs->Fields().Item("N").SetValue(7);
+  rs->Update();
+  connection_->RollbackTrans();
+  rs->Close();
+  EXPECT_EQ(Text("SELECT N FROM Numbers"), "1");
+  EXPECT_EQ(connection_->BeginTrans(), 1);
+}
+
+TEST_P(Transactions, AFailingRowOfAnOpenRecordSetDisturbsNobodyElse) {
+  for (int n = 1; n <= 5; ++n) Insert(n);
+  const Ref<Recordset> rs = Execute("SELECT 10/(N-3) FROM Numbers ORDER BY N");
+  EXPECT_EQ(connection_->BeginTrans(), 1);
+  Insert(6);
+  connection_->RollbackTrans();
+  EXPECT_EQ(Rows(), 5);
+  rs->MoveNext();
+  EXPECT_THROW(rs->MoveNext(), RunTimeError);
+  EXPECT_TRUE(rs->EndOfFile());
+}
+
+TEST_P(Transactions, AnotherClientsChangeAfterARolledBackOneIsNoticed) {
+  connection_->BeginTrans();
+  Execute("ALTER TABLE Numbers ADD COLUMN Extra Long");
+  Execute("SELECT * FROM Numbers");
+  connection_->RollbackTrans();
+  Connect()->Execute("ALTER TABLE Numbers ADD COLUMN Other Long");
+  EXPECT_EQ(FailureOf("SELECT Other FROM Numbers"), 0);
 }
 
 TEST_P(Transactions, APessimisticRecordSetThatIsClosedUnchangedLeavesNothingOpen) {
