@@ -38,17 +38,20 @@ inline bool InRange(double value) {
   return value > static_cast<double>(kFirstDay - 1) && value < static_cast<double>(kLastDay + 1);
 }
 
-/// Raises 5 for a date outside the range.
-inline DayAndFraction Split(Date date) {
-  if (!InRange(date.value())) throw RunTimeError(FailureNumber::InvalidCall);
-  const auto day = static_cast<std::int64_t>(date.value());
-  return {day, std::fabs(date.value() - static_cast<double>(day))};
-}
-
 /// The date of a day in range; before day zero the fraction still counts forward, so it is taken off the number.
 inline Date Join(std::int64_t day, double fraction) {
   const auto whole = static_cast<double>(day);
   return Date(day < 0 ? whole - fraction : whole + fraction);
+}
+
+/// Raises 5 for a date outside the range. A time of day in whole seconds comes as exactly seconds/86400: what a large
+/// day number has rounded off would otherwise show once the time is joined to a day with more room.
+inline DayAndFraction Split(Date date) {
+  if (!InRange(date.value())) throw RunTimeError(FailureNumber::InvalidCall);
+  const auto day = static_cast<std::int64_t>(date.value());
+  const double fraction = std::fabs(date.value() - static_cast<double>(day));
+  const double exact = std::nearbyint(fraction * kSecondsPerDay) / kSecondsPerDay;
+  return {day, Join(day, exact) == date ? exact : fraction};
 }
 
 inline Date Join(DayAndSeconds moment) { return Join(moment.day, moment.seconds / double{kSecondsPerDay}); }
