@@ -148,8 +148,14 @@ bool SqlEngine::Run(const Command& command, Result& result) {
   const Ref<Plan> plan = PlanOf(command);
   if (!plan) return false;
   const sql::CompiledStatement& compiled = plan->shape.statement();
-  return compiled.kind == sql::CompiledStatement::Kind::Select ? Read(plan, command, result)
-                                                               : Write(plan, command, result);
+  const bool reads = compiled.kind == sql::CompiledStatement::Kind::Select;
+  try {
+    return reads ? Read(plan, command, result) : Write(plan, command, result);
+  } catch (const RunTimeError&) {
+    // What the columns of the plan refuse, those that another client has made of them meanwhile may take.
+    if (SchemaVersion() == tables_version_) throw;
+    return false;
+  }
 }
 
 bool SqlEngine::Read(const Ref<Plan>& plan, const Command& command, Result& result) {

@@ -134,9 +134,10 @@ class DeleteWriter {
   }
 
   std::string OfJoinedSources(const ScopeSource& target, const TableInfo& table) {
-    const std::string rows = "SELECT " + FoundRowId(writing_, *remove_.from, scope_, target) + " FROM " +
-                             WriteFrom(*remove_.from, scope_, expressions_) +
-                             OptionalWhere(expressions_, remove_.where);
+    // One after the other: finding the row may add its identifier to a bracketed source.
+    std::string rows = "SELECT " + FoundRowId(writing_, *remove_.from, scope_, target);
+    rows += " FROM " + WriteFrom(*remove_.from, scope_, expressions_);
+    rows += OptionalWhere(expressions_, remove_.where);
     return "DELETE FROM " + Quoted(table.name) + " WHERE " + writing_.dialect().RowId() + " IN (" + rows + ")";
   }
 

@@ -59,7 +59,12 @@ const SelectedItem* SelectCore::ItemOf(const Expr& expr) const {
   return found == items_.end() ? nullptr : &*found;
 }
 
-std::string SelectCore::Text() { return Body(select_.distinct) + OrderBy() + Limit(); }
+std::string SelectCore::Text() {
+  std::string text = Body(select_.distinct);  // first: it decides whether aggregates may stand behind it
+  text += OrderBy();
+  text += Limit();
+  return text;
+}
 
 std::string SelectCore::PartOfUnion() {
   const std::string body = Body(true);
@@ -79,7 +84,8 @@ std::string SelectCore::Body(bool collated) {
   std::string text = select_.distinct ? "SELECT DISTINCT " : "SELECT ";
   text += ItemList(collated) + hidden_;
   if (select_.from) text += " FROM " + WriteFrom(*select_.from, scope_, expressions_);
-  text += OptionalCondition(" WHERE ", select_.where) + GroupBy();
+  text += OptionalCondition(" WHERE ", select_.where);
+  text += GroupBy();
   expressions_.AllowAggregates(true);
   return text + OptionalCondition(" HAVING ", select_.having);
 }

@@ -101,6 +101,19 @@ TEST_P(Connections, NoticeAColumnThatAnotherConnectionMadeNarrower) {
   EXPECT_EQ(Count(*connection_, "Numbers"), 0);
 }
 
+TEST_P(Connections, NoticeAColumnThatAnotherConnectionMadeWider) {
+  Execute("INSERT INTO Numbers (N,Word) VALUES (1,'short')");
+  Connect()->Execute("ALTER TABLE Numbers ALTER COLUMN Word Text(20)");
+  EXPECT_EQ(FailureOf("INSERT INTO Numbers (N,Word) VALUES (2,'more than ten chars')"), 0);
+}
+
+TEST_P(Connections, SortGroupsByAnAggregate) {
+  Execute("INSERT INTO Numbers (N,Word) VALUES (1,'a')");
+  Execute("INSERT INTO Numbers (N,Word) VALUES (2,'b')");
+  Execute("INSERT INTO Numbers (N,Word) VALUES (3,'b')");
+  EXPECT_EQ(Text("SELECT Word FROM Numbers GROUP BY Word ORDER BY Count(*) DESC"), "b");
+}
+
 TEST_P(Connections, NoticeATableThatAnotherConnectionDropped) {
   Execute("SELECT * FROM Numbers");
   Connect()->Execute("DROP TABLE Numbers");
