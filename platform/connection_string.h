@@ -15,8 +15,7 @@ struct ConnectionString {
   /// The value of a key, the last one if it stands there twice, or the empty text.
   std::string_view Get(std::string_view key) const;
   /// Raises -2147217900 if a key is not among `known`; the sentence names the key, unless it stands behind a password,
-  /// and no value. A key that stands
-  /// there again behind a password is refused, too.
+  /// and no value. A key that stands there again behind a password is refused, too.
   void Require(std::initializer_list<std::string_view> known) const;
 };
 
