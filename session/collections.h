@@ -18,6 +18,21 @@ class CTag : public RefCounted<CTag> {
   std::string Text;
 };
 
+class CAlarm;
+class CCategory;
+class CContact;
+class CEvent;
+class CFolder;
+class CNote;
+class CPhoneLog;
+class CTask;
+
+/// True if the key "-1", the reference of a record that has none, stands for no element.
+template <class Element>
+inline constexpr bool kMinusOneIsNothing = false;
+template <>
+inline constexpr bool kMinusOneIsNothing<CCategory> = true;
+
 /// An ordered list of elements under the decimal text of the `ID` that they had when they were added. Belongs to the
 /// client; elements do not know their collection.
 template <class Element>
@@ -31,8 +46,11 @@ class Collection : public RefCounted<Collection<Element>> {
   bool Add(const Ref<Element>& element) { return element && elements_.TryAdd(SqlNumber(element->ID), element); }
   /// Raises 9 for a position outside 1 to `Count`.
   const Ref<Element>& ItemByIdx(std::int32_t Index) const { return elements_.Item(Index); }
-  /// Raises 5 for an unknown key.
-  Ref<Element> ItemByKey(const std::string& Key) const { return elements_.Item(std::string_view(Key)); }
+  /// Raises 5 for an unknown key; of categories, "-1" is Nothing.
+  Ref<Element> ItemByKey(const std::string& Key) const {
+    if (kMinusOneIsNothing<Element> && Key == "-1") return nullptr;
+    return elements_.Item(std::string_view(Key));
+  }
   std::int32_t Count() const { return elements_.Count(); }
   /// Removes by position or key; raises as the two look-ups do.
   void Remove(const IndexOrKey& vntIndexKey) {
@@ -48,13 +66,14 @@ class Collection : public RefCounted<Collection<Element>> {
   KeyedList<Ref<Element>> elements_;
 };
 
-class CEvent;
-class CFolder;
-class CTask;
-
 using CTags = Collection<CTag>;
-using CEvents = Collection<CEvent>;
 using CFolders = Collection<CFolder>;
+using CAlarms = Collection<CAlarm>;
+using CCategories = Collection<CCategory>;
+using CContacts = Collection<CContact>;
+using CEvents = Collection<CEvent>;
+using CNotes = Collection<CNote>;
+using CPhoneLogs = Collection<CPhoneLog>;
 using CTasks = Collection<CTask>;
 
 }  // namespace zef

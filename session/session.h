@@ -8,15 +8,28 @@
 
 namespace zef {
 
+class CAlarm;
+class CAttachement;
+class CCategory;
+class CContact;
 class CEvent;
 class CFolder;
+class CNote;
 class CNotification;
+class CPhoneLog;
 class CRecurrence;
+class CTag;
 class CTask;
 template <class Element>
 class Collection;
+using CAlarms = Collection<CAlarm>;
+using CCategories = Collection<CCategory>;
+using CContacts = Collection<CContact>;
 using CEvents = Collection<CEvent>;
 using CFolders = Collection<CFolder>;
+using CNotes = Collection<CNote>;
+using CPhoneLogs = Collection<CPhoneLog>;
+using CTags = Collection<CTag>;
 using CTasks = Collection<CTask>;
 
 /// Bits of a user's rights. They are tested one at a time; a mask may hold more than one.
@@ -98,6 +111,21 @@ class CSession : public RefCounted<CSession> {
   bool LoadRootFolders(const Ref<CFolders>& udtFolders);
   bool LoadChildFolders(const Ref<CFolders>& udtFolders, std::int32_t lngParentId);
   bool LoadFoldersWithCriteria(const Ref<CFolders>& udtFolders, const std::string& strCriteria);
+  /// Copies a folder with all that lies in and below it under another folder. In a transaction that is opened in any
+  /// case: inside one of the client it fails and undoes that one.
+  bool CopyFolder(std::int32_t FolderID, std::int32_t lngNewParentID);
+  /// Deletes a folder with all that lies in and below it, protected ones too; may run inside a client's transaction.
+  bool DeleteFolder(std::int32_t lngFolderID);
+
+  // Categories.
+
+  Ref<CCategory> GetCategory(std::int32_t CategoryID);
+  /// Identifier of the first category of that name, or -1.
+  std::int32_t GetCategoryID4Name(const std::string& strConnectName);
+  /// Deletes a category and clears all references to it. May run inside a client's transaction. A refusal raises
+  /// -2147168242 where no transaction runs.
+  bool DeleteCategory(std::int32_t lngCategoryID);
+  bool LoadCategoriesWithCriteria(const Ref<CCategories>& udtCategories, const std::string& strCriteria);
 
   // Rules and notifications.
 
@@ -117,14 +145,68 @@ class CSession : public RefCounted<CSession> {
   /// undoes that one.
   bool DeleteEvent(std::int32_t lngEventID);
 
+  // Alarms.
+
+  Ref<CAlarm> GetAlarm(std::int32_t AlarmID);
+  Ref<CAlarm> DuplicateAlarm(std::int32_t lngOldAlarmID);
+  Ref<CAlarm> CreateAlarm();
+  bool LoadAlarms4Folder(const Ref<CAlarms>& udtAlarms, std::int32_t lngFolderID);
+  bool LoadAlarmsWithCriteria(const Ref<CAlarms>& udtAlarms, const std::string& strCriteria);
+  /// Deletes an alarm and its children in a transaction of its own, as `DeleteEvent` does.
+  bool DeleteAlarm(std::int32_t lngAlarmID);
+
   // Tasks.
 
   Ref<CTask> GetTask(std::int32_t TaskID);
+  /// An unsaved copy of a stored task under new identifiers, or Nothing.
+  Ref<CTask> DuplicateTask(std::int32_t lngOldTaskID);
   Ref<CTask> CreateTask();
   bool LoadTasks4Folder(const Ref<CTasks>& udtTasks, std::int32_t lngFolderID);
   bool LoadTasksWithCriteria(const Ref<CTasks>& udtTasks, const std::string& strCriteria);
+  /// Deletes a task, its children and its due-date event in a transaction of its own, as `DeleteEvent` does.
+  bool DeleteTask(std::int32_t lngTaskID);
+
+  // Contacts and calls.
+
+  Ref<CContact> GetContact(std::int32_t ContactID);
+  /// An unsaved copy of a stored contact under a new identifier, or Nothing.
+  Ref<CContact> DuplicateContact(std::int32_t lngOldContactID);
+  bool LoadContacts4Folder(const Ref<CContacts>& udtContacts, std::int32_t lngFolderID);
+  bool LoadContactsWithCriteria(const Ref<CContacts>& udtContacts, const std::string& strCriteria);
+  /// Identifiers and full names of the contacts that meet the condition.
+  bool LoadContactTagsWithCriteria(const Ref<CTags>& udtContactTags, const std::string& strCriteria);
+  Ref<CContact> CreateContact();
+  /// Deletes a contact with its birthday and anniversary events; joins a transaction that runs.
+  bool DeleteContact(std::int32_t lngContactID);
+  /// Runs a client's statement and takes the columns "ID" and "FolderID" of its first row; without a row both arguments
+  /// stay. Traps nothing.
+  bool GetObjectID(const std::string& strSearch, std::int32_t& lngID, std::int32_t& lngFolderID);
+  /// Identifier of the first contact with exactly this number in one of its four phone columns, or -1. The number
+  /// stands in the statement as it came.
+  std::int32_t GetContactIDByPhoneNumber(const std::string& strNumber);
+
+  Ref<CPhoneLog> GetPhoneLog(std::int32_t PhoneLogID);
+  bool DeletePhoneLog(std::int32_t lngPhoneLogID);
+  bool LoadPhoneLogsWithCriteria(const Ref<CPhoneLogs>& udtPhoneLogs, const std::string& strCriteria);
+  Ref<CPhoneLog> CreatePhoneLog();
+
+  // Notes and attachments.
+
+  Ref<CNote> GetNote(std::int32_t NoteID);
+  Ref<CNote> CreateNote();
+  /// An unsaved copy of a stored note under a new identifier, or Nothing.
+  Ref<CNote> DuplicateNote(std::int32_t lngOldNoteID);
+  bool DeleteNote(std::int32_t lngNoteID);
+  bool LoadNotes4Folder(const Ref<CNotes>& udtNotes, std::int32_t lngFolderID);
+  bool LoadNotesWithCriteria(const Ref<CNotes>& udtNotes, const std::string& strCriteria);
+
+  Ref<CAttachement> GetAttachement(std::int32_t lngAttachementID);
+  /// Checks no rights; a cache file stays where it is.
+  bool DeleteAttachement(std::int32_t lngAttachementID);
 
  private:
+  bool CopyFolderRecursive(std::int32_t source, std::int32_t new_parent, int depth);
+  bool DeleteFolderRecursive(std::int32_t folder, int depth);
   bool EndTransaction(const char* procedure, void (Connection::*end)());
   bool ReportMisuse(const char* procedure, const char* description);
 
