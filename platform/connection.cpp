@@ -12,12 +12,13 @@ const Error& Errors::Item(std::int32_t index) const {
 
 void Connection::Open(const std::string& connection_string, const std::string& /*user*/, const std::string& password,
                       std::int32_t /*options*/) {
-  if (engine_) throw RunTimeError(FailureNumber::ObjectClosed, "The connection is open already.");
-  std::string whole = connection_string;
-  const ConnectionString given = ParseConnectionString(connection_string);
-  const bool has_password = !given.Get("Password").empty() || !given.Get("Jet OLEDB:Database Password").empty();
-  if (!password.empty() && !has_password) whole += ";Password=" + QuotedConnectionValue(password);
-  engine_ = Guarded([&] { return OpenEngine(whole); });
+  if (engine_) throw RunTimeError(FailureNumber::ObjectOpen);
+  engine_ = Guarded([&] {
+    ConnectionString given = ParseConnectionString(connection_string);
+    const bool has_password = !given.Get("Password").empty() || !given.Get("Jet OLEDB:Database Password").empty();
+    if (!password.empty() && !has_password) given.parts.emplace_back("Password", password);
+    return OpenEngine(given);
+  });
 }
 
 void Connection::Close() {

@@ -13,7 +13,7 @@ namespace zef {
 
 class Recordset;
 
-/// A connection to one database. Every member but `Errors` raises 3704 on a closed connection. Failures of the provider
+/// A connection to one database. What needs an open one raises 3704 on a closed connection. Failures of the provider
 /// enter `Errors` before they are raised; failures of the objects themselves do not.
 class Connection : public RefCounted<Connection> {
  public:
@@ -27,7 +27,7 @@ class Connection : public RefCounted<Connection> {
   std::int32_t Mode = 0;
 
   /// Opens the database that the connection string names; a password given here counts if the string has none. Raises
-  /// what `OpenEngine` does, and 3704 if the connection is open already.
+  /// what `OpenEngine` does, and 3705 if the connection is open already.
   void Open(const std::string& connection_string, const std::string& user = {}, const std::string& password = {},
             std::int32_t options = -1);
   /// Rolls back what is open and closes the record sets of this connection.

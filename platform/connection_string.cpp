@@ -8,6 +8,10 @@
 namespace zef {
 namespace {
 
+[[noreturn]] void Refuse(const std::string& what) {
+  throw RunTimeError(FailureNumber::StatementError, "The connection string is refused: " + what);
+}
+
 [[noreturn]] void Malformed(const std::string& what) {
   throw RunTimeError(FailureNumber::StatementError, "The connection string is malformed: " + what);
 }
@@ -57,11 +61,11 @@ void ConnectionString::Require(std::initializer_list<std::string_view> known) co
     const auto named = [&](std::string_view name) { return text::EqualNames(name, key); };
     // What stands behind a password may be the tail of one with a semicolon: it is not shown, and names no other file.
     if (std::none_of(known.begin(), known.end(), named)) {
-      Malformed(behind_password ? "a key behind the password is not known." : "the key '" + key + "' is not known.");
+      Refuse(behind_password ? "a key behind the password is not known." : "the key '" + key + "' is not known.");
     }
     const bool password = text::LowerAscii(key).ends_with("password");
     const bool again = std::any_of(parts.begin(), part, [&](const auto& other) { return named(other.first); });
-    if (behind_password && again && !password) Malformed("a key stands again behind the password.");
+    if (behind_password && again && !password) Refuse("a key stands again behind the password.");
     behind_password = behind_password || password;
   }
 }
@@ -77,7 +81,8 @@ ConnectionString ParseConnectionString(std::string_view text) {
       continue;
     }
     // The part itself is not shown: it may be the tail of a password with a semicolon.
-    if (equals == std::string_view::npos || equals > end) Malformed("a part has no '='.");
+    if (equals == std::string_view::npos || equals > end)
+      Malformed("a part has no '='; a value with ';' stands between quotation marks.");
     std::string key(text::Trim(text.substr(at, equals - at)));
     at = equals + 1;
     parsed.parts.emplace_back(std::move(key), Value(text, at));

@@ -36,11 +36,10 @@ std::span<const int> RowShape::Positions(ColumnNames names) const {
   return entry->second;
 }
 
-std::unique_ptr<Engine> OpenEngine(const std::string& connection_string) {
-  const ConnectionString parsed = ParseConnectionString(connection_string);
-  const std::string_view wanted = parsed.Get("Provider");
+std::unique_ptr<Engine> OpenEngine(const ConnectionString& connection) {
+  const std::string_view wanted = connection.Get("Provider");
   for (const Provider& provider : kProviders) {
-    if (text::EqualNames(provider.name, wanted)) return provider.open(parsed);
+    if (text::EqualNames(provider.name, wanted)) return provider.open(connection);
   }
   throw RunTimeError(FailureNumber::ProviderNotFound);
 }

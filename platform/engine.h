@@ -17,6 +17,8 @@
 /// tell which one it is on.
 namespace zef {
 
+struct ConnectionString;
+
 using ColumnNames = std::span<const std::string_view>;
 
 /// What all rows of a result have in common.
@@ -81,8 +83,8 @@ class Engine {
 };
 
 /// Opens the database that a connection string names. Raises 3706 for an unknown provider, -2147217843 for a wrong or
-/// missing password, -2147467259 for a file that is missing, locked, damaged or no database, -2147217900 for a
-/// malformed string.
-std::unique_ptr<Engine> OpenEngine(const std::string& connection_string);
+/// missing password, -2147467259 for a file that is missing, locked, damaged or no database, -2147217900 for a key or
+/// value that the provider does not know.
+std::unique_ptr<Engine> OpenEngine(const ConnectionString& connection);
 
 }  // namespace zef

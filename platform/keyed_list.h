@@ -24,31 +24,23 @@ class KeyedList {
   };
 
  public:
-  /// Goes over the items in order; good until the list changes.
+  /// Goes over the items in order, by position, so that a list may change on the way. Gives copies, since an item may
+  /// be removed while it is looked at.
   class Iterator {
    public:
-    using iterator_category = std::forward_iterator_tag;
-    using value_type = T;
-    using difference_type = std::ptrdiff_t;
-    using pointer = const T*;
-    using reference = const T&;
-
-    Iterator() = default;
-    reference operator*() const { return entry_->item; }
-    pointer operator->() const { return &entry_->item; }
-    Iterator& operator++() { return ++entry_, *this; }
-    Iterator operator++(int) { return Iterator(entry_++); }
-    friend bool operator==(Iterator, Iterator) = default;
+    explicit Iterator(const KeyedList& list) : list_(&list) {}
+    T operator*() const { return list_->entries_[index_].item; }
+    Iterator& operator++() { return ++index_, *this; }
+    bool operator==(std::default_sentinel_t) const { return index_ >= list_->entries_.size(); }
 
    private:
-    friend class KeyedList;
-    explicit Iterator(const Entry* entry) : entry_(entry) {}
-    const Entry* entry_ = nullptr;
+    const KeyedList* list_;
+    std::size_t index_ = 0;
   };
 
   std::int32_t Count() const { return static_cast<std::int32_t>(entries_.size()); }
-  Iterator begin() const { return Iterator(entries_.data()); }
-  Iterator end() const { return Iterator(entries_.data() + entries_.size()); }
+  Iterator begin() const { return Iterator(*this); }
+  std::default_sentinel_t end() const { return std::default_sentinel; }
 
   /// Appends an item; raises 457 if the key exists.
   void Add(std::string key, T item);

@@ -24,6 +24,7 @@ const char* StandingSentence(FailureNumber number) {
     case FailureNumber::NoCurrentRecord: return "There is no current record; the operation needs one.";
     case FailureNumber::ItemNotFound: return "The item is not in the collection under the requested name or position.";
     case FailureNumber::ObjectClosed: return "The operation is not allowed when the object is closed.";
+    case FailureNumber::ObjectOpen: return "The operation is not allowed when the object is open.";
     case FailureNumber::ProviderNotFound: return "The provider cannot be found.";
     case FailureNumber::TypesDoNotConvert: return "The types of the expression do not match.";
     case FailureNumber::NoTransaction: return "No transaction is open on this connection.";
@@ -45,6 +46,7 @@ bool RunTimeError::from_provider() const noexcept {
     case FailureNumber::NoCurrentRecord:
     case FailureNumber::ItemNotFound:
     case FailureNumber::ObjectClosed:
+    case FailureNumber::ObjectOpen:
     case FailureNumber::ProviderNotFound: return false;
     default: return true;
   }

@@ -25,6 +25,7 @@ enum class FailureNumber : std::int32_t {
   NoCurrentRecord = 3021,
   ItemNotFound = 3265,
   ObjectClosed = 3704,
+  ObjectOpen = 3705,
   ProviderNotFound = 3706,
   StatementError = -2147217900,
   NoSuchTable = -2147217865,
@@ -54,8 +55,8 @@ class RunTimeError : public std::exception {
   const std::string& description() const noexcept { return description_; }
   const char* what() const noexcept override { return description_.c_str(); }
 
-  /// True for what a database reports, false for failures of the objects in front of it, such as a closed one. The
-  /// former enter the connection's error list.
+  /// False for failures that only the objects in front of a database raise, such as a closed one; anything else that a
+  /// call of an engine raises is the database's and enters the connection's error list.
   bool from_provider() const noexcept;
 
  private:

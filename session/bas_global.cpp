@@ -17,7 +17,7 @@ std::string NameAt(std::span<const std::string_view> names, std::int32_t index) 
 
 }  // namespace
 
-const Value& Nz(const Value& value, const Value& default_value) { return IsNull(value) ? default_value : value; }
+Value Nz(const Value& value, const Value& default_value) { return IsNull(value) ? default_value : value; }
 
 std::string GetDayName(std::int32_t index) { return NameAt(kDays, index); }
 

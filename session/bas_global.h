@@ -7,8 +7,8 @@
 
 namespace zef {
 
-/// `Default` if `Value` is Null, else `Value`: the library's one guard against Null.
-const Value& Nz(const Value& value, const Value& default_value);
+/// `Default` if `Value` is Null, else `Value`.
+Value Nz(const Value& value, const Value& default_value);
 
 /// Name of a weekday index, 0 Monday to 6 Sunday; empty for anything else. Index 2 is "Wendsday", as clients show it.
 std::string GetDayName(std::int32_t index);

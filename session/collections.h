@@ -45,7 +45,7 @@ class Collection : public RefCounted<Collection<Element>> {
   /// element.
   bool Add(const Ref<Element>& element) { return element && elements_.TryAdd(SqlNumber(element->ID), element); }
   /// Raises 9 for a position outside 1 to `Count`.
-  const Ref<Element>& ItemByIdx(std::int32_t Index) const { return elements_.Item(Index); }
+  Ref<Element> ItemByIdx(std::int32_t Index) const { return elements_.Item(Index); }
   /// Raises 5 for an unknown key; of categories, "-1" is Nothing.
   Ref<Element> ItemByKey(const std::string& Key) const {
     if (kMinusOneIsNothing<Element> && Key == "-1") return nullptr;
@@ -58,7 +58,8 @@ class Collection : public RefCounted<Collection<Element>> {
   }
   void Clear() { elements_.Clear(); }
 
-  /// The elements in the order in which they were added.
+  /// The elements in the order in which they were added. A walk goes by position: one that removes elements skips those
+  /// that move up.
   auto begin() const { return elements_.begin(); }
   auto end() const { return elements_.end(); }
 

@@ -1,6 +1,7 @@
 #include "session/session.h"
 
 #include "platform/value.h"
+#include "session/connecting.h"
 #include "session/trap.h"
 
 namespace zef {
@@ -43,11 +44,9 @@ void CSession::RecordError(const std::string& strProcedure, std::int32_t lngCode
 bool CSession::Connect2Database(const std::string& DatabaseName, const std::string& /*UserName*/,
                                 const std::string& Password) {
   conDBConnection = MakeRef<Connection>();
-  std::string text = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + DatabaseName + ";User ID=Admin";
-  if (!Password.empty()) text += ";Jet OLEDB:Database Password=" + Password;
-  ConnectionString = text;
+  ConnectionString = FileConnectionString(DatabaseName, Password);
   conDBConnection->Mode = kReadWrite;
-  conDBConnection->Open(text, "", "", -1);
+  conDBConnection->Open(ConnectionString, "", "", -1);
   return Connected = true;
 }
 

@@ -73,7 +73,8 @@ class CSession : public RefCounted<CSession> {
 
   // Connecting. These three trap nothing: they return True or raise.
 
-  /// Opens a database file. `UserName` plays no part; an empty password means an unprotected file. On a failure
+  /// Opens a database file. `UserName` plays no part; an empty password means an unprotected file. A file name or
+  /// password with a `;`, or a password with blanks at its ends, must come between quotation marks. On a failure
   /// `Connected` keeps its value.
   bool Connect2Database(const std::string& DatabaseName, const std::string& UserName, const std::string& Password);
   /// Opens what a connection string names.

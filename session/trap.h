@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -35,6 +36,15 @@ inline bool Refused(CSession& session, std::string_view procedure) {
   return true;
 }
 
+/// Records that a callee failed without raising: the provider's failure if one is listed, else the reason that the
+/// callee left in the record, now under `procedure`.
+inline void RecordCallee(CSession& session, std::string_view procedure) {
+  const std::int32_t reason = session.GetErrorFlag() ? session.GetErrorCode() : 0;
+  const bool listed = Deref(session.conDBConnection).Errors().Count() > 0;
+  if (listed || reason <= 0) return session.RecordError(std::string(procedure));
+  session.RecordError(std::string(procedure), reason, session.GetErrorDescription());
+}
+
 /// How the steps of a `Save` ended. `Failed` needs a record of its own; after `Quiet` the record shows what a callee
 /// wrote.
 enum class Outcome { Done, Failed, Quiet };
@@ -48,7 +58,7 @@ bool InTransaction(CSession& session, std::string_view procedure, Steps&& steps)
     Outcome outcome = Outcome::Failed;
     if (session.TransactionStarted() || (owner = session.BeginTransaction())) outcome = steps();
     if (outcome == Outcome::Done && owner && !session.CommitTransaction()) outcome = Outcome::Failed;
-    if (outcome == Outcome::Failed) session.RecordError(std::string(procedure));
+    if (outcome == Outcome::Failed) RecordCallee(session, procedure);
     return outcome == Outcome::Done;
   });
   if (!done && owner) session.RollbackTransaction();

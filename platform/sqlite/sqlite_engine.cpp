@@ -1,5 +1,6 @@
 #include "platform/sqlite/sqlite_engine.h"
 
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -7,6 +8,7 @@
 #include "platform/sqlite/schema_change.h"
 #include "platform/sqlite/sqlite_error.h"
 #include "platform/sqlite/table_description.h"
+#include "platform/text.h"
 #include "platform/transaction_guard.h"
 
 namespace zef {
@@ -26,6 +28,17 @@ int WaitForLock(void* waiting_since, int times) {
 }
 
 void Exec(sqlite3* db, const char* text) { CheckSqlite(db, sqlite3_exec(db, text, nullptr, nullptr, nullptr)); }
+
+/// What the key "Mode" of a connection string asks for, by name or number.
+bool IsReadOnly(std::string_view mode) {
+  const auto is_one_of = [mode](std::initializer_list<std::string_view> names) {
+    return std::any_of(names.begin(), names.end(), [mode](auto name) { return text::EqualNames(name, mode); });
+  };
+  if (is_one_of({"Read", "1"})) return true;
+  if (is_one_of({"", "ReadWrite", "3", "Share Deny None", "16"})) return false;
+  throw RunTimeError(FailureNumber::StatementError,
+                     "The key 'Mode' of the connection string is Read, ReadWrite or Share Deny None.");
+}
 
 }  // namespace
 
@@ -130,10 +143,16 @@ void SqliteEngine::ChangeSchema(const sql::SchemaChange& change) {
 }
 
 std::unique_ptr<Engine> OpenSqlite(const ConnectionString& connection) {
-  connection.Require({"Provider", "Data Source", "User ID", "Password", "Jet OLEDB:Database Password", "Mode"});
+  // The keys of the last line are those that clients of this kind of provider commonly send; nothing here depends on
+  // them.
+  connection.Require({"Provider", "Data Source", "User ID", "Password", "Jet OLEDB:Database Password", "Mode",
+                      "Persist Security Info", "Extended Properties", "Locale Identifier", "OLE DB Services",
+                      "Jet OLEDB:Engine Type", "Jet OLEDB:System Database"});
   std::string_view password = connection.Get("Jet OLEDB:Database Password");
   if (password.empty()) password = connection.Get("Password");
+  const bool read_only = IsReadOnly(connection.Get("Mode"));
   DatabaseHandle db = OpenDatabaseFile(std::string(connection.Get("Data Source")), std::string(password));
+  if (read_only) Exec(db.get(), "PRAGMA query_only=ON");
   return std::make_unique<SqliteEngine>(std::move(db));
 }
 

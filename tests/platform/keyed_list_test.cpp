@@ -15,15 +15,17 @@ namespace {
 
 using List = KeyedList<int>;
 
-static_assert(std::forward_iterator<List::Iterator>);
-
 List Numbers(int count) {
   List list;
   for (int i = 1; i <= count; ++i) list.Add(std::to_string(i), 10 * i);
   return list;
 }
 
-std::vector<int> ItemsOf(const List& list) { return {list.begin(), list.end()}; }
+std::vector<int> ItemsOf(const List& list) {
+  std::vector<int> items;
+  for (const int item : list) items.push_back(item);
+  return items;
+}
 
 template <class Action>
 std::int32_t FailureOf(Action action) {

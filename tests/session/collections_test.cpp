@@ -50,6 +50,21 @@ TEST(EmptyCollection, RemoveRaises) {
   EXPECT_EQ(NumberRaised([] { MakeRef<CFolders>()->Remove(1); }), 9);
 }
 
+TEST_F(FolderCollection, WalkThatRemovesSkipsWhatMovesUp) {
+  std::vector<std::int32_t> seen;
+  for (const Ref<CFolder>& folder : *folders) {
+    seen.push_back(folder->ID);
+    folders->Remove(1);
+  }
+  EXPECT_EQ(seen, (Numbers{30, 20}));
+}
+
+TEST_F(FolderCollection, ElementOutlivesItsRemoval) {
+  const Ref<CFolder>& first = folders->ItemByIdx(1);
+  folders->Remove(1);
+  EXPECT_EQ(first->ID, 30);
+}
+
 TEST_F(FolderCollection, AddReturnsTrue) { EXPECT_TRUE(folders->Add(FolderWithID(40))); }
 
 TEST_F(FolderCollection, CountTellsHowMany) { EXPECT_EQ(folders->Count(), 3); }

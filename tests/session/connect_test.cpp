@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/recordset.h"
+#include "session/connecting.h"
 #include "tests/session/connect_fixture.h"
 
 namespace zef::test {
@@ -49,9 +50,44 @@ TEST_F(Connecting, PutsTheFileNameIntoTheConnectionStringAsItStands) {
   EXPECT_TRUE(session->Connect2Database(database.path() + ";Mode=3", "", ""));
 }
 
-TEST_F(Connecting, PutsTheAccountBehindTheFileName) {
-  const auto failure = Refusal("\"" + database.path());
-  EXPECT_EQ(NumberOf(failure), kMalformed) << "the quote reaches to the end of the string";
+TEST(FileConnectionString, WithoutAPasswordEndsInTheAccount) {
+  EXPECT_EQ(FileConnectionString("people.db", ""),
+            "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=people.db;User ID=Admin");
+}
+
+TEST(FileConnectionString, WithAPasswordEndsInItAndNoSemicolon) {
+  EXPECT_EQ(FileConnectionString("people.db", "secret"),
+            "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=people.db;User ID=Admin;Jet OLEDB:Database Password=secret");
+}
+
+TEST_F(Connecting, WithAMalformedStringEntersTheErrorList) {
+  EXPECT_TRUE(Raised([&] { session->Connect2DatabaseCS("Provider=SQLite;nonsense"); }));
+  EXPECT_EQ(session->conDBConnection->Errors().Count(), 1);
+}
+
+TEST_F(Connecting, WithTheUsualKeysOfOtherClientsOpens) {
+  EXPECT_TRUE(session->Connect2DatabaseCS(database.ConnectionString() +
+                                          ";Persist Security Info=False;Jet OLEDB:Engine Type=5;Mode=Share Deny None"));
+}
+
+TEST_F(Connecting, WithAnUnknownModeIsRefused) {
+  EXPECT_EQ(NumberRaised([&] { session->Connect2DatabaseCS(database.ConnectionString() + ";Mode=Everything"); }),
+            kMalformed);
+}
+
+TEST_F(Connecting, WithModeReadRefusesToWrite) {
+  session->Connect2DatabaseCS(database.ConnectionString() + ";Mode=Read");
+  EXPECT_EQ(NumberRaised([&] { session->conDBConnection->Execute("DELETE * FROM Folders"); }), kUnusable);
+}
+
+TEST_F(Connecting, WithModeReadReads) {
+  session->Connect2DatabaseCS(database.ConnectionString() + ";Mode=Read");
+  EXPECT_GT(session->GetFolderIDByCriteria("FLD_Name='Tasks'"), 0);
+}
+
+TEST_F(Connecting, OfAnOpenConnectionIsRefusedAsOpen) {
+  session->Connect2DatabaseCS(database.ConnectionString());
+  EXPECT_EQ(NumberRaised([&] { session->conDBConnection->Open(database.ConnectionString()); }), 3705);
 }
 
 TEST_F(Connecting, PutsAPasswordWithASemicolonIntoTheConnectionStringAsItStands) {
