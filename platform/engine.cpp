@@ -1,5 +1,7 @@
 #include "platform/engine.h"
 
+#include <numeric>
+
 #include "platform/connection_string.h"
 #include "platform/sqlite/sqlite_engine.h"
 #include "platform/text.h"
@@ -19,7 +21,12 @@ constexpr Provider kProviders[] = {
 
 }  // namespace
 
-RowShape::RowShape(sql::CompiledStatement statement) : statement_(std::move(statement)) {}
+RowShape::RowShape(sql::CompiledStatement statement) : statement_(std::move(statement)) {
+  for (const sql::ResultColumn& column : statement_.columns) types_.push_back(column.type);
+  if (statement_.hidden_row_id) types_.push_back(sql::Type::Unknown);
+  every_column_.resize(types_.size());
+  std::iota(every_column_.begin(), every_column_.end(), 0);
+}
 
 int RowShape::Position(std::string_view name) const {
   for (std::size_t i = 0; i < statement_.columns.size(); ++i) {
@@ -28,7 +35,7 @@ int RowShape::Position(std::string_view name) const {
   return -1;
 }
 
-std::span<const int> RowShape::Positions(ColumnNames names) const {
+Positions RowShape::Positions(ColumnNames names) const {
   const auto [entry, fresh] = positions_.try_emplace(names.data());
   if (fresh) {
     for (const std::string_view name : names) entry->second.push_back(Position(name));

@@ -20,6 +20,8 @@ namespace zef {
 struct ConnectionString;
 
 using ColumnNames = std::span<const std::string_view>;
+/// Positions of columns in a row, from 0; a negative one stands for a column that is not there.
+using Positions = std::span<const int>;
 
 /// What all rows of a result have in common.
 class RowShape {
@@ -32,10 +34,16 @@ class RowShape {
   int Position(std::string_view name) const;
   /// Positions of many columns, worked out once for a list of names that lives as long as the program: the list's
   /// address is remembered.
-  std::span<const int> Positions(ColumnNames names) const;
+  zef::Positions Positions(ColumnNames names) const;
+  /// All positions, that of a hidden row identifier included.
+  zef::Positions EveryColumn() const { return every_column_; }
+  /// Their types.
+  std::span<const sql::Type> types() const { return types_; }
 
  private:
   sql::CompiledStatement statement_;
+  std::vector<sql::Type> types_;
+  std::vector<int> every_column_;
   mutable std::unordered_map<const void*, std::vector<int>> positions_;
 };
 
@@ -46,8 +54,9 @@ class Cursor {
   virtual const RowShape& shape() const = 0;
   /// Moves to the next row; false behind the last one.
   virtual bool Next() = 0;
-  /// A value of the current row. A hidden row identifier follows behind the last column.
-  virtual Value Get(int column) const = 0;
+  /// Reads values of the current row, one for each position; one for a negative position stays as it is. A hidden row
+  /// identifier follows behind the last column.
+  virtual void Read(Positions columns, std::span<Value> values) const = 0;
   /// Takes the remaining rows into memory, so that writing on the same engine cannot change what is still to come.
   /// Engines do so by themselves before they write.
   virtual void Detach() = 0;

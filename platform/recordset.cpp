@@ -47,20 +47,19 @@ std::int32_t Field::ActualSize() const {
 }
 
 Value Field::GetChunk(std::int32_t length) {
-  const zef::Value value = Value();
   auto& chunks = recordset_->chunks_;
-  auto progress = std::find_if(chunks.begin(), chunks.end(), [&](const auto& c) { return c.first == position_; });
-  if (progress == chunks.end()) progress = chunks.insert(chunks.end(), {position_, 0});
-  const auto start = static_cast<std::size_t>(progress->second);
-  if (const auto* text = std::get_if<std::string>(&value)) {
+  auto begun = std::find_if(chunks.begin(), chunks.end(), [&](const auto& c) { return c.position == position_; });
+  if (begun == chunks.end()) begun = chunks.insert(chunks.end(), {.position = position_, .value = Value()});
+  const std::size_t start = begun->taken;
+  if (const auto* text = std::get_if<std::string>(&begun->value)) {
     const std::string_view chunk = text::Left(std::string_view(*text).substr(start), length);
-    progress->second += static_cast<std::int64_t>(chunk.size());
+    begun->taken += chunk.size();
     return chunk.empty() ? zef::Value(Null{}) : zef::Value(std::string(chunk));
   }
-  const auto* bytes = std::get_if<Bytes>(&value);
+  const auto* bytes = std::get_if<Bytes>(&begun->value);
   if (bytes == nullptr || start >= bytes->size()) return Null{};
   const auto count = std::min(bytes->size() - start, static_cast<std::size_t>(std::max(length, 0)));
-  progress->second += static_cast<std::int64_t>(count);
+  begun->taken += count;
   const auto first = bytes->begin() + static_cast<std::ptrdiff_t>(start);
   return Bytes(first, first + static_cast<std::ptrdiff_t>(count));
 }
@@ -161,24 +160,32 @@ std::int32_t Recordset::RecordCount() {
   return static_cast<std::int32_t>(connection_->Guarded([&] { return cursor_->CountRows(); }));
 }
 
-std::span<const int> Recordset::Positions(ColumnNames names) const { return OpenShape().Positions(names); }
+Positions Recordset::Positions(ColumnNames names) const { return OpenShape().Positions(names); }
+
+void Recordset::Read(zef::Positions columns, std::span<Value> values) const {
+  // Reading rows is what record sets mostly do; a cursor behind its end raises by itself.
+  if (IsUntouched()) return cursor_->Read(columns, values);
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (columns[i] >= 0) values[i] = ValueAt(columns[i]);
+  }
+}
 
 Value Recordset::ValueAt(int position) const {
-  // Reading rows is what record sets mostly do; a cursor behind its end raises by itself.
-  if (cursor_ && pending_.empty() && written_.empty() && !adding_) return cursor_->Get(position);
-  RequireRow();
+  if (!IsUntouched()) RequireRow();
   if (const Value* value = FindField(pending_, position)) return *value;
   return StoredValue(position);
 }
 
 Value Recordset::StoredValue(int position) const {
   if (const Value* value = FindField(written_, position)) return *value;
-  if (adding_) return Null{};
-  return cursor_->Get(position);
+  Value value;
+  if (!adding_) cursor_->Read({&position, 1}, {&value, 1});
+  return value;
 }
 
 void Recordset::Set(int position, Value value) {
   RequireRow();
+  chunks_.clear();
   SetField(pending_, position, std::move(value));
 }
 

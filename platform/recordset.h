@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -87,8 +88,10 @@ class Recordset : public RefCounted<Recordset> {
   /// opened for writing or its rows have no identity.
   void Update();
 
-  /// Positions of many columns at once, see `RowShape::Positions`; -1 for a column that is not there.
-  std::span<const int> Positions(ColumnNames names) const;
+  /// Positions of many columns at once, see `RowShape::Positions`.
+  zef::Positions Positions(ColumnNames names) const;
+  /// Reads many values of the current row at once, as `Cursor::Read` does.
+  void Read(zef::Positions columns, std::span<Value> values) const;
   /// The value at a position from 0.
   Value ValueAt(int position) const;
 
@@ -101,6 +104,8 @@ class Recordset : public RefCounted<Recordset> {
 
   const RowShape& OpenShape() const;
   void RequireRow() const;
+  /// True while the current row is one of the cursor's, as it came.
+  bool IsUntouched() const { return cursor_ && pending_.empty() && written_.empty() && !adding_; }
   Value StoredValue(int position) const;
   void Set(int position, Value value);
   void InsertRow();
@@ -112,9 +117,15 @@ class Recordset : public RefCounted<Recordset> {
   Ref<Connection> connection_;
   std::unique_ptr<Cursor> cursor_;
   using SetFields = std::vector<std::pair<int, Value>>;
+  /// A value that is handed out portion by portion.
+  struct Chunks {
+    int position;
+    Value value;
+    std::size_t taken = 0;  ///< bytes handed out
+  };
   SetFields pending_;                                 ///< fields set and not yet written
   SetFields written_;                                 ///< fields of the current row that `Update` has written over
-  std::vector<std::pair<int, std::int64_t>> chunks_;  ///< how far GetChunk has come, by field
+  std::vector<Chunks> chunks_;
   bool at_end_ = true;
   bool adding_ = false;    ///< the current row is one from `AddNew`
   bool inserted_ = false;  ///< and `Update` has written it

@@ -15,16 +15,6 @@ SqlCursor::~SqlCursor() {
   if (statement_) Finish();
 }
 
-int SqlCursor::Width() const {
-  return static_cast<int>(plan_->shape.columns().size()) + (plan_->shape.statement().hidden_row_id ? 1 : 0);
-}
-
-sql::Type SqlCursor::TypeOf(int column) const {
-  const auto& columns = plan_->shape.columns();
-  const auto index = static_cast<std::size_t>(column);
-  return index < columns.size() ? columns[index].type : sql::Type::Unknown;
-}
-
 bool SqlCursor::Step() {
   statement_on_row_ = false;  // a step that fails ends the walk
   // Between two rows nothing can change the tables' columns: the statement holds its read lock.
@@ -48,18 +38,19 @@ bool SqlCursor::Next() {
   return on_row_;
 }
 
-Value SqlCursor::Get(int column) const {
+void SqlCursor::Read(Positions columns, std::span<Value> values) const {
   if (abandoned_) throw RunTimeError(FailureNumber::ObjectClosed);
   if (!on_row_) throw RunTimeError(FailureNumber::NoCurrentRecord);
-  if (!statement_) return memory_[head_][static_cast<std::size_t>(column)];
-  return statement_->Get(column, TypeOf(column));
+  if (statement_) return statement_->Read(columns, plan_->shape.types(), values);
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (columns[i] >= 0) values[i] = memory_[head_][static_cast<std::size_t>(columns[i])];
+  }
 }
 
 SqlCursor::Row SqlCursor::CurrentRow() const {
-  Row row;
-  const int width = Width();
-  row.reserve(static_cast<std::size_t>(width));
-  for (int i = 0; i < width; ++i) row.push_back(statement_->Get(i, TypeOf(i)));
+  const Positions every = plan_->shape.EveryColumn();
+  Row row(every.size());
+  statement_->Read(every, plan_->shape.types(), row);
   return row;
 }
 

@@ -16,7 +16,7 @@ class SqlCursor final : public Cursor {
 
   const RowShape& shape() const override { return plan_->shape; }
   bool Next() override;
-  Value Get(int column) const override;
+  void Read(Positions columns, std::span<Value> values) const override;
   /// Never fails: a row that cannot be read is told when the walk comes to it.
   void Detach() override;
   std::int64_t CountRows() override;
@@ -27,8 +27,6 @@ class SqlCursor final : public Cursor {
   using Row = std::vector<Value>;
 
   Row CurrentRow() const;
-  int Width() const;
-  sql::Type TypeOf(int column) const;
   bool Step();
   void Finish();
 

@@ -63,18 +63,13 @@ const sql::TableInfo* SqlEngine::FindTable(std::string_view name) {
 /// A prepared statement taken from its plan for one run; it goes back to the plan unless it is taken.
 class SqlEngine::Lease {
  public:
-  Lease(SqlEngine& engine, const Ref<Plan>& plan) : engine_(engine), plan_(*plan) {
-    if (plan_.idle.empty()) {
-      statement_ = engine_.Prepare(plan_.shape.statement());
-    } else {
-      statement_ = std::move(plan_.idle.back());
-      plan_.idle.pop_back();
-    }
-  }
+  Lease(SqlEngine& engine, Plan& plan) : engine_(engine), plan_(plan) {}
   ~Lease() { Return(); }
   Lease(const Lease&) = delete;
   Lease& operator=(const Lease&) = delete;
 
+  /// Takes the statement and binds its values; false if the tables have changed since the plan was worked out.
+  bool MakeReady(const Command& command);
   PreparedStatement& statement() { return *statement_; }
   std::unique_ptr<PreparedStatement> Take() { return std::move(statement_); }
   void Return() {
@@ -87,13 +82,40 @@ class SqlEngine::Lease {
   std::unique_ptr<PreparedStatement> statement_;
 };
 
+bool SqlEngine::Lease::MakeReady(const Command& command) try {
+  if (plan_.idle.empty()) {
+    statement_ = engine_.Prepare(plan_.shape.statement());
+  } else {
+    statement_ = std::move(plan_.idle.back());
+    plan_.idle.pop_back();
+  }
+  engine_.BindAll(*statement_, plan_.shape.statement(), command);
+  return true;
+} catch (const RunTimeError&) {
+  // What the columns of the plan refuse, those that another client has made of them meanwhile may take.
+  if (engine_.SchemaVersion() == engine_.tables_version_) throw;
+  return false;
+}
+
 void SqlEngine::GiveBack(Plan& plan, std::unique_ptr<PreparedStatement> statement) {
   statement->Reset();
   if (plan.idle.size() < kIdleStatements) plan.idle.push_back(std::move(statement));
 }
 
-Ref<Plan> SqlEngine::PlanOf(const Command& command) {
-  if (Ref<Plan> plan = plans_.Find(shape_.key)) return plan;
+Ref<Plan> SqlEngine::KnownPlan(const Command& command) {
+  const auto find = [&] {
+    shape_.key += command.options.updatable ? 'u' : ' ';
+    shape_.key += command.options.lock_rows ? 'l' : ' ';
+    return plans_.Find(shape_.key);
+  };
+  if (sql::GuessShape(command.text, shape_)) {
+    if (Ref<Plan> plan = find()) return plan;
+  }
+  sql::ReadShape(command.text, shape_);
+  return find();
+}
+
+Ref<Plan> SqlEngine::NewPlan(const Command& command) {
   if (const std::int64_t version = SchemaVersion(); version != tables_version_) {
     Forget();
     tables_version_ = version;
@@ -133,48 +155,35 @@ Result SqlEngine::ExecuteSchemaChange(const Command& command) {
 
 Result SqlEngine::Execute(const Command& command) {
   RequireUsable();
-  if (sql::IsSchemaChange(command.text)) return ExecuteSchemaChange(command);
-  sql::ReadShape(command.text, shape_);
-  shape_.key += command.options.updatable ? 'u' : ' ';
-  shape_.key += command.options.lock_rows ? 'l' : ' ';
+  Result result;
   for (int attempt = 0; attempt < kSchemaRetries; ++attempt) {
-    if (Result result; Run(command, result)) return result;
+    Ref<Plan> plan = KnownPlan(command);
+    if (!plan && sql::IsSchemaChange(command.text)) return ExecuteSchemaChange(command);
+    if (plan && !Current(*plan)) {
+      Forget();
+      plan.reset();
+    }
+    if (!plan) plan = NewPlan(command);
+    if (plan && Run(plan, command, result)) return result;
     Forget();
   }
   throw RunTimeError(FailureNumber::FileUnusable, "The tables are being changed by another program; try again later.");
 }
 
-bool SqlEngine::Run(const Command& command, Result& result) {
-  const Ref<Plan> plan = PlanOf(command);
-  if (!plan) return false;
-  const sql::CompiledStatement& compiled = plan->shape.statement();
-  const bool reads = compiled.kind == sql::CompiledStatement::Kind::Select;
-  try {
-    return reads ? Read(plan, command, result) : Write(plan, command, result);
-  } catch (const RunTimeError&) {
-    // What the columns of the plan refuse, those that another client has made of them meanwhile may take.
-    if (SchemaVersion() == tables_version_) throw;
-    return false;
-  }
-}
-
-bool SqlEngine::Read(const Ref<Plan>& plan, const Command& command, Result& result) {
-  Lease lease(*this, plan);
-  BindAll(lease.statement(), plan->shape.statement(), command);
+bool SqlEngine::Run(const Ref<Plan>& plan, const Command& command, Result& result) {
+  const bool reads = plan->shape.statement().kind == sql::CompiledStatement::Kind::Select;
+  if (!reads) DetachCursors();
+  TransactionGuard<Engine> own(*this, TransactionDepth() == 0 ? !reads : FailureEndsTransaction());
+  Lease lease(*this, *plan);
+  if (!lease.MakeReady(command)) return false;
   const PreparedStatement::Step step = lease.statement().Next();
   if (step == PreparedStatement::Step::SchemaChanged) return false;
-  result.cursor = std::make_unique<SqlCursor>(*this, plan, lease.Take(), step == PreparedStatement::Step::Row);
-  return true;
-}
-
-bool SqlEngine::Write(const Ref<Plan>& plan, const Command& command, Result& result) {
-  DetachCursors();
-  TransactionGuard<Engine> own(*this, TransactionDepth() == 0);
-  Lease lease(*this, plan);
-  BindAll(lease.statement(), plan->shape.statement(), command);
-  if (lease.statement().Next() == PreparedStatement::Step::SchemaChanged) return false;
-  result.rows = lease.statement().RowsWritten();
-  lease.Return();
+  if (reads) {
+    result.cursor = std::make_unique<SqlCursor>(*this, plan, lease.Take(), step == PreparedStatement::Step::Row);
+  } else {
+    result.rows = lease.statement().RowsWritten();
+    lease.Return();
+  }
   own.Commit();
   return true;
 }

@@ -25,7 +25,8 @@ class PreparedStatement {
   /// Goes to the next row. `SchemaChanged` comes before anything was read or written and means that the statement must
   /// be worked out anew.
   virtual Step Next() = 0;
-  virtual Value Get(int column, sql::Type type) const = 0;
+  /// Reads values of the current row as `Cursor::Read` does; `types` are those of all columns.
+  virtual void Read(Positions columns, std::span<const sql::Type> types, std::span<Value> values) const = 0;
   /// Ends a run; the statement may be bound and run again.
   virtual void Reset() = 0;
   /// Rows that the last run wrote.
@@ -79,6 +80,12 @@ class SqlEngine : public Engine, protected sql::Catalog {
   /// A number that changes with every change of any table's columns or indexes, by whichever client.
   virtual std::int64_t SchemaVersion() = 0;
   virtual void ChangeSchema(const sql::SchemaChange& change) = 0;
+  /// Asked before a plan that was kept is used: false if the tables have changed since. An engine whose statements tell
+  /// so themselves, by `SchemaChanged`, has no need to look.
+  virtual bool Current(const Plan& /*plan*/) { return true; }
+  /// True for an engine in which a failure makes the running transaction unusable: it runs each statement in a nested
+  /// one.
+  virtual bool FailureEndsTransaction() const { return false; }
   /// Raises if a statement must not run now, as in a transaction that the engine has undone by itself.
   virtual void RequireUsable() const = 0;
 
@@ -96,11 +103,12 @@ class SqlEngine : public Engine, protected sql::Catalog {
 
   class Lease;
 
-  bool Run(const Command& command, Result& result);
-  bool Read(const Ref<Plan>& plan, const Command& command, Result& result);
-  bool Write(const Ref<Plan>& plan, const Command& command, Result& result);
-  /// The plan of the statement at hand, or null if the tables changed while it was worked out.
-  Ref<Plan> PlanOf(const Command& command);
+  /// The plan that is kept for a statement, or null; reads the statement's shape.
+  Ref<Plan> KnownPlan(const Command& command);
+  /// Works out the plan of the statement whose shape was read, or null if the tables changed meanwhile.
+  Ref<Plan> NewPlan(const Command& command);
+  /// False if nothing was done because the tables have changed since the plan was worked out.
+  bool Run(const Ref<Plan>& plan, const Command& command, Result& result);
   void GiveBack(Plan& plan, std::unique_ptr<PreparedStatement> statement);
   void BindAll(PreparedStatement& statement, const sql::CompiledStatement& compiled, const Command& command);
   Result ExecuteSchemaChange(const Command& command);

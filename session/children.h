@@ -16,7 +16,7 @@ namespace zef {
 template <class Child>
 void ReadChild(const Ref<CSession>& session, const Ref<Child>& child, std::int32_t reference, std::string_view select) {
   if (reference <= 0) return;
-  const Ref<Recordset> rs = Deref(Deref(session).conDBConnection).Execute(std::string(select) + SqlNumber(reference));
+  const Ref<Recordset> rs = Deref(Deref(session).conDBConnection).Execute(WithNumber(select, reference));
   if (!rs->EndOfFile()) Deref(child).GetValuesFromRS(rs);
 }
 

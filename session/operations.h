@@ -31,7 +31,7 @@ template <class R>
 Ref<R> GetRecord(CSession& session, std::string_view procedure, std::string_view select, std::int32_t id) {
   return Trapped(session, procedure, Ref<R>(), [&] {
     session.ClearError();
-    const Ref<Recordset> rs = OpenSelect(session, std::string(select) + SqlNumber(id));
+    const Ref<Recordset> rs = OpenSelect(session, WithNumber(select, id));
     if (rs->EndOfFile()) return Ref<R>();
     auto record = MakeRef<R>();
     record->SetSession(Ref<CSession>(&session));
@@ -79,7 +79,7 @@ bool LoadRecords(CSession& session, const Ref<Collection<R>>& records, std::stri
 inline bool DeleteRow(CSession& session, std::string_view procedure, std::string_view statement, std::int32_t id) {
   return Trapped(session, procedure, false, [&] {
     session.ClearError();
-    Execute(session, std::string(statement) + SqlNumber(id));
+    Execute(session, WithNumber(statement, id));
     return true;
   });
 }
@@ -105,7 +105,7 @@ bool RefreshRecord(R& record, std::string_view procedure, std::string_view selec
                    const char* message) {
   CSession& session = Deref(record.Session());
   return Trapped(session, procedure, false, [&] {
-    const Ref<Recordset> rs = Deref(session.conDBConnection).Execute(std::string(select) + SqlNumber(record.ID));
+    const Ref<Recordset> rs = Deref(session.conDBConnection).Execute(WithNumber(select, record.ID));
     if (rs->EndOfFile()) {
       session.RecordError(std::string(procedure), code, message);
       return false;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -47,10 +48,12 @@ class Record : public RefCounted<Derived>, public RecordFlags {
 /// for a Null in an unguarded column and 3265 for a missing column; the columns before it have been copied then.
 template <class R, std::size_t N>
 void ReadColumns(R& record, const Table<R, N>& table, const Recordset& rs) {
-  const std::span<const int> positions = rs.Positions(table.names);
+  const Positions positions = rs.Positions(table.names);
+  std::array<Value, N> values;
+  rs.Read(positions, values);
   for (std::size_t i = 0; i < N; ++i) {
     if (positions[i] < 0) throw RunTimeError(FailureNumber::ItemNotFound);
-    ReadColumn(record, *table.columns[i], rs.ValueAt(positions[i]));
+    ReadColumn(record, *table.columns[i], std::move(values[i]));
   }
 }
 

@@ -2,6 +2,7 @@
 #include "platform/transaction_guard.h"
 #include "platform/value.h"
 #include "session/session.h"
+#include "session/statements.h"
 #include "session/trap.h"
 
 namespace zef {
@@ -24,7 +25,7 @@ std::int32_t CSession::GetUniqueIDFromSeq(std::int32_t lngSeqID, std::int32_t& l
     connection.BeginTrans();
     begun = true;
     auto sequence = MakeRef<Recordset>();
-    sequence->Open(kSelectSequence + std::to_string(lngSeqID), conDBConnection, adOpenForwardOnly, adLockPessimistic);
+    sequence->Open(WithNumber(kSelectSequence, lngSeqID), conDBConnection, adOpenForwardOnly, adLockPessimistic);
     Field value = sequence->Fields().Item("SEQ_Value");
     lngID = Sum(ToLong(value.Value()), lngBatchSize);
     value.SetValue(lngID);

@@ -5,8 +5,10 @@
 namespace zef {
 namespace {
 
+constexpr std::size_t kMostDigits = 11;  ///< of an identifier, its sign included
+
 void AppendNumber(std::string& text, std::int32_t number) {
-  char digits[12];
+  char digits[kMostDigits];
   const auto end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
   text.append(digits, static_cast<std::size_t>(end - digits));
 }
@@ -21,6 +23,14 @@ std::size_t LengthOf(const FieldRows& rows) {
 
 std::string SqlNumber(std::int32_t number) {
   std::string text;
+  AppendNumber(text, number);
+  return text;
+}
+
+std::string WithNumber(std::string_view head, std::int32_t number) {
+  std::string text;
+  text.reserve(head.size() + kMostDigits);
+  text += head;
   AppendNumber(text, number);
   return text;
 }

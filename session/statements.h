@@ -20,6 +20,8 @@ using FieldRows = std::vector<FieldRow>;
 
 /// Values in SQL form. Doubling the quote is the only escaping there is.
 std::string SqlNumber(std::int32_t number);
+/// A statement that ends in a number: the text before it and the number.
+std::string WithNumber(std::string_view head, std::int32_t number);
 /// In quotes, even when empty.
 std::string SqlQuoted(std::string_view text);
 /// In quotes; nothing for the empty text.

@@ -16,6 +16,8 @@ namespace {
 
 constexpr std::size_t kMostText = std::size_t{1} << 20;
 constexpr std::size_t kMostLiterals = 30000;
+/// Look-ups and statements with placeholders are short; with others a guess would only cost time.
+constexpr std::size_t kMostGuessed = 128;
 /// A `-` before a digit is a sign behind one of these; behind an operand it is the operator, behind a word it stays
 /// with the parser.
 constexpr std::string_view kBeforeSign = "=<>(,+-*/&^\\";
@@ -235,5 +237,22 @@ class ShapeReader {
 }  // namespace
 
 void ReadShape(std::string_view statement, Shape& shape) { ShapeReader(statement, shape).Read(); }
+
+bool GuessShape(std::string_view statement, Shape& shape) {
+  if (statement.size() > kMostGuessed || statement.find(kLiteralMark) != std::string_view::npos) return false;
+  const auto head_size = statement.find_last_of('=') + 1;
+  const char* const end = statement.data() + statement.size();
+  std::int32_t number = 0;
+  const auto [behind, error] = std::from_chars(statement.data() + head_size, end, number);
+  const bool looks_up = head_size > 0 && error == std::errc{} && behind == end;
+  shape.key.assign(statement.substr(0, looks_up ? head_size : statement.size()));
+  shape.literals.resize(looks_up ? 1 : 0);
+  shape.lengths.resize(shape.literals.size());
+  if (!looks_up) return true;
+  shape.key.append({kLiteralMark, static_cast<char>(LiteralKind::Integer)});
+  shape.literals.front() = number;
+  shape.lengths.front() = statement.size() - head_size;
+  return true;
+}
 
 }  // namespace zef::sql

@@ -28,41 +28,52 @@ struct Binder {
   }
 };
 
-Value TextOf(sqlite3_value* value) {
-  const auto* data = reinterpret_cast<const char*>(sqlite3_value_text(value));
-  return std::string(data == nullptr ? "" : data, static_cast<std::size_t>(sqlite3_value_bytes(value)));
+void ReadText(sqlite3_value* from, Value& value) {
+  const auto* data = reinterpret_cast<const char*>(sqlite3_value_text(from));
+  value.emplace<std::string>(data == nullptr ? "" : data, static_cast<std::size_t>(sqlite3_value_bytes(from)));
 }
 
-Value BytesOf(sqlite3_value* value) {
-  const auto* data = static_cast<const std::byte*>(sqlite3_value_blob(value));
-  return data == nullptr ? Bytes() : Bytes(data, data + sqlite3_value_bytes(value));
+void ReadBytes(sqlite3_value* from, Value& value) {
+  const auto* data = static_cast<const std::byte*>(sqlite3_value_blob(from));
+  auto& bytes = value.emplace<Bytes>();
+  if (data != nullptr) bytes.assign(data, data + sqlite3_value_bytes(from));
 }
 
-Value IntegerOf(sqlite3_value* value) {
-  const sqlite3_int64 number = sqlite3_value_int64(value);
-  if (std::in_range<std::int32_t>(number)) return static_cast<std::int32_t>(number);
-  return static_cast<double>(number);
-}
-
-/// A value by the kind that the row itself holds.
-Value StoredValue(sqlite3_value* value, int stored) {
-  switch (stored) {
-    case SQLITE_NULL: return Null{};
-    case SQLITE_INTEGER: return IntegerOf(value);
-    case SQLITE_FLOAT: return sqlite3_value_double(value);
-    case SQLITE_TEXT: return TextOf(value);
-    default: return BytesOf(value);
+void ReadInteger(sqlite3_int64 number, sql::Type type, Value& value) {
+  switch (type) {
+    case sql::Type::Boolean: value = number != 0; return;
+    case sql::Type::Date: value = Date(static_cast<double>(number)); return;
+    case sql::Type::Double: value = static_cast<double>(number); return;
+    case sql::Type::Byte:
+      if (!std::in_range<std::uint8_t>(number)) break;
+      value = static_cast<std::uint8_t>(number);
+      return;
+    default: break;
+  }
+  if (std::in_range<std::int32_t>(number)) {
+    value = static_cast<std::int32_t>(number);
+  } else {
+    value = static_cast<double>(number);
   }
 }
 
-/// A number as the type of its column tells; what another program stored there against the type stays what it is.
-Value NumberOf(sqlite3_value* value, int stored, sql::Type type) {
-  const sqlite3_int64 whole = stored == SQLITE_INTEGER ? sqlite3_value_int64(value) : -1;
-  if (type == sql::Type::Byte && whole >= 0 && whole <= 255) return static_cast<std::uint8_t>(whole);
-  if (type == sql::Type::Boolean) return sqlite3_value_double(value) != 0;
-  if (type == sql::Type::Date) return Date(sqlite3_value_double(value));
-  if (type == sql::Type::Double) return sqlite3_value_double(value);
-  return StoredValue(value, stored);
+void ReadDouble(double number, sql::Type type, Value& value) {
+  switch (type) {
+    case sql::Type::Boolean: value = number != 0; return;
+    case sql::Type::Date: value = Date(number); return;
+    default: value = number;
+  }
+}
+
+/// A number comes as the type of its column tells; what another program stored there against the type stays what it is.
+void ReadValue(sqlite3_value* from, sql::Type type, Value& value) {
+  switch (sqlite3_value_type(from)) {
+    case SQLITE_NULL: value = Null{}; return;
+    case SQLITE_INTEGER: return ReadInteger(sqlite3_value_int64(from), type, value);
+    case SQLITE_FLOAT: return ReadDouble(sqlite3_value_double(from), type, value);
+    case SQLITE_TEXT: return ReadText(from, value);
+    default: return ReadBytes(from, value);
+  }
 }
 
 }  // namespace
@@ -99,14 +110,13 @@ PreparedStatement::Step SqliteStatement::Next() {
   return Step::Done;
 }
 
-Value SqliteStatement::Get(int column, sql::Type type) const {
+void SqliteStatement::Read(Positions columns, std::span<const sql::Type> types, std::span<Value> values) const {
   // The engine runs without mutexes, so a value of a row may be read like any other; that is quicker than asking the
   // statement again and again.
-  sqlite3_value* value = sqlite3_column_value(handle_.get(), column);
-  const int stored = sqlite3_value_type(value);
-  const bool number = stored == SQLITE_INTEGER || stored == SQLITE_FLOAT;
-  if (number && type != sql::Type::Unknown && type != sql::Type::Long) return NumberOf(value, stored, type);
-  return StoredValue(value, stored);
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (columns[i] < 0) continue;
+    ReadValue(sqlite3_column_value(handle_.get(), columns[i]), types[static_cast<std::size_t>(columns[i])], values[i]);
+  }
 }
 
 void SqliteStatement::Reset() {

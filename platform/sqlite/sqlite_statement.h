@@ -28,7 +28,7 @@ class SqliteStatement final : public PreparedStatement {
 
   void Bind(int number, const Value& value, bool lasting) override;
   Step Next() override;
-  Value Get(int column, sql::Type type) const override;
+  void Read(Positions columns, std::span<const sql::Type> types, std::span<Value> values) const override;
   void Reset() override;
   std::int64_t RowsWritten() const override { return rows_written_; }
 
