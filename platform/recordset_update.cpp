@@ -6,9 +6,10 @@ namespace zef {
 namespace {
 
 /// Runs a statement of the record set's own; what does not fit its column is told with the number of `Update`.
-std::int64_t Write(Connection& connection, const std::string& text, const std::vector<Value>& parameters) {
+std::int64_t Write(Connection& connection, const std::string& text, const std::vector<Value>& parameters,
+                   bool by_row_id = false) {
   try {
-    return connection.Run({.text = text, .parameters = parameters}).rows;
+    return connection.Run({.text = text, .parameters = parameters, .options = {.by_row_id = by_row_id}}).rows;
   } catch (const RunTimeError& failure) {
     if (failure.code() != FailureNumber::ValueDoesNotFit) throw;
     throw RunTimeError(FailureNumber::UpdateDoesNotFit, failure.description());
@@ -43,17 +44,13 @@ void Recordset::UpdateRow() {
     text.append("]=?");
     values.push_back(value);
   }
-  text += " WHERE ";
-  if (statement.hidden_row_id) {
-    text.append("[").append(statement.row_id).append("]=?");
-    values.push_back(StoredValue(static_cast<int>(shape.columns().size())));
-  }
-  for (std::size_t i = 0; i < statement.key_columns.size() && !statement.hidden_row_id; ++i) {
+  if (statement.hidden_row_id) values.push_back(StoredValue(static_cast<int>(shape.columns().size())));
+  for (std::size_t i = 0; i < statement.key_columns.size(); ++i) {
     const std::size_t key = statement.key_columns[i];
-    text.append(i == 0 ? "[" : " AND [").append(shape.columns()[key].name).append("]=?");
+    text.append(i == 0 ? " WHERE [" : " AND [").append(shape.columns()[key].name).append("]=?");
     values.push_back(StoredValue(static_cast<int>(key)));
   }
-  if (Write(*connection_, text, values) == 0) throw RunTimeError(FailureNumber::RowVanished);
+  if (Write(*connection_, text, values, statement.hidden_row_id) == 0) throw RunTimeError(FailureNumber::RowVanished);
 }
 
 }  // namespace zef

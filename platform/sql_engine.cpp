@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t kIdleStatements = 4;
 /// Behind the shape of a plan's key stand the options that it was compiled for.
-constexpr std::size_t kOptionBytes = 2;
+constexpr std::size_t kOptionBytes = 3;
 /// Another client that changes the schema again and again must not keep us here for ever.
 constexpr int kSchemaRetries = 50;
 
@@ -106,6 +106,7 @@ Ref<Plan> SqlEngine::KnownPlan(const Command& command) {
   const auto find = [&] {
     shape_.key += command.options.updatable ? 'u' : ' ';
     shape_.key += command.options.lock_rows ? 'l' : ' ';
+    shape_.key += command.options.by_row_id ? 'r' : ' ';
     return plans_.Find(shape_.key);
   };
   if (sql::GuessShape(command.text, shape_)) {
@@ -131,15 +132,22 @@ Ref<Plan> SqlEngine::NewPlan(const Command& command) {
   return plan;
 }
 
+const Value& SqlEngine::Given(const sql::ParameterPlan& plan, const Command& command, sql::StatementClock& clock,
+                              Value& scratch) const {
+  using Source = sql::ParameterPlan::Source;
+  if (plan.source == Source::Literal) return shape_.literals[plan.index];
+  if (plan.source != Source::Placeholder) return scratch = clock.Read(plan.source);
+  if (plan.index < command.parameters.size()) return command.parameters[plan.index];
+  throw RunTimeError(FailureNumber::NoSuchColumn, "No value was given for a placeholder of the statement.");
+}
+
 void SqlEngine::BindAll(PreparedStatement& statement, const sql::CompiledStatement& compiled, const Command& command) {
   const bool lasting = compiled.kind == sql::CompiledStatement::Kind::Select;
+  sql::StatementClock clock;
   converted_.resize(compiled.parameters.size());
   for (std::size_t i = 0; i < compiled.parameters.size(); ++i) {
     const sql::ParameterPlan& plan = compiled.parameters[i];
-    if (plan.placeholder && plan.index >= command.parameters.size()) {
-      throw RunTimeError(FailureNumber::NoSuchColumn, "No value was given for a placeholder of the statement.");
-    }
-    const Value& given = plan.placeholder ? command.parameters[plan.index] : shape_.literals[plan.index];
+    const Value& given = Given(plan, command, clock, converted_[i]);
     statement.Bind(static_cast<int>(i + 1), sql::Converted(given, plan, converted_[i]), lasting);
   }
 }

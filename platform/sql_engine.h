@@ -11,6 +11,7 @@
 #include "platform/reference.h"
 #include "platform/sql/compile.h"
 #include "platform/sql/lexer.h"
+#include "platform/sql/statement_clock.h"
 
 namespace zef {
 
@@ -111,6 +112,8 @@ class SqlEngine : public Engine, protected sql::Catalog {
   bool Run(const Ref<Plan>& plan, const Command& command, Result& result);
   void GiveBack(Plan& plan, std::unique_ptr<PreparedStatement> statement);
   void BindAll(PreparedStatement& statement, const sql::CompiledStatement& compiled, const Command& command);
+  const Value& Given(const sql::ParameterPlan& plan, const Command& command, sql::StatementClock& clock,
+                     Value& scratch) const;
   Result ExecuteSchemaChange(const Command& command);
 
   sql::Shape shape_;              ///< of the statement that is being executed

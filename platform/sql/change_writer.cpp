@@ -4,23 +4,18 @@
 #include <utility>
 
 #include "platform/sql/from_writer.h"
+#include "platform/sql/select_writer.h"
 #include "platform/sql/statement_error.h"
 #include "platform/text.h"
 
 namespace zef::sql {
 namespace {
 
-/// Names in the statement that no name of the dialect can be taken for.
-constexpr std::string_view kFoundRows = "zef rows";
-constexpr std::string_view kFoundRow = "zef row";
+std::string FoundRows() { return Quoted(OwnName("rows")); }
+std::string FoundRow() { return Quoted(OwnName("row")); }
 
 std::string OptionalWhere(ExpressionWriter& expressions, const ExprPtr& condition) {
   return condition ? " WHERE " + expressions.Condition(*condition).text : std::string();
-}
-
-/// The row identifier as it stands beside other sources.
-std::string RowIdOf(const Writing& writing, const std::string& source) {
-  return Quoted(source) + "." + writing.dialect().RowId();
 }
 
 /// True if a join stands on the right side of another one.
@@ -29,10 +24,11 @@ bool HasBrackets(const Source& from) { return from.left && (from.right->left || 
 /// The row identifier of one of the joined sources. Engines do not see it through brackets, so there the table must
 /// hand it out as a column.
 std::string FoundRowId(const Writing& writing, const Source& from, Scope& scope, const ScopeSource& target) {
-  if (!HasBrackets(from)) return RowIdOf(writing, target.name);
-  scope.Rewrite(target, "(SELECT " + writing.dialect().RowId() + " AS " + Quoted(kFoundRow) + ", * FROM " +
-                            Quoted(target.table->name) + ") AS " + Quoted(target.name));
-  return Quoted(target.name) + "." + Quoted(kFoundRow);
+  const std::string& row_id = writing.RowId(*target.table, from.place);
+  if (!HasBrackets(from)) return Quoted(target.name) + "." + row_id;
+  scope.Rewrite(target, "(SELECT " + row_id + " AS " + FoundRow() + ", * FROM " + Quoted(target.table->name) + ") AS " +
+                            Quoted(target.name));
+  return Quoted(target.name) + "." + FoundRow();
 }
 
 const TableInfo& Changeable(const ScopeSource& source, std::size_t place) {
@@ -61,7 +57,7 @@ class UpdateWriter {
  private:
   void Add(const Assignment& assignment) {
     const Expr& reference = *assignment.column;
-    const FoundColumn found = scope_.Find(reference, {});
+    const FoundColumn found = scope_.Find(reference);
     if (target_ != nullptr && target_ != found.source) {
       RaiseAt(FailureNumber::StatementError, "An UPDATE changes the columns of one table only", reference.place);
     }
@@ -80,21 +76,27 @@ class UpdateWriter {
     for (const Assigned& assigned : assigned_) {
       AppendItem(list, Quoted(assigned.column->name) + " = " + expressions_.Stored(*assigned.value, *assigned.column));
     }
-    return "UPDATE " + target_->text + " SET " + list + OptionalWhere(expressions_, update_.where);
+    return "UPDATE " + target_->text + " SET " + list + Where();
+  }
+
+  std::string Where() {
+    if (!writing_.options().by_row_id) return OptionalWhere(expressions_, update_.where);
+    const std::string& row_id = writing_.RowId(*table_, update_.target->place);
+    return " WHERE " + row_id + " = " + writing_.Parameter({assigned_.size(), ParameterPlan::Source::Placeholder});
   }
 
   std::string OfJoinedSources() {
     std::string list;
-    std::string values = FoundRowId(writing_, *update_.target, scope_, *target_) + " AS " + Quoted(kFoundRow);
+    std::string values = FoundRowId(writing_, *update_.target, scope_, *target_) + " AS " + FoundRow();
     for (std::size_t i = 0; i < assigned_.size(); ++i) {
-      const std::string name = Quoted("v" + std::to_string(i + 1));
+      const std::string name = Quoted(NumberedName(i + 1));
       AppendItem(values, expressions_.Stored(*assigned_[i].value, *assigned_[i].column) + " AS " + name);
-      AppendItem(list, Quoted(assigned_[i].column->name) + " = " + Quoted(kFoundRows) + "." + name);
+      AppendItem(list, Quoted(assigned_[i].column->name) + " = " + FoundRows() + "." + name);
     }
     const std::string rows = "SELECT " + values + " FROM " + WriteFrom(*update_.target, scope_, expressions_) +
                              OptionalWhere(expressions_, update_.where);
-    return "UPDATE " + Quoted(table_->name) + " SET " + list + " FROM (" + rows + ") AS " + Quoted(kFoundRows) +
-           " WHERE " + RowIdOf(writing_, table_->name) + " = " + Quoted(kFoundRows) + "." + Quoted(kFoundRow);
+    return "UPDATE " + Quoted(table_->name) + " SET " + list + " FROM (" + rows + ") AS " + FoundRows() + " WHERE " +
+           Quoted(table_->name) + "." + table_->row_id + " = " + FoundRows() + "." + FoundRow();
   }
 
   Writing& writing_;
@@ -138,7 +140,7 @@ class DeleteWriter {
     std::string rows = "SELECT " + FoundRowId(writing_, *remove_.from, scope_, target);
     rows += " FROM " + WriteFrom(*remove_.from, scope_, expressions_);
     rows += OptionalWhere(expressions_, remove_.where);
-    return "DELETE FROM " + Quoted(table.name) + " WHERE " + writing_.dialect().RowId() + " IN (" + rows + ")";
+    return "DELETE FROM " + Quoted(table.name) + " WHERE " + table.row_id + " IN (" + rows + ")";
   }
 
   Writing& writing_;

@@ -10,10 +10,12 @@
 
 namespace zef::sql {
 
-/// How a literal or placeholder becomes the parameter of a prepared statement.
+/// What becomes a parameter of a prepared statement, and how.
 struct ParameterPlan {
+  enum class Source { Literal, Placeholder, Now, Date, Time };
+
   std::size_t index = 0;  ///< of the literal, or of the placeholder
-  bool placeholder = false;
+  Source source = Source::Literal;
   /// The type it is converted to before it is bound; `Unknown` binds it as it is. A conversion that fails is
   /// -2147217913, a value that does not fit -2147217833 (texts longer than `length`, numbers outside the type).
   Type type = Type::Unknown;
@@ -37,7 +39,6 @@ struct CompiledStatement {
   std::string table;
   std::vector<std::size_t> key_columns;  ///< result columns that form the primary key
   bool hidden_row_id = false;            ///< the row identifier follows behind the last column
-  std::string row_id;                    ///< its name; empty without one
   bool cacheable = true;                 ///< false if a literal stands in the text itself (ORDER BY 2)
 };
 
@@ -47,8 +48,6 @@ class Dialect {
   virtual ~Dialect() = default;
   /// Parameter number `n`, from 1: "?1" or "$1".
   virtual std::string Parameter(std::size_t n) const = 0;
-  /// The pseudo column that identifies a row: "rowid" or "ctid".
-  virtual std::string RowId() const = 0;
   /// A comparison of two text expressions by the dialect's rules; `op` is =, <>, <, <=, > or >=, or IN with a list or
   /// select in brackets as `right`. `indexed_column` tells that `left` is a column that leads an index and ignores the
   /// case of ASCII letters, and `right` a parameter that is a plain ASCII text (or a list of at most 100 of them), so
@@ -67,6 +66,8 @@ class Dialect {
 struct CompileOptions {
   bool updatable = false;  ///< make a single-table select findable for `Update`
   bool lock_rows = false;  ///< pessimistic: lock what is read
+  /// An `UPDATE` of one table changes one row: its identifier is the placeholder behind those of the assignments.
+  bool by_row_id = false;
 };
 
 /// Writes a parsed statement (not a schema change) for an engine. Raises -2147217865 for an unknown table, -2147217904

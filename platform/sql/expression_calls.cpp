@@ -24,6 +24,9 @@ Type AsNumber(Type type) {
   return IsNumber(type) && type != Type::Double ? Type::Long : Type::Double;
 }
 
+/// A number among dates counts days, as in IIf(done, finished, 0).
+bool IsDateBesideNumber(Type a, Type b) { return a == Type::Date && IsNumber(b) && b != Type::Boolean; }
+
 int Rank(Type type) { return static_cast<int>(type); }
 
 }  // namespace
@@ -33,6 +36,7 @@ Type CommonType(Type a, Type b) {
   if (a == Type::Unknown || b == Type::Unknown) return Type::Unknown;
   if (IsText(a) || IsText(b))
     return Comparable(a, Type::Binary) || Comparable(b, Type::Binary) ? Type::Unknown : Type::Text;
+  if (IsDateBesideNumber(a, b) || IsDateBesideNumber(b, a)) return Type::Date;
   const bool numbers = IsNumber(a) && IsNumber(b);
   if (!numbers) return Type::Unknown;
   const Type wider = Rank(a) > Rank(b) ? a : b;
@@ -48,11 +52,20 @@ struct ExpressionWriter::Special {
   Operand (ExpressionWriter::*write)(const Expr&);
 };
 
+/// All mentions share one reading of the clock.
+template <ParameterPlan::Source source>
+Operand ExpressionWriter::CallOfClock(const Expr&) {
+  return {writing_.ClockParameter(source), Type::Date};
+}
+
 Operand ExpressionWriter::Call(const Expr& expr) {
   static constexpr Special kSpecials[] = {
       {"ISNULL", 1, 1, &ExpressionWriter::CallOfIsNull},
       {"IIF", 3, 3, &ExpressionWriter::CallOfIIf},
       {"NZ", 1, 2, &ExpressionWriter::CallOfNz},
+      {"NOW", 0, 0, &ExpressionWriter::CallOfClock<ParameterPlan::Source::Now>},
+      {"DATE", 0, 0, &ExpressionWriter::CallOfClock<ParameterPlan::Source::Date>},
+      {"TIME", 0, 0, &ExpressionWriter::CallOfClock<ParameterPlan::Source::Time>},
   };
   if (const AggregateRow* row = FindAggregate(expr.name)) return Aggregate(expr, *row);
   if (expr.distinct) RaiseAt(FailureNumber::StatementError, "DISTINCT stands in an aggregate only", expr.place);
@@ -87,9 +100,11 @@ Operand ExpressionWriter::Aggregate(const Expr& expr, const AggregateRow& row) {
   saw_aggregate_ = true;
   const bool star = expr.args[0]->kind == Expr::Kind::Star;
   if (star && row.name == "COUNT" && !expr.distinct) return {"COUNT(*)", Type::Long};
-  const bool outer = std::exchange(aggregates_allowed_, false);
+  const bool watching = grouping_->Watch(false);
+  aggregates_allowed_ = false;
   const Operand argument = Value(*expr.args[0], row.needs_number ? Type::Double : Type::Unknown);
-  aggregates_allowed_ = outer;
+  aggregates_allowed_ = true;
+  grouping_->Watch(watching);
   if (row.needs_number && !Comparable(argument.type, Type::Double)) {
     RaiseAt(FailureNumber::TypesDoNotConvert, "The aggregate '" + expr.name + "' needs numbers", expr.place);
   }

@@ -115,7 +115,7 @@ Operand ExpressionWriter::Compared(const Expr& expr, const Operand& left, const 
                                    const Operand& right) const {
   RequireComparable(expr, left, right);
   Operand subject = left;
-  const bool special = left.row_id || right.row_id || left.null || right.null;
+  const bool special = left.null || right.null;
   const bool may_be_text = right.type == Type::Unknown || IsText(right.type);
   if (left.type == Type::Unknown && may_be_text && !special) subject.type = Type::Text;
   const bool indexed = ServesTexts(left) && right.plain_ascii;

@@ -27,6 +27,10 @@ Type Meeting(Type own, Type wanted) {
   return IsNumber(wanted) && wanted != Type::Boolean ? Type::Double : wanted;
 }
 
+ParameterPlan::Source SourceOf(const Expr& expr) {
+  return expr.kind == Expr::Kind::Parameter ? ParameterPlan::Source::Placeholder : ParameterPlan::Source::Literal;
+}
+
 /// The helper that makes a value fit a column of the type; empty if it may be stored as it is.
 std::string_view Converter(Type type) {
   switch (type) {
@@ -57,7 +61,13 @@ bool FitsAsItIs(const Operand& value, const ColumnInfo& column) {
 }  // namespace
 
 Operand ExpressionWriter::Value(const Expr& expr, Type wanted) {
-  Operand operand = Write(expr, wanted);
+  const std::size_t noted = grouping_ == nullptr ? 0 : grouping_->noted();
+  Operand operand = AsValue(Write(expr, wanted));
+  if (grouping_ != nullptr) grouping_->Settle(noted, operand.text);
+  return operand;
+}
+
+Operand ExpressionWriter::AsValue(Operand operand) const {
   if (!operand.condition) return operand;
   operand.text = writing_.Call("truth", operand.text);
   operand.binding = Binding::Whole;
@@ -66,7 +76,9 @@ Operand ExpressionWriter::Value(const Expr& expr, Type wanted) {
 }
 
 Operand ExpressionWriter::Condition(const Expr& expr) {
+  const std::size_t noted = grouping_ == nullptr ? 0 : grouping_->noted();
   Operand operand = Write(expr, Type::Boolean);
+  if (grouping_ != nullptr) grouping_->Settle(noted, AsValue(operand).text);
   if (operand.condition) return operand;
   if (!Comparable(operand.type, Type::Boolean)) {
     RaiseAt(FailureNumber::TypesDoNotConvert, "A condition is expected, neither a text nor bytes", expr.place);
@@ -76,8 +88,7 @@ Operand ExpressionWriter::Condition(const Expr& expr) {
 
 std::string ExpressionWriter::Stored(const Expr& expr, const ColumnInfo& column) {
   if (!IsParameter(expr)) return Stored(Value(expr), column, expr.place);
-  const bool placeholder = expr.kind == Expr::Kind::Parameter;
-  return writing_.Parameter({expr.literal, placeholder, column.type, column.length, column.required});
+  return writing_.Parameter({expr.literal, SourceOf(expr), column.type, column.length, column.required});
 }
 
 std::string ExpressionWriter::Stored(const Operand& value, const ColumnInfo& column, std::size_t place) const {
@@ -127,29 +138,24 @@ Type ExpressionWriter::OwnType(const Expr& literal) const {
 }
 
 Operand ExpressionWriter::Parameter(const Expr& expr, Type wanted) {
-  const bool placeholder = expr.kind == Expr::Kind::Parameter;
   const Type own = OwnType(expr);
   ParameterPlan plan;
   plan.index = expr.literal;
-  plan.placeholder = placeholder;
+  plan.source = SourceOf(expr);
   plan.type = Meeting(own, wanted);
   Operand operand;
   operand.text = writing_.Parameter(plan);
   operand.type = plan.type == Type::Unknown ? own : plan.type;
-  operand.plain_ascii = !placeholder && writing_.KindOf(expr) != LiteralKind::Text;
+  operand.plain_ascii = expr.kind == Expr::Kind::Literal && writing_.KindOf(expr) != LiteralKind::Text;
   return operand;
 }
 
-Operand ExpressionWriter::Column(const Expr& expr) const {
-  return Reference(scope_.Find(expr, writing_.dialect().RowId()));
-}
+Operand ExpressionWriter::Column(const Expr& expr) const { return Reference(scope_.Find(expr)); }
 
 Operand ExpressionWriter::Reference(const FoundColumn& found) const {
   Operand operand;
-  operand.text = found.column == nullptr ? writing_.dialect().RowId() : Quoted(found.column->name);
+  operand.text = Quoted(found.column->name);
   if (found.qualified) operand.text = Quoted(found.source->name) + "." + operand.text;
-  operand.row_id = found.column == nullptr;
-  if (operand.row_id) return operand;
   operand.type = found.column->type;
   operand.length = found.column->length;
   operand.column = found.column;
@@ -160,7 +166,8 @@ Operand ExpressionWriter::Constant(const Expr& expr) const {
   Operand operand;
   operand.null = expr.kind == Expr::Kind::Null;
   operand.type = operand.null ? Type::Unknown : Type::Boolean;
-  operand.text = operand.null ? "NULL" : expr.truth ? "-1" : "0";
+  // Never a bare number: where rows are sorted, engines take it for the position of a column.
+  operand.text = operand.null ? "NULL" : expr.truth ? "~0" : "~-1";
   return operand;
 }
 

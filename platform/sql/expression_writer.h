@@ -31,6 +31,8 @@ class ExpressionWriter {
   /// Aggregates may stand in what is written from here on, or not.
   void AllowAggregates(bool allow) { aggregates_allowed_ = allow; }
   bool saw_aggregate() const { return saw_aggregate_; }
+  /// What is written belongs to a select whose groups these are.
+  void WriteBeside(Grouping& grouping) { grouping_ = &grouping; }
   /// A column that was found before.
   Operand Reference(const FoundColumn& found) const;
 
@@ -38,6 +40,7 @@ class ExpressionWriter {
   using Operands = std::vector<Operand>;
 
   Operand Write(const Expr& expr, Type wanted);
+  Operand AsValue(Operand operand) const;
   Type OwnType(const Expr& literal) const;
   Operand Parameter(const Expr& expr, Type wanted);
   Operand Column(const Expr& expr) const;
@@ -73,6 +76,8 @@ class ExpressionWriter {
   Operand CallOfIsNull(const Expr& expr);
   Operand CallOfIIf(const Expr& expr);
   Operand CallOfNz(const Expr& expr);
+  template <ParameterPlan::Source source>
+  Operand CallOfClock(const Expr& expr);
   Operand AsText(const Expr& expr);
   Operand AsText(Operand value) const;
   Operands WithCommonType(const Expr& first, const Expr& second);
@@ -81,6 +86,7 @@ class ExpressionWriter {
   const Scope& scope_;
   bool aggregates_allowed_ = false;
   bool saw_aggregate_ = false;
+  Grouping* grouping_ = nullptr;
 };
 
 /// True for literals and placeholders.

@@ -33,7 +33,7 @@ void RequireNames(const TableInfo& derived, std::size_t place) {
 void AddSelect(Writing& writing, const Source& source, const Scope* outer, Scope& scope) {
   WrittenSelect select = WriteSelect(writing, *source.select, outer, Naming::Declared);
   ScopeSource added;
-  added.name = source.alias.empty() ? "select" + std::to_string(scope.sources().size() + 1) : source.alias;
+  added.name = source.alias.empty() ? OwnName("s" + std::to_string(scope.sources().size() + 1)) : source.alias;
   added.derived.columns = std::move(select.columns);
   RequireNames(added.derived, source.place);
   added.text = "(" + select.text + ") AS " + Quoted(added.name);

@@ -81,12 +81,12 @@ class InsertWriter {
     std::string list;
     for (std::size_t i = 0; i < columns_.size(); ++i) {
       Operand value;
-      value.text = Quoted("c" + std::to_string(i + 1));
+      value.text = Quoted(NumberedName(i + 1));
       value.type = select.columns[i].type;
       value.length = select.columns[i].length;
       AppendItem(list, expressions.Stored(value, *columns_[i], insert_.place));
     }
-    return "SELECT " + list + " FROM (" + select.text + ") AS " + Quoted("rows");
+    return "SELECT " + list + " FROM (" + select.text + ") AS " + Quoted(OwnName("rows"));
   }
 
   Writing& writing_;

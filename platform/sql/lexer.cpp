@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
+#include <locale>
 #include <optional>
+#include <sstream>
 #include <system_error>
 
 #include "platform/date.h"
@@ -176,8 +178,17 @@ class ShapeReader {
       return done;
     };
     if (!decimal && read_whole(std::int32_t{})) return LiteralKind::Integer;
-    if (!read_whole(double{})) Fail(start, "this number is out of range");
+    if (!read_whole(double{})) value.emplace<double>(ReadTiny(start));
     return LiteralKind::Decimal;
+  }
+
+  /// A number that is too large for a double fails, one that is too small is as good as 0.
+  double ReadTiny(const char* start) const {
+    std::istringstream stream(std::string(start, at_));
+    stream.imbue(std::locale::classic());
+    double number = 0.0;
+    if (!(stream >> number)) Fail(start, "this number is out of range");
+    return number;
   }
 
   void ReadEnd() {

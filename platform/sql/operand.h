@@ -19,7 +19,6 @@ struct Operand {
   bool condition = false;              ///< the engine's own true and false, not yet a Boolean value
   bool plain_ascii = false;            ///< a parameter that is a text of printable ASCII characters
   bool null = false;                   ///< the word NULL
-  bool row_id = false;
 };
 
 /// The text, in brackets if it holds together less tightly than `needed`.

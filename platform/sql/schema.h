@@ -25,6 +25,9 @@ struct ColumnInfo {
 struct TableInfo {
   std::string name;  ///< as declared
   std::vector<ColumnInfo> columns;
+  /// The engine's name of the hidden column that identifies a row. Empty without one, or if columns of the table have
+  /// taken all its names.
+  std::string row_id{};
 
   /// The column of that name without regard to letter case, or null.
   const ColumnInfo* Find(std::string_view column) const;

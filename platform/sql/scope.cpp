@@ -54,23 +54,12 @@ bool Scope::FindHere(const Expr& reference, FoundColumn& found) const {
   return found.source != nullptr;
 }
 
-bool Scope::FindRowId(const Expr& reference, FoundColumn& found) const {
-  for (const ScopeSource& source : sources_) {
-    const bool has_rows = source.table != nullptr && MayMean(reference, source);
-    if (!has_rows) continue;
-    if (found.source != nullptr) RaiseAmbiguous(reference);
-    found = {&source, nullptr, qualifies()};
-  }
-  return found.source != nullptr;
-}
-
-FoundColumn Scope::Find(const Expr& reference, std::string_view row_id) const {
-  const bool may_be_row_id = text::EqualNames(reference.name, row_id);
+FoundColumn Scope::Find(const Expr& reference) const {
   FoundColumn found;
   for (const Scope* scope = this; scope != nullptr; scope = scope->outer_) {
-    const bool here = scope->FindHere(reference, found) || (may_be_row_id && scope->FindRowId(reference, found));
-    if (!here) continue;
+    if (!scope->FindHere(reference, found)) continue;
     found.qualified = found.qualified || scope != this;
+    if (scope->grouping_ != nullptr) scope->grouping_->Note(found, reference.place);
     return found;
   }
   RaiseAt(FailureNumber::NoSuchColumn, "The column '" + Written(reference) + "' is not known", reference.place);

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/sql/ast.h"
+#include "platform/sql/grouping.h"
 #include "platform/sql/schema.h"
 
 namespace zef::sql {
@@ -22,15 +23,17 @@ struct ScopeSource {
 /// A column reference that was found.
 struct FoundColumn {
   const ScopeSource* source = nullptr;
-  const ColumnInfo* column = nullptr;  ///< null for the row identifier
-  bool qualified = false;              ///< must be written with the name of its source
+  const ColumnInfo* column = nullptr;
+  bool qualified = false;  ///< must be written with the name of its source
 };
 
 /// What column names mean inside one select: its own sources, then those of the selects around it. Sources keep their
 /// addresses.
 class Scope {
  public:
-  explicit Scope(const Scope* outer) : outer_(outer) {}
+  /// With `named_results` the select's result columns bear names in the engine's statement, which must not be taken
+  /// for its columns.
+  explicit Scope(const Scope* outer, bool named_results = false) : outer_(outer), named_results_(named_results) {}
   Scope(const Scope&) = delete;
   Scope& operator=(const Scope&) = delete;
 
@@ -41,17 +44,19 @@ class Scope {
   const std::deque<ScopeSource>& sources() const { return sources_; }
   /// The source of that name, letter case ignored, or null; the scopes around this one are not asked.
   const ScopeSource* FindSource(std::string_view name) const;
-  /// The column that a reference means. `row_id` is the engine's name of the row identifier, found where no column has
-  /// the name. Raises -2147217904 for a name that is not known or means two columns.
-  FoundColumn Find(const Expr& reference, std::string_view row_id) const;
+  /// The column that a reference means. Raises -2147217904 for a name that is not known or means two columns.
+  FoundColumn Find(const Expr& reference) const;
+  /// Tells `grouping` of the columns of this scope that are found, also from selects inside.
+  void ReportTo(Grouping& grouping) { grouping_ = &grouping; }
   /// True if columns of this scope are written with the name of their source.
-  bool qualifies() const { return outer_ != nullptr || sources_.size() > 1; }
+  bool qualifies() const { return named_results_ || outer_ != nullptr || sources_.size() > 1; }
 
  private:
   bool FindHere(const Expr& reference, FoundColumn& found) const;
-  bool FindRowId(const Expr& reference, FoundColumn& found) const;
 
   const Scope* outer_;
+  const bool named_results_;
+  Grouping* grouping_ = nullptr;
   std::deque<ScopeSource> sources_;
 };
 

@@ -11,11 +11,49 @@
 namespace zef::sql {
 
 SelectCore::SelectCore(Writing& writing, const Select& select, const Scope* outer, Naming naming)
-    : writing_(writing), select_(select), naming_(naming), scope_(outer), expressions_(writing, scope_) {
+    : writing_(writing),
+      select_(select),
+      naming_(naming),
+      scope_(outer, naming != Naming::None),
+      expressions_(writing, scope_) {
   if (select_.from) AddSources(writing_, *select_.from, outer, scope_);
+  scope_.ReportTo(grouping_);
+  expressions_.WriteBeside(grouping_);
+  AddKeys();
+  const Writing::Sharing sharing(writing_, first_parameter_, behind_keys_);
+  grouping_.Watch(true);
   expressions_.AllowAggregates(true);
   for (const SelectItem& item : select_.items) AddItem(item);
   expressions_.AllowAggregates(false);
+  grouping_.Watch(false);
+  behind_items_ = writing_.parameters();
+}
+
+/// The literals of a key are the same parameters wherever the select repeats it, so that it is known again.
+void SelectCore::AddKeys() {
+  first_parameter_ = writing_.parameters();
+  for (const ExprPtr& expr : select_.group_by) {
+    const Expr& key = KeyOf(*expr);
+    keys_.push_back(expressions_.Value(key));
+    if (key.kind == Expr::Kind::Column) grouping_.AddKey(scope_.Find(key));
+    if (key.kind != Expr::Kind::Column) grouping_.AddKey(keys_.back().text);
+  }
+  behind_keys_ = writing_.parameters();
+}
+
+/// The expression that a key means: a whole number is the position of a result column.
+const Expr& SelectCore::KeyOf(const Expr& expr) const {
+  const bool position = expr.kind == Expr::Kind::Literal && writing_.KindOf(expr) == LiteralKind::Integer;
+  if (!position) return expr;
+  return *select_.items[PositionOf(expr, select_.items.size())].expr;
+}
+
+/// From 0.
+std::size_t SelectCore::PositionOf(const Expr& literal, std::size_t columns) const {
+  const std::int32_t position = writing_.ValueInText(literal);
+  const bool fits = position >= 1 && static_cast<std::size_t>(position) <= columns;
+  if (!fits) RaiseAt(FailureNumber::StatementError, "No result column has that position", literal.place);
+  return static_cast<std::size_t>(position - 1);
 }
 
 void SelectCore::AddItem(const SelectItem& item) {
@@ -28,7 +66,7 @@ void SelectCore::AddItem(const SelectItem& item) {
 std::string SelectCore::NameOf(const SelectItem& item, const Operand& value) {
   if (!item.alias.empty()) return item.alias;
   if (value.column != nullptr) return value.column->name;
-  return value.row_id ? writing_.dialect().RowId() : "Expr" + std::to_string(unnamed_++);
+  return "Expr" + std::to_string(unnamed_++);
 }
 
 void SelectCore::AddStar(const Expr& star) {
@@ -37,7 +75,9 @@ void SelectCore::AddStar(const Expr& star) {
     const bool meant = star.qualifier.empty() || text::EqualNames(star.qualifier, source.name);
     if (!meant) continue;
     for (const ColumnInfo& column : source.info().columns) {
-      items_.push_back({expressions_.Reference({&source, &column, scope_.qualifies()}), column.name, false});
+      const FoundColumn found{&source, &column, scope_.qualifies()};
+      grouping_.Note(found, star.place);
+      items_.push_back({expressions_.Reference(found), column.name, false});
     }
   }
   if (items_.size() != before) return;
@@ -47,10 +87,7 @@ void SelectCore::AddStar(const Expr& star) {
 
 const SelectedItem* SelectCore::ItemOf(const Expr& expr) const {
   if (expr.kind == Expr::Kind::Literal && writing_.KindOf(expr) == LiteralKind::Integer) {
-    const std::int32_t position = writing_.ValueInText(expr);
-    const bool fits = position >= 1 && static_cast<std::size_t>(position) <= items_.size();
-    if (!fits) RaiseAt(FailureNumber::StatementError, "No result column has that position", expr.place);
-    return &items_[static_cast<std::size_t>(position - 1)];
+    return &items_[PositionOf(expr, items_.size())];
   }
   const bool name = expr.kind == Expr::Kind::Column && expr.qualifier.empty();
   const auto found = std::find_if(items_.begin(), items_.end(), [&](const SelectedItem& item) {
@@ -60,15 +97,21 @@ const SelectedItem* SelectCore::ItemOf(const Expr& expr) const {
 }
 
 std::string SelectCore::Text() {
-  std::string text = Body(select_.distinct);  // first: it decides whether aggregates may stand behind it
+  std::string text = Body(select_.distinct);
   text += OrderBy();
-  text += Limit();
-  return text;
+  RequireGroups();
+  return text + Limit();
 }
 
 std::string SelectCore::PartOfUnion() {
   const std::string body = Body(true);
-  return select_.top ? "SELECT * FROM (" + body + Limit() + ") AS " + Quoted("top") : body;
+  RequireGroups();
+  return select_.top ? "SELECT * FROM (" + body + Limit() + ") AS " + Quoted(OwnName("top")) : body;
+}
+
+void SelectCore::RequireGroups() const {
+  const bool grouped = !select_.group_by.empty() || select_.having || expressions_.saw_aggregate();
+  if (grouped) grouping_.RequireKeysOnly();
 }
 
 bool SelectCore::IsPlain() const {
@@ -85,9 +128,7 @@ std::string SelectCore::Body(bool collated) {
   text += ItemList(collated) + hidden_;
   if (select_.from) text += " FROM " + WriteFrom(*select_.from, scope_, expressions_);
   text += OptionalCondition(" WHERE ", select_.where);
-  text += GroupBy();
-  expressions_.AllowAggregates(true);
-  return text + OptionalCondition(" HAVING ", select_.having);
+  return text + GroupBy() + Having();
 }
 
 std::string SelectCore::ItemList(bool collated) const {
@@ -97,7 +138,7 @@ std::string SelectCore::ItemList(bool collated) const {
     ++number;
     AppendItem(list, collated ? expressions_.Collated(item.value) : item.value.text);
     if (naming_ == Naming::Declared) list += " AS " + Quoted(item.name);
-    if (naming_ == Naming::Numbered) list += " AS " + Quoted("c" + std::to_string(number));
+    if (naming_ == Naming::Numbered) list += " AS " + Quoted(NumberedName(number));
   }
   return list;
 }
@@ -106,31 +147,44 @@ std::string SelectCore::OptionalCondition(std::string_view word, const ExprPtr& 
   return condition ? std::string(word) + expressions_.Condition(*condition).text : std::string();
 }
 
-std::string SelectCore::Sortable(const Expr& expr, const SelectedItem* item) {
-  return expressions_.Collated(item != nullptr ? item->value : expressions_.Value(expr));
-}
-
 std::string SelectCore::GroupBy() {
   std::string list;
-  for (const ExprPtr& expr : select_.group_by) {
-    const bool position = expr->kind == Expr::Kind::Literal;
-    AppendItem(list, Sortable(*expr, position ? ItemOf(*expr) : nullptr));
-  }
+  for (const Operand& key : keys_) AppendItem(list, expressions_.Collated(key));
   return list.empty() ? list : " GROUP BY " + list;
 }
 
+std::string SelectCore::Having() {
+  grouping_.Watch(true);
+  expressions_.AllowAggregates(true);
+  const Writing::Sharing sharing(writing_, first_parameter_, behind_keys_);
+  return OptionalCondition(" HAVING ", select_.having);
+}
+
 std::string SelectCore::OrderBy() {
+  const Writing::Sharing sharing(writing_, first_parameter_, select_.distinct ? behind_items_ : behind_keys_);
   std::string list;
   for (const OrderItem& order : select_.order_by) {
-    AppendItem(list, Sortable(*order.expr, ItemOf(*order.expr)));
+    const SelectedItem* const item = ItemOf(*order.expr);
+    AppendItem(list, expressions_.Collated(item != nullptr ? item->value : Sorted(*order.expr)));
     if (order.descending) list += " DESC";
   }
   return list.empty() ? list : " ORDER BY " + list;
 }
 
+/// What is no result column does not tell equal rows of a DISTINCT apart.
+Operand SelectCore::Sorted(const Expr& expr) {
+  Operand value = expressions_.Value(expr);
+  const bool selected = std::any_of(items_.begin(), items_.end(),
+                                    [&](const SelectedItem& item) { return item.value.text == value.text; });
+  if (!select_.distinct || selected) return value;
+  RaiseAt(FailureNumber::StatementError, "A SELECT DISTINCT is sorted by its result columns only", expr.place);
+}
+
 std::string SelectCore::Limit() {
-  return select_.top ? " LIMIT " + writing_.Parameter({select_.top->literal, false, Type::Long, 0, true})
-                     : std::string();
+  return select_.top
+             ? " LIMIT " +
+                   writing_.Parameter({select_.top->literal, ParameterPlan::Source::Literal, Type::Long, 0, true})
+             : std::string();
 }
 
 }  // namespace zef::sql

@@ -37,23 +37,33 @@ class SelectCore {
   const TableInfo* SingleTable() const;
 
  private:
+  void AddKeys();
+  const Expr& KeyOf(const Expr& expr) const;
+  std::size_t PositionOf(const Expr& literal, std::size_t columns) const;
   void AddItem(const SelectItem& item);
   void AddStar(const Expr& star);
   std::string NameOf(const SelectItem& item, const Operand& value);
 
+  void RequireGroups() const;
   std::string Body(bool collated);
   std::string ItemList(bool collated) const;
   std::string OptionalCondition(std::string_view word, const ExprPtr& condition);
   std::string GroupBy();
+  std::string Having();
   std::string OrderBy();
+  Operand Sorted(const Expr& expr);
   std::string Limit();
-  std::string Sortable(const Expr& expr, const SelectedItem* item);
 
   Writing& writing_;
   const Select& select_;
   const Naming naming_;
   Scope scope_;
   ExpressionWriter expressions_;
+  Grouping grouping_;
+  std::size_t first_parameter_ = 0;  ///< of the keys of the groups and the columns behind them
+  std::size_t behind_keys_ = 0;
+  std::size_t behind_items_ = 0;
+  std::vector<Operand> keys_;  ///< of the groups
   std::vector<SelectedItem> items_;
   std::string hidden_;
   int unnamed_ = 1000;  ///< number of the next column without a name

@@ -21,33 +21,52 @@ std::vector<ColumnInfo> ColumnsOf(const SelectCore& core) {
   return columns;
 }
 
-/// Values of a union are not converted: where the kinds differ, each row has its own.
-void Unite(ColumnInfo& column, const Operand& value) {
+struct United {
+  Type type;
+  int length;
+  bool null;  ///< only the word NULL so far
+};
+
+/// Values of a union are not converted: where the kinds differ, each row has its own. Null has none.
+void Unite(United& column, const Operand& value) {
+  if (value.null) return;
+  if (std::exchange(column.null, false)) {
+    column = {value.type, value.length, false};
+    return;
+  }
   const bool alike = IsText(column.type) == IsText(value.type);
-  if (!value.null) column.type = alike ? CommonType(column.type, value.type) : Type::Unknown;
+  column.type = alike ? CommonType(column.type, value.type) : Type::Unknown;
   column.length = column.length == 0 || value.length == 0 ? 0 : std::max(column.length, value.length);
 }
 
 class UnionWriter {
  public:
   UnionWriter(Writing& writing, const Select& select, const Scope* outer, Naming naming)
-      : writing_(writing), select_(select), outer_(outer), first_(writing, select, outer, naming) {}
+      : writing_(writing), select_(select), outer_(outer), first_(writing, select, outer, naming) {
+    for (const SelectedItem& item : first_.items()) {
+      united_.push_back({item.value.type, item.value.length, item.value.null});
+    }
+  }
 
   WrittenSelect Write() {
     WrittenSelect written{first_.PartOfUnion(), ColumnsOf(first_)};
-    for (const Select::UnionPart& part : select_.unions) Add(part, written);
+    for (const Select::UnionPart& part : select_.unions) Add(part, written.text);
+    for (std::size_t i = 0; i < united_.size(); ++i) {
+      written.columns[i].type = united_[i].type;
+      written.columns[i].length = united_[i].length;
+    }
     written.text += OrderBy(written.columns);
     return written;
   }
 
  private:
-  void Add(const Select::UnionPart& part, WrittenSelect& written) {
+  void Add(const Select::UnionPart& part, std::string& text) {
     SelectCore core(writing_, *part.select, outer_, Naming::None);
-    if (core.items().size() != written.columns.size()) {
+    if (core.items().size() != united_.size()) {
       throw RunTimeError(FailureNumber::StatementError, "The selects of a UNION have different numbers of columns.");
     }
-    for (std::size_t i = 0; i < written.columns.size(); ++i) Unite(written.columns[i], core.items()[i].value);
-    written.text += (part.all ? " UNION ALL " : " UNION ") + core.PartOfUnion();
+    for (std::size_t i = 0; i < united_.size(); ++i) Unite(united_[i], core.items()[i].value);
+    text += (part.all ? " UNION ALL " : " UNION ") + core.PartOfUnion();
   }
 
   /// The rows of a union are sorted by result columns only, named or by position.
@@ -76,6 +95,7 @@ class UnionWriter {
   const Select& select_;
   const Scope* outer_;
   SelectCore first_;
+  std::vector<United> united_;
 };
 
 /// Positions of the columns that form the table's key; none unless all of them are in the result.
@@ -95,12 +115,11 @@ void MakeUpdatable(Writing& writing, SelectCore& core) {
   const TableInfo* table = core.IsPlain() ? core.SingleTable() : nullptr;
   if (table == nullptr) return;
   CompiledStatement& result = writing.result();
-  result.table = table->name;
   result.key_columns = KeyColumns(*table, core.items());
-  result.hidden_row_id = result.key_columns.empty();
-  if (!result.hidden_row_id) return;
-  result.row_id = writing.dialect().RowId();
-  core.AppendHidden(result.row_id);
+  result.hidden_row_id = result.key_columns.empty() && !table->row_id.empty();
+  if (result.hidden_row_id) core.AppendHidden(table->row_id);
+  const bool found_again = result.hidden_row_id || !result.key_columns.empty();
+  if (found_again) result.table = table->name;
 }
 
 WrittenSelect WritePlainStatement(Writing& writing, const Select& select) {
@@ -112,6 +131,8 @@ WrittenSelect WritePlainStatement(Writing& writing, const Select& select) {
 }
 
 }  // namespace
+
+std::string NumberedName(std::size_t number) { return OwnName("c" + std::to_string(number)); }
 
 WrittenSelect WriteSelect(Writing& writing, const Select& select, const Scope* outer, Naming naming) {
   if (!select.unions.empty()) return UnionWriter(writing, select, outer, naming).Write();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -12,8 +13,11 @@ namespace zef::sql {
 enum class Naming {
   None,      ///< nobody asks for names
   Declared,  ///< by their names in the dialect
-  Numbered,  ///< "c1", "c2", ...
+  Numbered,  ///< by `NumberedName`
 };
+
+/// The name of result column `number`, from 1; no column of the dialect has it.
+std::string NumberedName(std::size_t number);
 
 struct WrittenSelect {
   std::string text;

@@ -1,5 +1,6 @@
 #include "platform/sql/writing.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <variant>
 
@@ -29,6 +30,8 @@ std::string Quoted(std::string_view name) { return Enclosed(name, '"'); }
 
 std::string QuotedText(std::string_view text) { return Enclosed(text, '\''); }
 
+std::string OwnName(std::string_view name) { return std::string("]`").append(name); }
+
 void AppendItem(std::string& list, std::string_view item) {
   if (!list.empty()) list += ", ";
   list += item;
@@ -47,9 +50,37 @@ std::int32_t Writing::ValueInText(const Expr& literal) {
   return ToLong(shape_.literals[literal.literal]);
 }
 
+std::size_t Writing::Shared(const ParameterPlan& plan) const {
+  const auto value = [this](const ParameterPlan& one) -> const Value& { return shape_.literals[one.index]; };
+  for (std::size_t i = shared_.first; i < shared_.second; ++i) {
+    const ParameterPlan& earlier = result_.parameters[i];
+    const bool literals = earlier.source == ParameterPlan::Source::Literal && plan.source == earlier.source;
+    if (literals && earlier.type == plan.type && value(earlier) == value(plan)) return i + 1;
+  }
+  return 0;
+}
+
 std::string Writing::Parameter(const ParameterPlan& plan) {
+  if (const std::size_t shared = Shared(plan); shared != 0) {
+    result_.cacheable = false;
+    return dialect_.Parameter(shared);
+  }
   result_.parameters.push_back(plan);
   return dialect_.Parameter(result_.parameters.size());
+}
+
+std::string Writing::ClockParameter(ParameterPlan::Source source) {
+  const std::vector<ParameterPlan>& plans = result_.parameters;
+  const auto same = std::find_if(plans.begin(), plans.end(),
+                                 [source](const ParameterPlan& earlier) { return earlier.source == source; });
+  if (same == plans.end()) return Parameter({.source = source});
+  return dialect_.Parameter(static_cast<std::size_t>(same - plans.begin()) + 1);
+}
+
+const std::string& Writing::RowId(const TableInfo& table, std::size_t place) const {
+  if (!table.row_id.empty()) return table.row_id;
+  RaiseAt(FailureNumber::StatementError, "The rows of the table '" + table.name + "' have no identity to be found by",
+          place);
 }
 
 std::string Writing::Call(std::string_view function, std::string_view arguments) const {

@@ -58,9 +58,6 @@ Date TimeOf(Date moment) { return date_parts::Join({0, moment.SecondsOfDay()}); 
 
 void DateOnly(FunctionCall& call) { call.ReturnDate(call.Moment(0).WithoutTime()); }
 void TimeOnly(FunctionCall& call) { call.ReturnDate(TimeOf(call.Moment(0))); }
-void CurrentDate(FunctionCall& call) { call.ReturnDate(Now().WithoutTime()); }
-void CurrentTime(FunctionCall& call) { call.ReturnDate(TimeOf(Now())); }
-void CurrentMoment(FunctionCall& call) { call.ReturnDate(Now()); }
 void Convert(FunctionCall& call) { call.ReturnDate(ToDate(call.Value(0))); }
 
 constexpr SqliteFunction kFunctions[] = {
@@ -78,9 +75,6 @@ constexpr SqliteFunction kFunctions[] = {
     {"time_serial", 3, 3, false, &FromTime},
     {"date_value", 1, 1, false, &DateOnly},
     {"time_value", 1, 1, false, &TimeOnly},
-    {"date", 0, 0, false, &CurrentDate},
-    {"time", 0, 0, false, &CurrentTime},
-    {"now", 0, 0, false, &CurrentMoment},
     {"cdate", 1, 1, false, &Convert},
 };
 

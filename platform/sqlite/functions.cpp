@@ -27,8 +27,14 @@ bool EndsInNull(const FunctionCall& call, const SqliteFunction& function) {
   return null && !function.takes_null;
 }
 
+/// A statement has one number for values that do not convert, wherever in it they stand.
+RunTimeError DoesNotConvert() {
+  return {FailureNumber::TypesDoNotConvert, "A value does not convert to the type that is needed here."};
+}
+
 void Fail(sqlite3_context* context, const Report& report) noexcept {
-  const RunTimeError failure = CurrentFailure().value_or(RunTimeError(FailureNumber::InvalidCall));
+  RunTimeError failure = CurrentFailure().value_or(RunTimeError(FailureNumber::InvalidCall));
+  if (failure.code() == FailureNumber::TypeMismatch) failure = DoesNotConvert();
   sqlite3_result_error(context, failure.description().c_str(), -1);
   report(failure);
 }

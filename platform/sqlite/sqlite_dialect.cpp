@@ -4,8 +4,6 @@ namespace zef {
 
 std::string SqliteDialect::Parameter(std::size_t n) const { return "?" + std::to_string(n); }
 
-std::string SqliteDialect::RowId() const { return "rowid"; }
-
 /// Beside a plain ASCII text the engine's own comparison of such a column is exact for rows of plain ASCII, and an
 /// index serves it. The few other rows have an index of their own, which asks for the very same GLOB; the engine takes
 /// it only with a bound on its column, and none of those texts is empty. A COLLATE anywhere inside would keep the

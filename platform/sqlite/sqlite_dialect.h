@@ -10,7 +10,6 @@ namespace zef {
 class SqliteDialect final : public sql::Dialect {
  public:
   std::string Parameter(std::size_t n) const override;
-  std::string RowId() const override;
   std::string CompareTexts(const std::string& left, const std::string& op, const std::string& right,
                            bool indexed_column) const override;
   std::string Collated(const std::string& text) const override;

@@ -71,6 +71,16 @@ bool IgnoresCase(sqlite3* db, const std::string& table, const std::string& colum
   return code == SQLITE_OK && collation != nullptr && text::EqualNames(collation, "NOCASE");
 }
 
+/// The engine gives way where a column bears one of its names. Views and tables that are trees of their key have none.
+std::string RowIdOf(sqlite3* db, const sql::TableInfo& table) {
+  for (const char* name : {"rowid", "_rowid_", "oid"}) {
+    const bool known = sqlite3_table_column_metadata(db, nullptr, table.name.c_str(), name, nullptr, nullptr, nullptr,
+                                                     nullptr, nullptr) == SQLITE_OK;
+    if (known && table.Find(name) == nullptr) return name;
+  }
+  return {};
+}
+
 }  // namespace
 
 sql::TableInfo DescribeTable(sqlite3* db, std::string_view table) {
@@ -93,6 +103,7 @@ sql::TableInfo DescribeTable(sqlite3* db, std::string_view table) {
           column.leads_index = leading.count(column.name) > 0;
           info.columns.push_back(std::move(column));
         });
+  info.row_id = RowIdOf(db, info);
   return info;
 }
 

@@ -37,6 +37,14 @@ class Conformance : public testing::TestWithParam<Backend> {
   }
   Ref<Recordset> Execute(const std::string& text) { return connection_->Execute(text); }
   std::string Text(const std::string& select) { return Scalar(*connection_, select); }
+  /// The first column of all rows, behind semicolons.
+  std::string Rows(const std::string& select) {
+    std::string rows;
+    for (const Ref<Recordset> rs = Execute(select); !rs->EndOfFile(); rs->MoveNext()) {
+      rows += (rows.empty() ? "" : "; ") + ToText(rs->Fields().Item(0).Value());
+    }
+    return rows;
+  }
   /// The number of the failure that a statement raises, 0 for none.
   std::int32_t FailureOf(const std::string& text) {
     try {

@@ -79,7 +79,7 @@ TEST(CompileConditionTest, LikeIsAFunction) {
 }
 
 TEST(CompileConditionTest, ComparisonAsAValueIsMinusOneOrZero) {
-  EXPECT_EQ(Where("(FLD_ID=1)=True"), R"(zef_truth("FLD_ID" = ?1) = -1)");
+  EXPECT_EQ(Where("(FLD_ID=1)=True"), R"(zef_truth("FLD_ID" = ?1) = ~0)");
 }
 
 TEST(CompileConditionTest, LongChainNeedsNoDeepBrackets) {
@@ -125,7 +125,7 @@ TEST(CompileExpressionTest, ImmediateIfIsACase) {
 
 TEST(CompileExpressionTest, DateBesideTextInImmediateIfBecomesText) {
   EXPECT_EQ(Expression("IIf(True, EVE_Start, '')", "Events"),
-            R"(CASE WHEN -1 <> 0 THEN zef_date_text("EVE_Start") ELSE ?1 END)");
+            R"(CASE WHEN ~0 <> 0 THEN zef_date_text("EVE_Start") ELSE ?1 END)");
 }
 
 TEST(CompileExpressionTest, LargestTextFollowsTheCollation) {

@@ -32,7 +32,8 @@ class SmallCatalog : public Catalog {
           {"FLD_Name", Type::Text, 20, false, false, true, true},
           {"FLD_Note", Type::Memo},
           {"FLD_Type", Type::Byte},
-          {"FLD_Open", Type::Boolean}}},
+          {"FLD_Open", Type::Boolean}},
+         "rowid"},
         {"Events",
          {{"EVE_ID", Type::Long, 0, true, true, true},
           {"EVE_FolderID", Type::Long},
@@ -40,8 +41,9 @@ class SmallCatalog : public Catalog {
           {"EVE_Start", Type::Date, 0, false, false, true},
           {"EVE_Cost", Type::Double},
           {"EVE_Rank", Type::Short},
-          {"EVE_Data", Type::Binary}}},
-        {"Seen", {{"SEE_User", Type::Long, 0, true}, {"SEE_Date", Type::Date}}},
+          {"EVE_Data", Type::Binary}},
+         "rowid"},
+        {"Seen", {{"SEE_User", Type::Long, 0, true}, {"SEE_Date", Type::Date}}, "rowid"},
     };
     return tables;
   }

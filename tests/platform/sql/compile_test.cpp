@@ -91,7 +91,7 @@ TEST(CompileSelectTest, JoinOnTheRightSideKeepsItsBrackets) {
 
 TEST(CompileSelectTest, SelectInFromNamesItsColumns) {
   EXPECT_EQ(Written("SELECT n FROM (SELECT FLD_ID+1 AS n FROM Folders) AS d"),
-            R"(SELECT "n" FROM (SELECT "FLD_ID" + ?1 AS "n" FROM "Folders") AS "d")");
+            R"(SELECT "n" FROM (SELECT "Folders"."FLD_ID" + ?1 AS "n" FROM "Folders") AS "d")");
 }
 
 TEST(CompileSelectTest, CorrelatedSelectFindsTheOuterColumn) {
@@ -152,7 +152,7 @@ TEST(CompileSelectTest, TopBecomesALimit) {
 TEST(CompileSelectTest, TopOfTheFirstPartOfAUnionStaysThere) {
   EXPECT_EQ(
       Written("SELECT TOP 3 FLD_ID FROM Folders UNION ALL SELECT EVE_ID FROM Events"),
-      R"(SELECT * FROM (SELECT "FLD_ID" FROM "Folders" LIMIT ?1) AS "top" UNION ALL SELECT "EVE_ID" FROM "Events")");
+      R"(SELECT * FROM (SELECT "FLD_ID" FROM "Folders" LIMIT ?1) AS "]`top" UNION ALL SELECT "EVE_ID" FROM "Events")");
 }
 
 TEST(CompileUpdatableTest, SelectWithTheKeyTellsItsPosition) {
@@ -188,10 +188,14 @@ INSTANTIATE_TEST_SUITE_P(Compile, NotUpdatableTest,
                                          "SELECT FLD_ID FROM Folders UNION SELECT EVE_ID FROM Events",
                                          "SELECT FLD_ID FROM (SELECT FLD_ID FROM Folders) AS d"));
 
-TEST(CompileRowIdTest, NameOfTheRowIdentifierIsFound) { EXPECT_EQ(Where("[rowid]=?"), "rowid = ?1"); }
+TEST(CompileRowIdTest, UpdateByRowIdFindsItByTheLastPlaceholder) {
+  EXPECT_EQ(Written("UPDATE Seen SET SEE_User=?", {.by_row_id = true}),
+            R"(UPDATE "Seen" SET "SEE_User" = ?1 WHERE rowid = ?2)");
+}
 
-TEST(CompileRowIdTest, ValueBesideTheRowIdentifierIsBoundAsItIs) {
-  EXPECT_EQ(PlanOf("SELECT * FROM Seen WHERE [rowid]=?").type, Type::Unknown);
+TEST(CompileRowIdTest, UpdateByRowIdBindsItAsItIs) {
+  EXPECT_EQ(CompileText("UPDATE Seen SET SEE_User=?", {.by_row_id = true}).statement.parameters.at(1).type,
+            Type::Unknown);
 }
 
 TEST(CompileInsertTest, ValuesTakeTheTypesOfTheirColumns) {
@@ -214,13 +218,14 @@ TEST(CompileInsertTest, TextNamesColumnsAsDeclared) {
 
 TEST(CompileInsertTest, WithoutColumnsAllAreMeant) {
   EXPECT_EQ(Written("INSERT INTO Seen VALUES (1, Now())"),
-            R"(INSERT INTO "Seen" ("SEE_User", "SEE_Date") VALUES (?1, zef_to_date(zef_now())))");
+            R"(INSERT INTO "Seen" ("SEE_User", "SEE_Date") VALUES (?1, zef_to_date(?2)))");
 }
 
 TEST(CompileInsertTest, SelectIsConvertedToTheColumns) {
   EXPECT_EQ(Written("INSERT INTO Seen (SEE_User, SEE_Date) SELECT FLD_ID, FLD_Name FROM Folders"),
-            R"(INSERT INTO "Seen" ("SEE_User", "SEE_Date") SELECT zef_required(zef_to_long("c1"), 'SEE_User'), )"
-            R"(zef_to_date("c2") FROM (SELECT "FLD_ID" AS "c1", "FLD_Name" AS "c2" FROM "Folders") AS "rows")");
+            R"(INSERT INTO "Seen" ("SEE_User", "SEE_Date") SELECT zef_required(zef_to_long("]`c1"), 'SEE_User'), )"
+            R"(zef_to_date("]`c2") FROM (SELECT "Folders"."FLD_ID" AS "]`c1", "Folders"."FLD_Name" AS "]`c2" FROM "Folders") )"
+            R"(AS "]`rows")");
 }
 
 TEST(CompileUpdateTest, OneTableIsUpdatedPlainly) {
@@ -240,9 +245,9 @@ TEST(CompileUpdateTest, LongerTextColumnIsChecked) {
 TEST(CompileUpdateTest, JoinedSourcesAreFoundByRow) {
   EXPECT_EQ(
       Written("UPDATE EVENTS,Folders SET EVE_TEXT =Folders.FLD_Name WHERE Folders.FLD_ID = Events.EVE_FolderID"),
-      R"(UPDATE "Events" SET "EVE_Text" = "zef rows"."v1" FROM (SELECT "Events".rowid AS "zef row", )"
-      R"(zef_to_text("Folders"."FLD_Name", 10) AS "v1" FROM "Events", "Folders" WHERE )"
-      R"("Folders"."FLD_ID" = "Events"."EVE_FolderID") AS "zef rows" WHERE "Events".rowid = "zef rows"."zef row")");
+      R"(UPDATE "Events" SET "EVE_Text" = "]`rows"."]`c1" FROM (SELECT "Events".rowid AS "]`row", )"
+      R"(zef_to_text("Folders"."FLD_Name", 10) AS "]`c1" FROM "Events", "Folders" WHERE )"
+      R"("Folders"."FLD_ID" = "Events"."EVE_FolderID") AS "]`rows" WHERE "Events".rowid = "]`rows"."]`row")");
 }
 
 TEST(CompileDeleteTest, StarAndPlainDeleteAreTheSame) {

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "platform/sql/convert.h"
+#include "platform/sql/statement_clock.h"
 #include "platform/sqlite/functions.h"
 #include "tests/platform/sql/compile_support.h"
 
@@ -67,10 +68,13 @@ class MemoryDatabase {
     sqlite3_stmt* raw = nullptr;
     Check(sqlite3_prepare_v2(db_, text.c_str(), -1, &raw, nullptr));
     const std::unique_ptr<sqlite3_stmt, Finalize> statement(raw);
+    StatementClock clock;
     for (std::size_t i = 0; i < compiled.statement.parameters.size(); ++i) {
       const ParameterPlan& plan = compiled.statement.parameters[i];
+      const bool literal = plan.source == ParameterPlan::Source::Literal;
+      const Value given = literal ? compiled.shape.literals.at(plan.index) : clock.Read(plan.source);
       Value scratch;
-      Bind(raw, static_cast<int>(i + 1), Converted(compiled.shape.literals.at(plan.index), plan, scratch));
+      Bind(raw, static_cast<int>(i + 1), Converted(given, plan, scratch));
     }
     std::string rows;
     int code = SQLITE_ROW;
