@@ -48,9 +48,14 @@ class Record : public RefCounted<Derived>, public RecordFlags {
 template <class R, std::size_t N>
 void ReadColumns(R& record, const Table<R, N>& table, const Recordset& rs) {
   const std::span<const int> positions = rs.Positions(table.names);
-  for (std::size_t i = 0; i < N; ++i) {
-    if (positions[i] < 0) throw RunTimeError(FailureNumber::ItemNotFound);
-    ReadColumn(record, *table.columns[i], rs.ValueAt(positions[i]));
+  std::size_t i = 0;
+  try {
+    for (; i < N; ++i) {
+      if (positions[i] < 0) throw RunTimeError(FailureNumber::ItemNotFound);
+      ReadColumn(record, *table.columns[i], rs.ValueAt(positions[i]));
+    }
+  } catch (const RunTimeError& failure) {
+    throw InColumn(failure, table.names[i]);
   }
 }
 
