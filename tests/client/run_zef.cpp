@@ -22,14 +22,14 @@ bool Redirect(const char* path, int descriptor) {
 }
 
 /// Becomes the program; comes back only if it could not be started.
-void Become(const std::vector<std::string>& arguments) {
-  std::vector<std::string> words{ZEF_BINARY};
+void Become(const std::string& program, const std::vector<std::string>& arguments) {
+  std::vector<std::string> words{program};
   words.insert(words.end(), arguments.begin(), arguments.end());
   std::vector<char*> pointers;
   for (std::string& word : words) pointers.push_back(word.data());
   pointers.push_back(nullptr);
   alarm(kSecondsToLive);
-  execv(ZEF_BINARY, pointers.data());
+  execvp(program.c_str(), pointers.data());
 }
 
 bool LeaveTerminal() {
@@ -47,9 +47,14 @@ std::string Taken(const std::filesystem::path& path) {
 }  // namespace
 
 Ended RunZef(const std::filesystem::path& folder, const std::vector<std::string>& arguments) {
+  return RunProgram(folder, ZEF_BINARY, arguments);
+}
+
+Ended RunProgram(const std::filesystem::path& folder, const std::string& program,
+                 const std::vector<std::string>& arguments) {
   const pid_t child = fork();
   if (child == 0) {
-    if (chdir(folder.c_str()) == 0 && LeaveTerminal()) Become(arguments);
+    if (chdir(folder.c_str()) == 0 && LeaveTerminal()) Become(program, arguments);
     _exit(127);
   }
   int status = 0;
@@ -62,7 +67,7 @@ std::string ShownOnTerminal(const std::filesystem::path& folder, const std::vect
   const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
   if (child == 0) {
     setenv("TERM", "xterm", 1);
-    if (chdir(folder.c_str()) == 0) Become(arguments);
+    if (chdir(folder.c_str()) == 0) Become(ZEF_BINARY, arguments);
     _exit(127);
   }
   std::string shown;

@@ -20,6 +20,10 @@ struct Ended {
 /// Runs the built client in a folder, without a terminal.
 Ended RunZef(const std::filesystem::path& folder, const std::vector<std::string>& arguments);
 
+/// Runs any program, by its path or a name to be looked for, in the same way.
+Ended RunProgram(const std::filesystem::path& folder, const std::string& program,
+                 const std::vector<std::string>& arguments);
+
 /// What a run shows on a terminal.
 std::string ShownOnTerminal(const std::filesystem::path& folder, const std::vector<std::string>& arguments);
 
