@@ -62,9 +62,11 @@ Ended RunProgram(const std::filesystem::path& folder, const std::string& program
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Taken(folder / ".out"), Taken(folder / ".err")};
 }
 
-std::string ShownOnTerminal(const std::filesystem::path& folder, const std::vector<std::string>& arguments) {
+std::string ShownOnTerminal(const std::filesystem::path& folder, const std::vector<std::string>& arguments,
+                            unsigned short width) {
   int terminal = -1;
-  const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
+  const winsize size{.ws_row = 24, .ws_col = width, .ws_xpixel = 0, .ws_ypixel = 0};
+  const pid_t child = forkpty(&terminal, nullptr, nullptr, &size);
   if (child == 0) {
     setenv("TERM", "xterm", 1);
     if (chdir(folder.c_str()) == 0) Become(ZEF_BINARY, arguments);
@@ -72,8 +74,8 @@ std::string ShownOnTerminal(const std::filesystem::path& folder, const std::vect
   }
   std::string shown;
   std::array<char, 4096> part{};
-  for (ssize_t size = 0; (size = read(terminal, part.data(), part.size())) > 0;) {
-    shown.append(part.data(), static_cast<std::size_t>(size));
+  for (ssize_t count = 0; (count = read(terminal, part.data(), part.size())) > 0;) {
+    shown.append(part.data(), static_cast<std::size_t>(count));
   }
   close(terminal);
   waitpid(child, nullptr, 0);

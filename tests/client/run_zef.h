@@ -24,8 +24,9 @@ Ended RunZef(const std::filesystem::path& folder, const std::vector<std::string>
 Ended RunProgram(const std::filesystem::path& folder, const std::string& program,
                  const std::vector<std::string>& arguments);
 
-/// What a run shows on a terminal.
-std::string ShownOnTerminal(const std::filesystem::path& folder, const std::vector<std::string>& arguments);
+/// What a run shows on a terminal with so many characters in a line; 0 for one that does not tell.
+std::string ShownOnTerminal(const std::filesystem::path& folder, const std::vector<std::string>& arguments,
+                            unsigned short width = 0);
 
 /// A folder of its own for each test, with a new database "people.db" in it.
 class ZefTest : public testing::Test {
