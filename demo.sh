@@ -62,3 +62,7 @@ tell "The file is plain: the stock sqlite3 shell reads it. Dates are days since 
 show sqlite3 -header -column people.db "SELECT EVE_ID, EVE_Text, EVE_Type, datetime(EVE_StartDate + 2415018.5) AS Start,
   REC_Type, REC_Options1, REC_Day FROM Events LEFT JOIN Recurrences ON REC_ID = EVE_RecurrenceID"
 show sqlite3 -header -column people.db "SELECT VE_EventID, VE_UserID, date(VE_Date + 2415018.5) AS Seen FROM ViewedEvents"
+
+tell "And what the shell writes, the library reads."
+show sqlite3 people.db "UPDATE Events SET EVE_Location = 'Main Street 5' WHERE EVE_Text = 'Dentist'"
+show zef agenda people.db --today 2024-05-13 --days 2

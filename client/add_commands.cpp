@@ -35,7 +35,7 @@ std::string Added(const char* what, std::int32_t id, const std::string& name, co
 
 }  // namespace
 
-std::string AddFolder(const Arguments& arguments, bool /*colour*/) {
+std::string AddFolder(const Arguments& arguments, const Screen& /*screen*/) {
   RequireName(arguments, "NAME");
   const auto store = Open(arguments);
   const FolderInfo parent = arguments.parent ? store->Folder(*arguments.parent) : FolderInfo{.kind = kTasks};
@@ -48,7 +48,7 @@ std::string AddFolder(const Arguments& arguments, bool /*colour*/) {
   return fmt::format("Added folder {}, '{}'.\n", added.id, Printable(added.name));
 }
 
-std::string AddTask(const Arguments& arguments, bool /*colour*/) {
+std::string AddTask(const Arguments& arguments, const Screen& /*screen*/) {
   RequireName(arguments, "NAME");
   RequireOrder(arguments.start, arguments.due, "--due lies before --start.");
   const RuleSpec rule = ReadRule(arguments.rule, arguments.due ? arguments.due : arguments.start);
@@ -65,7 +65,7 @@ std::string AddTask(const Arguments& arguments, bool /*colour*/) {
   return arguments.json ? JsonLine(JsonOf(added)) : Added("task", added.id, added.name, folder);
 }
 
-std::string AddEvent(const Arguments& arguments, bool /*colour*/) {
+std::string AddEvent(const Arguments& arguments, const Screen& /*screen*/) {
   RequireName(arguments, "TEXT");
   RequireOrder(arguments.start, arguments.end, "--end lies before --start.");
   const RuleSpec rule = ReadRule(arguments.rule, arguments.start);

@@ -59,13 +59,20 @@ std::string TimeSpan(const Occurrence& occurrence) {
   return fmt::format("{}to {}", start.empty() ? "" : start + " ", DateText(occurrence.end));
 }
 
-std::string ListText(const std::vector<AgendaEntry>& entries, bool colour) {
-  Table table({{"DAY"}, {"TIME"}, {"EVENT", Table::Align::Right}, {"WHAT"}, {"KIND"}, {"WHERE"}, {"REPEATS"}});
+std::string ListText(const std::vector<AgendaEntry>& entries, const Screen& screen) {
+  constexpr Table::Align kLeft = Table::Align::Left;
+  Table table({{"DAY"},
+               {"TIME"},
+               {"EVENT", Table::Align::Right},
+               {"WHAT", kLeft, true},
+               {"KIND"},
+               {"WHERE", kLeft, true},
+               {"REPEATS", kLeft, true}});
   for (const auto& [occurrence, event] : entries) {
     table.Add({DayWithWeekday(occurrence.start), TimeSpan(occurrence), std::to_string(event.id), event.text,
                EventKindInWords(event.type), event.location, RuleInWords(event.rule)});
   }
-  return table.Text(colour);
+  return table.Text(screen);
 }
 
 Json JsonOfEntry(const AgendaEntry& entry) {
@@ -104,15 +111,15 @@ Agenda MakeAgenda(const AgendaSpan& span, const std::vector<EventInfo>& events) 
   return agenda;
 }
 
-std::string AgendaText(const Agenda& agenda, bool colour) {
+std::string AgendaText(const Agenda& agenda, const Screen& screen) {
   const AgendaSpan& span = agenda.span;
   const std::int64_t today = span.today - FirstDayOf(span.month) + 1;
   const bool shows_today = today >= 1 && span.today <= LastDayOf(span.month);
   const auto marked_today = shows_today ? std::optional(static_cast<unsigned>(today)) : std::nullopt;
   const std::string days = fmt::format("{} to {}", DayTextOf(span.first_day), DayTextOf(span.last_day));
-  std::string text = MonthPicture(span.month, agenda.marked, marked_today, colour) + '\n';
+  std::string text = MonthPicture(span.month, agenda.marked, marked_today, screen.colour) + '\n';
   if (agenda.entries.empty()) return text + fmt::format("Nothing from {}.\n", days);
-  return text + fmt::format("From {}:\n\n", days) + ListText(agenda.entries, colour);
+  return text + fmt::format("From {}:\n\n", days) + ListText(agenda.entries, screen);
 }
 
 std::string AgendaJson(const Agenda& agenda) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "client/occurrences.h"
+#include "client/style.h"
 
 namespace zef::client {
 
@@ -37,7 +38,7 @@ struct Agenda {
 
 Agenda MakeAgenda(const AgendaSpan& span, const std::vector<EventInfo>& events);
 
-std::string AgendaText(const Agenda& agenda, bool colour);
+std::string AgendaText(const Agenda& agenda, const Screen& screen);
 /// One object on a line.
 std::string AgendaJson(const Agenda& agenda);
 

@@ -4,9 +4,12 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <limits>
 
 #include "client/date_option.h"
 #include "client/failure.h"
+#include "client/number_option.h"
+#include "client/wrong_use.h"
 #include "platform/text.h"
 #include "version.h"
 
@@ -41,6 +44,26 @@ CLI::Option* AddText(CLI::App& app, const char* name, Target& target, const std:
   return app.add_option(name, target, help)->type_name(type);
 }
 
+/// Adds an option or argument that is a whole number.
+template <class Target>
+CLI::Option* AddNumber(CLI::App& app, const std::string& name, Target& target, const std::string& help,
+                       const char* type, std::int32_t least = std::numeric_limits<std::int32_t>::min(),
+                       std::int32_t most = std::numeric_limits<std::int32_t>::max()) {
+  const auto read = [&target, name, least, most](const std::string& text) {
+    target = ReadNumber(name, text, least, most);
+  };
+  return app.add_option_function<std::string>(name, read, help)->type_name(type);
+}
+
+/// Refuses a value that is none of these.
+CLI::Validator OneOf(const std::vector<std::string>& known) {
+  const auto check = [known](const std::string& text) {
+    const bool found = std::find(known.begin(), known.end(), text) != known.end();
+    return found ? std::string() : fmt::format("'{}' is none of {}.", text, fmt::join(known, ", "));
+  };
+  return CLI::Validator(check, "");
+}
+
 void AddFile(CLI::App& app, Arguments& arguments) {
   AddText(app, "FILE", arguments.file, "The database file", "")->required();
 }
@@ -49,14 +72,14 @@ void AddRule(CLI::App& app, RuleOptions& rule) {
   AddText(app, "--every", rule.every, "Repeats: day, week, month, year, or a number of them as in 2 weeks", "[N] UNIT");
   AddText(app, "--on", rule.on, "The days on which it repeats, see below", "DAYS");
   AddDate(app, "--until", rule.until, "The last day of the repetition");
-  AddText(app, "--times", rule.times, "How many times it takes place", "N");
+  AddNumber(app, "--times", rule.times, "How many times it takes place", "N", 1);
   app.footer(std::string(kRuleHelp) + kGlobalHelp);
 }
 
 void CreateOptions(CLI::App& app, Arguments& arguments) {
   AddFile(app, arguments);
   AddText(app, "--schema", arguments.schema, "Version of the tables: 9.2.4, or 9.1 for trying out upgrades", "VERSION")
-      ->check(CLI::IsMember({std::string(kCurrentSchema), std::string(kOlderSchema)}));
+      ->check(OneOf({kCurrentSchema, kOlderSchema}));
 }
 
 void AddFolderOptions(CLI::App& app, Arguments& arguments) {
@@ -65,7 +88,7 @@ void AddFolderOptions(CLI::App& app, Arguments& arguments) {
   AddText(app, "--parent", arguments.parent, "Identifier or name of the folder above; without it a root folder is made",
           "ID|NAME");
   AddText(app, "--kind", arguments.kind, "What it holds; without it the same as the folder above, or tasks", "KIND")
-      ->check(CLI::IsMember({"contacts", "tasks", "notes", "events", "alarms"}));
+      ->check(OneOf({"contacts", "tasks", "notes", "events", "alarms"}));
   AddText(app, "--description", arguments.description, "A description");
 }
 
@@ -91,7 +114,7 @@ void AddEventOptions(CLI::App& app, Arguments& arguments) {
   app.get_option("--start")->required();
   AddDate(app, "--end", arguments.end, "When it ends; without it when it begins");
   AddText(app, "--location", arguments.location, "Where it takes place");
-  AddText(app, "--reminder", arguments.reminder, "How long before to remind of it; a negative number for never", "N");
+  AddNumber(app, "--reminder", arguments.reminder, "How long before to remind of it; a negative number for never", "N");
   AddRule(app, arguments.rule);
 }
 
@@ -109,21 +132,21 @@ void AgendaOptions(CLI::App& app, Arguments& arguments) {
          "--month", [&arguments](const std::string& text) { arguments.month = ReadMonth("--month", text); },
          "The month of the picture and, without --days, of the list; as 2024-05")
       ->type_name("MONTH");
-  AddText(app, "--days", arguments.days, "How many days the list covers from today on; without it and --month, 31", "N")
-      ->check(CLI::Range(1, 36600));
+  AddNumber(app, "--days", arguments.days, "How many days the list covers from today on; without it and --month, 31",
+            "N", 1, 36600);
   AddDate(app, "--today", arguments.today, "The day that counts as today");
 }
 
 void SeenOptions(CLI::App& app, Arguments& arguments) {
   AddFile(app, arguments);
-  AddText(app, "EVENT", arguments.event, "Identifier of the event", "")->required();
+  AddNumber(app, "EVENT", arguments.event, "Identifier of the event", "", 1)->required();
   app.add_option_function<std::string>(
          "DATE", [&arguments](const std::string& text) { arguments.date = ReadDate("DATE", text); },
          fmt::format("Day, or day and time, of the occurrence, {}", kDateHelp))
       ->type_name("")
       ->required();
   app.add_flag("--mark", arguments.mark, "Notes that the user has seen it");
-  AddText(app, "--user", arguments.user, "Identifier of the user; without it 1", "ID");
+  AddNumber(app, "--user", arguments.user, "Identifier of the user; without it 1", "ID", 1);
 }
 
 struct CommandEntry {
@@ -171,13 +194,13 @@ void AddGlobalOptions(CLI::App& app, Arguments& arguments) {
   app.set_version_flag("--version", fmt::format("zef {}", kVersion));
 }
 
-/// `--every 2 weeks` is two words that mean one value.
+/// `--every 2 weeks` is two words that mean one value. So are "-1 day" and "1.5 days", to be refused as such.
 void JoinIntervals(std::vector<std::string>& words) {
   const auto is_number = [](const std::string& word) {
-    return !word.empty() && std::all_of(word.begin(), word.end(), [](char c) { return c >= '0' && c <= '9'; });
+    return !word.empty() && word.find_first_not_of("+-.0123456789") == std::string::npos;
   };
   for (std::size_t i = 0; i + 2 < words.size() && words[i] != "--"; ++i) {
-    if (words[i] != "--every" || !is_number(words[i + 1])) continue;
+    if (words[i] != "--every" || !is_number(words[i + 1]) || words[i + 2].starts_with('-')) continue;
     words[i + 1] += " " + words[i + 2];
     words.erase(words.begin() + static_cast<std::ptrdiff_t>(i) + 2);
   }
@@ -186,32 +209,6 @@ void JoinIntervals(std::vector<std::string>& words) {
 void RequireUtf8(const std::vector<std::string>& words) {
   if (std::all_of(words.begin(), words.end(), [](const std::string& word) { return text::IsValidUtf8(word); })) return;
   throw Failure(kWrongUse, "An argument is not UTF-8 text.");
-}
-
-/// The innermost command that was given.
-const CLI::App& InnermostCommand(const CLI::App& app) {
-  const std::vector<CLI::App*> given = app.get_subcommands();
-  return given.empty() ? app : InnermostCommand(*given.front());
-}
-
-/// "zef add task".
-std::string FullName(const CLI::App& app) {
-  const CLI::App* const parent = app.get_parent();
-  return parent == nullptr ? app.get_name() : FullName(*parent) + " " + app.get_name();
-}
-
-/// What CLI11 tells, and more helpfully if it was the command that it did not know.
-std::string WrongUse(const CLI::App& app, const CLI::ParseError& error) {
-  const CLI::App& command = InnermostCommand(app);
-  const std::string name = FullName(command);
-  if (command.get_require_subcommand_min() == 0) return fmt::format("{} (See {} --help.)", error.what(), name);
-  std::vector<std::string> known;
-  for (const CLI::App* sub : command.get_subcommands([](const CLI::App*) { return true; }))
-    known.push_back(sub->get_name());
-  const std::vector<std::string> unknown = app.remaining(true);
-  const std::string what = unknown.empty() ? fmt::format("'{}' needs a command", name)
-                                           : fmt::format("'{}' has no command '{}'", name, unknown.front());
-  return fmt::format("{}; there are {}. (See {} --help.)", what, fmt::join(known, ", "), name);
 }
 
 }  // namespace

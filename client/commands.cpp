@@ -17,7 +17,7 @@
 namespace zef::client {
 namespace {
 
-std::string Create(const Arguments& arguments, bool /*colour*/) {
+std::string Create(const Arguments& arguments, const Screen& /*screen*/) {
   CreateDatabase(arguments.file, arguments.password, arguments.schema);
   const bool encrypted = !arguments.password.empty();
   if (arguments.json) {
@@ -27,7 +27,7 @@ std::string Create(const Arguments& arguments, bool /*colour*/) {
                      encrypted ? " It is encrypted." : "");
 }
 
-std::string Info(const Arguments& arguments, bool colour) {
+std::string Info(const Arguments& arguments, const Screen& screen) {
   const DatabaseInfo info = Store(arguments.file, arguments.password).Info();
   if (arguments.json) {
     return JsonLine({{"file", arguments.file},
@@ -44,29 +44,29 @@ std::string Info(const Arguments& arguments, bool colour) {
   table.Add({"Folders", std::to_string(info.folders)});
   table.Add({"Tasks", std::to_string(info.tasks)});
   table.Add({"Events", std::to_string(info.events)});
-  return table.Text(colour);
+  return table.Text(screen);
 }
 
-std::string ShowFolders(const Arguments& arguments, bool colour) {
+std::string ShowFolders(const Arguments& arguments, const Screen& screen) {
   const std::vector<FolderInfo> folders = Open(arguments)->Folders();
-  return arguments.json ? JsonLine(folders) : FolderTree(folders, colour);
+  return arguments.json ? JsonLine(folders) : FolderTree(folders, screen);
 }
 
-std::string ShowTasks(const Arguments& arguments, bool colour) {
+std::string ShowTasks(const Arguments& arguments, const Screen& screen) {
   const auto store = Open(arguments);
   std::optional<FolderInfo> folder;
   if (arguments.folder) folder = store->Folder(*arguments.folder, kTasks);
   const std::vector<TaskInfo> tasks = store->Tasks(folder, arguments.where);
-  return arguments.json ? JsonLine(tasks) : TaskTable(tasks, colour);
+  return arguments.json ? JsonLine(tasks) : TaskTable(tasks, screen);
 }
 
-std::string ShowAgenda(const Arguments& arguments, bool colour) {
+std::string ShowAgenda(const Arguments& arguments, const Screen& screen) {
   const AgendaSpan span = SpanOf(arguments.today.value_or(Now()), arguments.month, arguments.days);
   const Agenda agenda = MakeAgenda(span, Open(arguments)->Events());
-  return arguments.json ? AgendaJson(agenda) : AgendaText(agenda, colour);
+  return arguments.json ? AgendaJson(agenda) : AgendaText(agenda, screen);
 }
 
-std::string TellSeen(const Arguments& arguments, bool /*colour*/) {
+std::string TellSeen(const Arguments& arguments, const Screen& /*screen*/) {
   const auto store = Open(arguments);
   const EventInfo event = store->Event(arguments.event);
   const std::optional<Date> moment = OccurrenceAt(event, arguments.date);
@@ -87,7 +87,7 @@ std::string TellSeen(const Arguments& arguments, bool /*colour*/) {
 
 struct Entry {
   Command command;
-  std::string (*run)(const Arguments&, bool);
+  std::string (*run)(const Arguments&, const Screen&);
 };
 
 constexpr Entry kEntries[] = {
@@ -98,10 +98,10 @@ constexpr Entry kEntries[] = {
 
 }  // namespace
 
-std::string Run(const Arguments& arguments, bool colour) {
+std::string Run(const Arguments& arguments, const Screen& screen) {
   const auto* const entry = std::find_if(std::begin(kEntries), std::end(kEntries),
                                          [&](const Entry& known) { return known.command == arguments.command; });
-  return entry->run(arguments, colour);
+  return entry->run(arguments, screen);
 }
 
 std::unique_ptr<Store> Open(const Arguments& arguments) {

@@ -6,6 +6,7 @@
 #include <random>
 
 #include "client/failure.h"
+#include "client/held_signals.h"
 #include "client/place_file.h"
 #include "platform/connection.h"
 #include "platform/connection_string.h"
@@ -58,19 +59,40 @@ void RequireFreePlace(const fs::path& place) {
   }
 }
 
-void Fill(Connection& connection, std::string_view statements) {
+/// Programs open a database through `Connect2Database`, which joins its parts unquoted.
+void RequireConnectable(const std::string& file, const std::string& password) {
+  const auto survives = [](const std::string& value) {
+    try {
+      const ConnectionString read = ParseConnectionString("Key=" + value);
+      return read.parts.size() == 1 && read.Get("Key") == value;
+    } catch (const RunTimeError&) {
+      return false;
+    }
+  };
+  constexpr char kNever[] = "a semicolon, a quotation mark at the beginning, or a blank at either end";
+  if (!survives(file)) throw Failure(kRefused, fmt::format("'{}': the name must not have {}.", file, kNever));
+  if (!password.empty() && !survives(password)) {
+    throw Failure(kRefused, fmt::format("--password: it must not have {}.", kNever));
+  }
+}
+
+void Fill(Connection& connection, std::string_view statements, const HeldSignals& signals) {
   TransactionGuard<Connection> transaction(connection);
-  for (const std::string& statement : schema::Statements(statements)) connection.Execute(statement);
+  for (const std::string& statement : schema::Statements(statements)) {
+    signals.StopIfAsked();
+    connection.Execute(statement);
+  }
   transaction.Commit();
 }
 
-void MakeDatabase(const fs::path& path, const std::string& password, std::string_view statements) {
+void MakeDatabase(const fs::path& path, const std::string& password, std::string_view statements,
+                  const HeldSignals& signals) {
   CreateDatabaseFile(path.native(), password);
   std::string text = "Provider=SQLite;Data Source=" + QuotedConnectionValue(path.native());
   if (!password.empty()) text += ";Password=" + QuotedConnectionValue(password);
   const auto connection = MakeRef<Connection>();
   connection->Open(text);
-  Fill(*connection, statements);
+  Fill(*connection, statements, signals);
   connection->Close();
   // Closing writes the log into the file and removes it; a log that is still there holds what the file lacks.
   if (NameIsTaken(WithEnding(path, "-wal")))
@@ -85,13 +107,16 @@ void CreateDatabase(const std::string& file, const std::string& password, const 
 
 void CreateDatabaseFrom(const std::string& statements, const std::string& file, const std::string& password) {
   const fs::path place(file);
+  RequireConnectable(file, password);
   RequireFreePlace(place);
+  const HeldSignals signals;  // goes last, when the temporary file is gone
   const TemporaryFile temporary(place);
   try {
-    MakeDatabase(temporary.path(), password, statements);
+    MakeDatabase(temporary.path(), password, statements, signals);
   } catch (const RunTimeError& failure) {
     throw Failure(kRefused, failure.description());
   }
+  signals.StopIfAsked();
   PlaceFile(temporary.path(), place);
 }
 

@@ -30,8 +30,10 @@ int NumberOf(std::string_view text) {
 
 Date ReadDate(std::string_view option, std::string_view text) {
   const std::optional<Date> date = ParseDate(text);
-  if (!date || date->DayNumber() == 0) WrongDate(option, text);
-  return *date;
+  if (!date) WrongDate(option, text);
+  if (date->DayNumber() != 0) return *date;
+  if (text.find_first_of("-/") == std::string_view::npos) WrongDate(option, text);  // a time of day alone
+  throw Failure(kWrongUse, fmt::format("{}: '{}' cannot be given; that day stands for \"no date\".", option, text));
 }
 
 std::chrono::year_month ReadMonth(std::string_view option, std::string_view text) {

@@ -21,7 +21,9 @@ std::string Answer(std::vector<std::string> words) {
   const auto read = ReadArguments(std::move(words));
   if (const auto* const text = std::get_if<std::string>(&read)) return *text;
   const auto& arguments = std::get<Arguments>(read);
-  return Run(arguments, !arguments.no_colour && TerminalShowsColour());
+  Screen screen = TerminalScreen();
+  if (arguments.no_colour) screen.colour = false;
+  return Run(arguments, screen);
 }
 
 /// Raises if the text does not get where it is to go, such as to a full disk.

@@ -12,11 +12,10 @@ double LengthOf(const EventInfo& event) {
   return IsCalendarDate(event.end) ? std::max(0.0, event.end.value() - event.start.value()) : 0.0;
 }
 
-/// A start in whole seconds, so that it equals the same moment read from a text.
 Occurrence OccurrenceFrom(Date start, double length) {
-  Occurrence occurrence{.start = start.RoundedToSeconds()};
-  const Date end(occurrence.start.value() + length);
-  occurrence.end = IsCalendarDate(end) ? end.RoundedToSeconds() : occurrence.start;
+  Occurrence occurrence{.start = start};
+  const Date end(start.value() + length);
+  occurrence.end = IsCalendarDate(end) ? end : start;
   occurrence.first_day = occurrence.start.DayNumber();
   occurrence.last_day = occurrence.end.DayNumber();
   const bool ends_at_midnight = occurrence.end.SecondsOfDay() == 0 && occurrence.start.SecondsOfDay() != 0;

@@ -26,6 +26,14 @@ int LinkAndUnlink(const char* from, const char* to) {
   return 0;
 }
 
+/// Makes the new name last through a loss of power. Not every file system can; the file is there all the same.
+void SyncFolder(const std::filesystem::path& folder) {
+  const int opened = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (opened < 0) return;
+  fsync(opened);
+  close(opened);
+}
+
 }  // namespace
 
 void PlaceFile(const std::filesystem::path& from, const std::filesystem::path& to) {
@@ -33,6 +41,7 @@ void PlaceFile(const std::filesystem::path& from, const std::filesystem::path& t
   if (error == EINVAL || error == ENOSYS || error == ENOTSUP) error = LinkAndUnlink(from.c_str(), to.c_str());
   if (error == EEXIST) throw Failure(kRefused, fmt::format("'{}' exists already.", to.native()));
   if (error != 0) throw Failure(kRefused, fmt::format("'{}' cannot be made: {}.", to.native(), std::strerror(error)));
+  SyncFolder(to.parent_path());
 }
 
 void RequireWritableFolder(const std::filesystem::path& folder) {

@@ -4,8 +4,8 @@
 
 namespace zef::client {
 
-/// Gives a file its final name in one step. Raises a `Failure` if anything has that name, a dangling link too, even if
-/// it came into being a moment ago; the file keeps its old name then.
+/// Gives a file its final name in one step, durably. Raises a `Failure` if anything has that name, a dangling link too,
+/// even if it came into being a moment ago; the file keeps its old name then.
 void PlaceFile(const std::filesystem::path& from, const std::filesystem::path& to);
 
 /// Raises a `Failure` if new files cannot be made in a folder.

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <limits>
 #include <vector>
 
 #include "client/calendar_names.h"
@@ -208,12 +207,7 @@ Interval ReadEvery(const std::string& text) {
 
 void ReadEnd(const RuleOptions& options, std::optional<Date> first, RuleSpec& rule) {
   if (options.until && options.times) WrongRule("--until and --times exclude each other; give one of them.");
-  if (options.times) {
-    if (*options.times < 1 || *options.times > std::numeric_limits<std::int32_t>::max()) {
-      WrongRule("--times takes a number from 1 on.");
-    }
-    rule.occurrences = static_cast<std::int32_t>(*options.times);
-  }
+  if (options.times) rule.occurrences = *options.times;
   if (!options.until) return;
   rule.end = *options.until;
   const bool whole_day = rule.end.SecondsOfDay() == 0;

@@ -13,7 +13,7 @@ struct RuleOptions {
   std::optional<std::string> every;  ///< "day", "2 weeks"
   std::optional<std::string> on;     ///< "mon,fri", "15", "last friday", "15 june", "first monday of june"
   std::optional<Date> until;
-  std::optional<std::int64_t> times;
+  std::optional<std::int32_t> times;  ///< from 1 on
 };
 
 /// The rule that the options give, `kNoRule` if there is none. Days that `on` does not name are those of `first`, the

@@ -122,6 +122,7 @@ std::string Condition(const std::optional<FolderInfo>& folder, const std::string
 class Store::Session {
  public:
   Ref<CSession> it = MakeRef<CSession>();
+  std::string file;
   bool encrypted = false;
 
   [[noreturn]] void RefuseAsRecorded(const std::string& otherwise) const {
@@ -170,9 +171,17 @@ class Store::Session {
     return event;
   }
 
+  /// Raises for a database that another program has made.
   std::string Version() const {
-    const std::vector<std::string> versions = Texts("SELECT VI_Version FROM _VersionInfo");
-    return versions.empty() ? std::string() : versions[0];
+    try {
+      const Ref<Recordset> rs = it->conDBConnection->Execute("SELECT VI_Version FROM _VersionInfo");
+      if (!rs->EndOfFile() && !IsNull(rs->ValueAt(0))) return ToText(rs->ValueAt(0));
+    } catch (const RunTimeError& failure) {
+      const bool foreign =
+          failure.code() == FailureNumber::NoSuchTable || failure.code() == FailureNumber::NoSuchColumn;
+      if (!foreign) Refuse(failure.description());
+    }
+    Refuse(fmt::format("'{}' is a database, but none of zef's.", file));
   }
 };
 
@@ -181,6 +190,7 @@ Store::Store(const std::string& file, const std::string& password) : session_(st
   if (!password.empty()) text += ";Password=" + QuotedConnectionValue(password);
   Telling([&] { session_->it->Connect2DatabaseCS(text); });
   session_->it->SetAdministratorRights();
+  session_->file = file;
   session_->encrypted = !password.empty();  // a password for an open file is refused
 }
 

@@ -1,6 +1,7 @@
 #include "client/style.h"
 
 #include <fmt/format.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <array>
@@ -19,10 +20,13 @@ std::string Styled(std::string_view text, Emphasis emphasis, bool colour) {
   return fmt::format("\x1b[{}m{}\x1b[0m", kCodes[static_cast<std::size_t>(emphasis)], text);
 }
 
-bool TerminalShowsColour() {
+Screen TerminalScreen() {
+  if (isatty(STDOUT_FILENO) != 1) return {};
   const char* const terminal = std::getenv("TERM");
-  if (std::getenv("NO_COLOR") != nullptr || terminal == nullptr || std::string_view(terminal) == "dumb") return false;
-  return isatty(STDOUT_FILENO) == 1;
+  const bool plain = terminal == nullptr || std::string_view(terminal) == "dumb";
+  winsize size{};
+  const bool known = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0;
+  return {!plain && std::getenv("NO_COLOR") == nullptr, known ? size.ws_col : std::size_t{0}};
 }
 
 }  // namespace zef::client

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -11,7 +12,14 @@ enum class Emphasis { None, Heading, Marked, Today, Faint };
 /// The text with the terminal's codes for an emphasis around it, or as it is without colour.
 std::string Styled(std::string_view text, Emphasis emphasis, bool colour);
 
-/// True if standard output is a terminal that can show colour and the environment does not ask for none (NO_COLOR).
-bool TerminalShowsColour();
+/// Where an answer is shown.
+struct Screen {
+  bool colour = false;
+  std::size_t width = 0;  ///< characters in a line; 0 if it is not known, and then nothing is cut
+};
+
+/// The screen behind standard output. One that is no terminal has no colour and no width; NO_COLOR in the environment
+/// asks for no colour.
+Screen TerminalScreen();
 
 }  // namespace zef::client

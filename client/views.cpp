@@ -88,26 +88,31 @@ Json::Object JsonOf(const EventInfo& event) {
           {"rule", JsonOf(event.rule)}};
 }
 
-std::string FolderTree(const std::vector<FolderInfo>& folders, bool colour) {
+std::string FolderTree(const std::vector<FolderInfo>& folders, const Screen& screen) {
   std::vector<TreeNode> nodes;
   for (const FolderInfo& folder : folders) nodes.push_back({folder.id, folder.parent});
-  Table table({{"FOLDER"}, {"ID", Table::Align::Right}, {"HOLDS"}, {""}});
+  Table table({{"FOLDER", Table::Align::Left, true}, {"ID", Table::Align::Right}, {"HOLDS"}, {""}});
   for (const TreeLine& line : DrawTree(nodes)) {
     const FolderInfo& folder = folders[line.node];
     table.Add({line.branches + folder.name, std::to_string(folder.id), KindName(folder.kind),
                folder.is_protected ? "protected" : ""});
   }
-  return table.Text(colour);
+  return table.Text(screen);
 }
 
-std::string TaskTable(const std::vector<TaskInfo>& tasks, bool colour) {
+std::string TaskTable(const std::vector<TaskInfo>& tasks, const Screen& screen) {
   if (tasks.empty()) return "No tasks.\n";
-  Table table({{"ID", Table::Align::Right}, {"NAME"}, {"START"}, {"DUE"}, {"REPEATS"}, {"DONE"}});
+  Table table({{"ID", Table::Align::Right},
+               {"NAME", Table::Align::Left, true},
+               {"START"},
+               {"DUE"},
+               {"REPEATS", Table::Align::Left, true},
+               {"DONE"}});
   for (const TaskInfo& task : tasks) {
     table.Add({std::to_string(task.id), task.name, DateText(task.start), DateText(task.due), RuleInWords(task.rule),
                task.done ? "yes" : "no"});
   }
-  return table.Text(colour);
+  return table.Text(screen);
 }
 
 std::string EventKindInWords(const std::string& type) {

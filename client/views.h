@@ -5,6 +5,7 @@
 
 #include "client/json.h"
 #include "client/store.h"
+#include "client/style.h"
 
 namespace zef::client {
 
@@ -30,8 +31,8 @@ std::string JsonLine(const std::vector<Info>& infos) {
 inline std::string JsonLine(Json::Object object) { return Json(std::move(object)).Text() + '\n'; }
 
 /// Records as tables for people.
-std::string FolderTree(const std::vector<FolderInfo>& folders, bool colour);
-std::string TaskTable(const std::vector<TaskInfo>& tasks, bool colour);
+std::string FolderTree(const std::vector<FolderInfo>& folders, const Screen& screen);
+std::string TaskTable(const std::vector<TaskInfo>& tasks, const Screen& screen);
 
 /// What a type of event means to people; empty for an entry of their own.
 std::string EventKindInWords(const std::string& type);

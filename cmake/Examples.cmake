@@ -25,3 +25,10 @@ endforeach()
 add_test(NAME examples.first_program_stands_in_readme
   COMMAND "${CMAKE_COMMAND}" "-DPROGRAM=${PROJECT_SOURCE_DIR}/examples/first_program.cpp"
     "-DDOCUMENT=${PROJECT_SOURCE_DIR}/README.md" -P "${PROJECT_SOURCE_DIR}/cmake/CheckSnippet.cmake")
+
+# Without a database the program tells what is missing and ends with 1.
+set(empty_folder "${example_folder}/empty")
+file(MAKE_DIRECTORY "${empty_folder}")
+add_test(NAME examples.first_program_tells_a_missing_file COMMAND example_first_program WORKING_DIRECTORY "${empty_folder}")
+set_tests_properties(examples.first_program_tells_a_missing_file PROPERTIES
+  PASS_REGULAR_EXPRESSION "The database file 'people.db' does not exist.")

@@ -16,6 +16,7 @@ configure_file("${PROJECT_SOURCE_DIR}/cmake/version.h.in" "${PROJECT_BINARY_DIR}
 
 add_library(zefcore STATIC ${sources})
 target_include_directories(zefcore PUBLIC "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}/generated")
+target_compile_features(zefcore PUBLIC cxx_std_20)
 target_link_libraries(zefcore
   PUBLIC ICU::uc ICU::i18n Boost::headers fmt::fmt
   PRIVATE zef::engine zef_warnings)

@@ -1,11 +1,13 @@
 #include <fmt/core.h>
 
+#include <cstdio>
+
 #include "session/session.h"
 #include "tasks/task.h"
 
 using namespace std::chrono_literals;
 
-int main() {
+int main() try {
   auto session = zef::MakeRef<zef::CSession>();
   session->Connect2Database("people.db", "", "");
 
@@ -19,8 +21,11 @@ int main() {
   task->Recurrence->EndDate = zef::Date{};  // on no day does it end,
   task->Recurrence->OccurencesNo = 0;       // nor after a number of times
   if (!task->Save()) {
-    fmt::print("{}\n", session->GetErrorDescription());
+    fmt::print(stderr, "{}\n", session->GetErrorDescription());
     return 1;
   }
   fmt::print("Task {} is due on {}\n", task->ID, zef::ShortDateText(task->DueDate));
+} catch (const zef::RunTimeError& failure) {  // a file that is missing, say
+  fmt::print(stderr, "{}\n", failure.description());
+  return 1;
 }

@@ -64,11 +64,20 @@ class Cursor {
   virtual std::int64_t CountRows() = 0;
 };
 
+/// How a record set was asked for, in the numbers of `Recordset::Open`; -1 for what `Connection::Execute` runs. An
+/// engine may give more than was asked for.
+struct RowRequest {
+  std::int32_t cursor_type = -1;
+  std::int32_t lock_type = -1;
+  std::int32_t options = -1;
+};
+
 /// A statement of the dialect as the classes send it.
 struct Command {
   std::string_view text;
   std::span<const Value> parameters = {};  ///< for `?` placeholders, which only the library itself uses
   sql::CompileOptions options = {};
+  RowRequest request = {};
 };
 
 struct Result {

@@ -83,7 +83,7 @@ Recordset::~Recordset() {
   if (lock_depth_ > 0 && connection_->IsOpen()) IgnoringFailures([&] { ReleaseLock(false); });
 }
 
-void Recordset::Open(const std::string& source, const Ref<Connection>& connection, std::int32_t /*cursor_type*/,
+void Recordset::Open(const std::string& source, const Ref<Connection>& connection, std::int32_t cursor_type,
                      std::int32_t lock_type, std::int32_t options) {
   if (IsOpen()) throw RunTimeError(FailureNumber::ObjectClosed, "The record set is open already.");
   Connection& opened = Deref(connection);
@@ -96,7 +96,9 @@ void Recordset::Open(const std::string& source, const Ref<Connection>& connectio
   // A pessimistic record set outside a transaction brings one of its own, which ends with `Update` or `Close`.
   TransactionGuard lock(opened, pessimistic && opened.OpenedEngine().TransactionDepth() == 0);
   const bool writable = pessimistic || lock_type == adLockOptimistic;
-  Result result = opened.Run({.text = text, .options = {.updatable = writable, .lock_rows = pessimistic}});
+  Result result = opened.Run({.text = text,
+                              .options = {.updatable = writable, .lock_rows = pessimistic},
+                              .request = {cursor_type, lock_type, options}});
   if (!result.cursor) return lock.Commit();
   Attach(connection, std::move(result.cursor));
   writable_ = writable;

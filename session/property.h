@@ -1,6 +1,9 @@
 #pragma once
 
+#include <string>
 #include <utility>
+
+#include "platform/value.h"
 
 namespace zef {
 
@@ -55,5 +58,11 @@ class Property {
   RecordFlags& record_;
   T value_;
 };
+
+/// The text of a property's value, see `ToText` of a value and of a date.
+template <class T>
+std::string ToText(const Property<T>& property) {
+  return ToText(property.get());
+}
 
 }  // namespace zef

@@ -51,9 +51,14 @@ void ReadColumns(R& record, const Table<R, N>& table, const Recordset& rs) {
   const Positions positions = rs.Positions(table.names);
   std::array<Value, N> values;
   rs.Read(positions, values);
-  for (std::size_t i = 0; i < N; ++i) {
-    if (positions[i] < 0) throw RunTimeError(FailureNumber::ItemNotFound);
-    ReadColumn(record, *table.columns[i], std::move(values[i]));
+  std::size_t i = 0;
+  try {
+    for (; i < N; ++i) {
+      if (positions[i] < 0) throw RunTimeError(FailureNumber::ItemNotFound);
+      ReadColumn(record, *table.columns[i], std::move(values[i]));
+    }
+  } catch (const RunTimeError& failure) {
+    throw InColumn(failure, table.names[i]);
   }
 }
 

@@ -21,6 +21,17 @@ std::size_t LengthOf(const FieldRows& rows) {
 
 }  // namespace
 
+RunTimeError InColumn(const RunTimeError& failure, std::string_view column) {
+  const std::string name = "'" + std::string(column) + "'";
+  switch (failure.code()) {
+    case FailureNumber::ItemNotFound: return {failure.code(), "The column " + name + " is missing."};
+    case FailureNumber::InvalidUseOfNull:
+    case FailureNumber::TypeMismatch:
+    case FailureNumber::Overflow: return {failure.code(), failure.description() + " in the column " + name};
+    default: return failure;
+  }
+}
+
 std::string SqlNumber(std::int32_t number) {
   std::string text;
   AppendNumber(text, number);

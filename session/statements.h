@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/run_time_error.h"
 #include "platform/value.h"
 #include "session/columns.h"
 #include "session/fields_array.h"
@@ -53,6 +54,9 @@ std::string SqlValue(const R& record, const Column<R>& column) {
   };
   return std::visit(Writer{record, column.form}, column.member);
 }
+
+/// A failure met while a row was read, with the column named in its sentence.
+RunTimeError InColumn(const RunTimeError& failure, std::string_view column);
 
 /// Stores a value from a row in the member that the column feeds. A Boolean is True only for the byte 1.
 template <class R>

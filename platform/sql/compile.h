@@ -20,7 +20,8 @@ struct ParameterPlan {
   /// -2147217913, a value that does not fit -2147217833 (texts longer than `length`, numbers outside the type).
   Type type = Type::Unknown;
   int length = 0;
-  bool required = false;  ///< Null is refused with -2147217873
+  bool required = false;    ///< Null is refused with -2147217873
+  std::string column = {};  ///< that it is stored in, for the sentence of a failure; empty for none
 };
 
 struct ResultColumn {

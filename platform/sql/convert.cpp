@@ -12,21 +12,37 @@
 namespace zef::sql {
 namespace {
 
-[[noreturn]] void RaiseDoesNotConvert() {
-  throw RunTimeError(FailureNumber::TypesDoNotConvert, "A value does not convert to the type that is needed here.");
+std::string ColumnOf(const ParameterPlan& plan) { return "the column '" + plan.column + "'"; }
+
+[[noreturn]] void RaiseDoesNotConvert(const ParameterPlan& plan) {
+  const std::string where = plan.column.empty() ? "that is needed here" : "of " + ColumnOf(plan);
+  throw RunTimeError(FailureNumber::TypesDoNotConvert, "A value does not convert to the type " + where + ".");
 }
 
-[[noreturn]] void RaiseDoesNotFit(const char* what) {
-  throw RunTimeError(FailureNumber::ValueDoesNotFit, std::string(what) + " does not fit its column.");
+[[noreturn]] void RaiseTooLong(const ParameterPlan& plan) {
+  const std::string where = plan.column.empty() ? "its column" : ColumnOf(plan);
+  const std::string limit = std::to_string(plan.length) + (plan.length == 1 ? " character." : " characters.");
+  throw RunTimeError(FailureNumber::ValueDoesNotFit, "A text is too long for " + where + ", which takes " + limit);
+}
+
+[[noreturn]] void RaiseOutOfRange(const ParameterPlan& plan) {
+  const std::string what = plan.type == Type::Date ? "A date lies outside of what " : "A number lies outside of what ";
+  const std::string where = plan.column.empty() ? "its column" : ColumnOf(plan);
+  throw RunTimeError(FailureNumber::ValueDoesNotFit, what + where + " can hold.");
+}
+
+[[noreturn]] void RaiseNeedsValue(const ParameterPlan& plan) {
+  const std::string what = plan.column.empty() ? "A column" : "The column '" + plan.column + "'";
+  throw RunTimeError(FailureNumber::ConstraintViolated, what + " needs a value.");
 }
 
 template <class Convert>
-Value InTermsOfProvider(Convert convert) {
+Value InTermsOfProvider(const ParameterPlan& plan, Convert convert) {
   try {
     return convert();
   } catch (const RunTimeError& failure) {
-    if (failure.code() == FailureNumber::Overflow) RaiseDoesNotFit("A number");
-    RaiseDoesNotConvert();
+    if (failure.code() == FailureNumber::Overflow) RaiseOutOfRange(plan);
+    RaiseDoesNotConvert(plan);
   }
 }
 
@@ -37,15 +53,15 @@ std::int32_t ToShort(const Value& in) {
   return number;
 }
 
-Value NumberAs(const Value& in, Type type) {
-  switch (type) {
+Value NumberAs(const Value& in, const ParameterPlan& plan) {
+  switch (plan.type) {
     case Type::Boolean: return ToBoolean(in);
     case Type::Byte: return ToByte(in);
     case Type::Short: return ToShort(in);
     case Type::Long: return ToLong(in);
     case Type::Double: return ToDouble(in);
     case Type::Date: return ToDate(in);
-    default: RaiseDoesNotConvert();
+    default: RaiseDoesNotConvert(plan);
   }
 }
 
@@ -62,10 +78,10 @@ bool IsAlready(const Value& in, Type type) {
   }
 }
 
-const Value& AsText(const Value& in, int length, Value& scratch) {
+const Value& AsText(const Value& in, const ParameterPlan& plan, Value& scratch) {
   const auto* text = std::get_if<std::string>(&in);
-  const Value& result = text != nullptr ? in : scratch = InTermsOfProvider([&] { return ToText(in); });
-  if (!FitsLength(std::get<std::string>(result), length)) RaiseDoesNotFit("A text is too long and");
+  const Value& result = text != nullptr ? in : scratch = InTermsOfProvider(plan, [&] { return ToText(in); });
+  if (!FitsLength(std::get<std::string>(result), plan.length)) RaiseTooLong(plan);
   return result;
 }
 
@@ -79,11 +95,11 @@ bool FitsLength(std::string_view text, int length) {
 const Value& Converted(const Value& in, const ParameterPlan& plan, Value& scratch) {
   if (IsNull(in)) {
     if (!plan.required) return in;
-    throw RunTimeError(FailureNumber::ConstraintViolated, "A column that needs a value was given Null.");
+    RaiseNeedsValue(plan);
   }
   if (IsAlready(in, plan.type)) return in;
-  if (IsText(plan.type)) return AsText(in, plan.length, scratch);
-  scratch = InTermsOfProvider([&] { return NumberAs(in, plan.type); });
+  if (IsText(plan.type)) return AsText(in, plan, scratch);
+  scratch = InTermsOfProvider(plan, [&] { return NumberAs(in, plan); });
   return scratch;
 }
 

@@ -88,7 +88,7 @@ Operand ExpressionWriter::Condition(const Expr& expr) {
 
 std::string ExpressionWriter::Stored(const Expr& expr, const ColumnInfo& column) {
   if (!IsParameter(expr)) return Stored(Value(expr), column, expr.place);
-  return writing_.Parameter({expr.literal, SourceOf(expr), column.type, column.length, column.required});
+  return writing_.Parameter({expr.literal, SourceOf(expr), column.type, column.length, column.required, column.name});
 }
 
 std::string ExpressionWriter::Stored(const Operand& value, const ColumnInfo& column, std::size_t place) const {
@@ -102,7 +102,7 @@ std::string ExpressionWriter::Stored(const Operand& value, const ColumnInfo& col
   if (!FitsAsItIs(value, column) && !Converter(column.type).empty()) {
     const bool to_text = IsText(column.type);
     if (to_text) text = AsText(value).text + ", " + std::to_string(column.length);
-    text = writing_.Call(Converter(column.type), text);
+    text = writing_.Call(Converter(column.type), text + ", " + QuotedText(column.name));
   }
   return column.required ? writing_.Call("required", text + ", " + QuotedText(column.name)) : text;
 }

@@ -1,5 +1,6 @@
 #include "platform/sqlite/schema_change.h"
 
+#include "platform/sql/writing.h"
 #include "platform/sqlite/sqlite_error.h"
 #include "platform/sqlite/sqlite_statement.h"
 #include "platform/sqlite/table_description.h"
@@ -178,14 +179,16 @@ void Change::ConvertValues(const std::string& table, const sql::ColumnInfo& old,
   const std::string name = QuotedName(old.name);
   const bool dates_to_text = old.type == sql::Type::Date && sql::IsText(column.type);
   const std::string source = dates_to_text ? "zef_date_text(" + name + ")" : name;
+  const std::string told_as = ", " + sql::QuotedText(old.name) + ")";
   std::string converted;
   if (sql::IsText(column.type)) {
     const bool fits = sql::IsText(old.type) && (column.length == 0 || (old.length > 0 && old.length <= column.length));
     if (fits) return;
-    converted = "zef_to_text(" + source + ", " + std::to_string(column.length) + ")";
+    converted = "zef_to_text(" + source + ", " + std::to_string(column.length) + told_as;
   }
   for (const Converter& known : kConverters) {
-    if (known.type == column.type && known.type != old.type) converted = std::string(known.function) + "(" + name + ")";
+    if (known.type == column.type && known.type != old.type)
+      converted = std::string(known.function) + "(" + name + told_as;
   }
   if (converted.empty()) return;
   // A comparison alone would convert one side to the column's new kind first.

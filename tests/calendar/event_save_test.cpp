@@ -458,5 +458,16 @@ TEST_F(EventSave, EveryFailureOfAnUpdateLeavesTheRowsAndTheFlags) {
   EXPECT_EQ(FailEachCall(database, *session, save, [&] { return flags; }).size(), 8u);
 }
 
+TEST_F(EventSave, EveryFailureOfAChangedEventsSaveCanBeRepeated) {
+  const std::int32_t id = EventWithChildren()->ID;
+  const Ref<CEvent> event = session->GetEvent(id);
+  event->Text = "Orchestra";
+  const auto failures = FailEachCall(
+      database, *session, [&] { return event->Save(); }, [&] { return Flags(*event); });
+  EXPECT_EQ(failures.size(), 3u) << "BEGIN, update, COMMIT";
+  for (const InjectedFailure& failure : failures) EXPECT_EQ(failure.procedure, "CEvent.Save") << failure.call;
+  EXPECT_EQ(Stored("SELECT EVE_Text FROM Events"), "Orchestra");
+}
+
 }  // namespace
 }  // namespace zef::test

@@ -26,48 +26,10 @@ std::string Flags(const R& record) {
   return std::string(record.IsNew() ? "new" : "old") + (record.IsModified() ? " modified" : " clear");
 }
 
-/// Refuses the calls whose texts begin with a given one, before they reach the engine.
-class RefusingEngine final : public Engine {
- public:
-  RefusingEngine(std::unique_ptr<Engine> engine, std::shared_ptr<std::string> refused)
-      : engine_(std::move(engine)), refused_(std::move(refused)) {}
-
-  Result Execute(const Command& command) override {
-    RefuseIf(command.text);
-    return engine_->Execute(command);
-  }
-  void BeginTrans() override {
-    RefuseIf("BEGIN");
-    engine_->BeginTrans();
-  }
-  void CommitTrans() override {
-    RefuseIf("COMMIT");
-    engine_->CommitTrans();
-  }
-  void RollbackTrans() override { engine_->RollbackTrans(); }
-  int TransactionDepth() const override { return engine_->TransactionDepth(); }
-
- private:
-  void RefuseIf(std::string_view text) const {
-    if (refused_->empty() || !text.starts_with(*refused_)) return;
-    throw RunTimeError(FailureNumber::StatementError, "made to fail");
-  }
-
-  std::unique_ptr<Engine> engine_;
-  std::shared_ptr<std::string> refused_;
-};
-
 /// A session at 9 o'clock on 1 May 2024 whose statements are noted and can be refused, and a second connection that
 /// looks at the database from outside, where only what was committed is seen.
 class RecordTest : public SessionTest {
  protected:
-  RecordTest() {
-    connection().WrapEngine([this](std::unique_ptr<Engine> engine) {
-      return std::make_unique<RefusingEngine>(std::move(engine), refused_);
-    });
-    log_ = Watch(connection());
-  }
-
   /// Runs a statement from outside.
   Ref<Recordset> Run(const std::string& statement) { return outside_->Execute(statement); }
   /// The first value of a select, seen from outside.
@@ -86,9 +48,10 @@ class RecordTest : public SessionTest {
   Texts SentInAll() { return std::exchange(log_->texts, {}); }
   void Forget() { log_->texts.clear(); }
 
-  /// From now on every call that begins with this text fails: a statement, BEGIN or COMMIT.
-  void Refuse(const std::string& beginning) { *refused_ = beginning; }
-  void RefuseNothing() { refused_->clear(); }
+  /// From now on every call that begins with this text fails: a statement, BEGIN, COMMIT or
+  /// ROLLBACK.
+  void Refuse(const std::string& beginning) { log_->refused = {beginning}; }
+  void RefuseNothing() { log_->refused.clear(); }
 
   /// Leaves something in the error record.
   void LeaveAnOldError() { session->RecordError("Earlier", 77, "an old error"); }
@@ -98,8 +61,7 @@ class RecordTest : public SessionTest {
  private:
   ClockOverride clock_{now_};
   Ref<Connection> outside_ = database.Connect();
-  std::shared_ptr<std::string> refused_ = std::make_shared<std::string>();
-  std::shared_ptr<EngineLog> log_;
+  std::shared_ptr<EngineLog> log_ = Watch(connection());
 };
 
 }  // namespace zef::test

@@ -1,4 +1,5 @@
 #include "tests/calendar/event_fixture.h"
+#include "tests/support/fault_sweep.h"
 
 namespace zef::test {
 namespace {
@@ -138,6 +139,13 @@ TEST_F(SeenEvents, MarkOfADateOutOfRangeIsRecorded) {
   EXPECT_FALSE(event_->MarkSeenByUser(Date(3e6)));
   EXPECT_EQ(session->GetErrorProcedure(), "CEvent.MarkSeenByUser");
   EXPECT_EQ(session->GetErrorCode(), 5);
+}
+
+TEST_F(SeenEvents, EveryFailureOfAMarkLeavesTheTable) {
+  const auto failures = FailEachCall(database, *session, [&] { return event_->MarkSeenByUser(kFirstOfMay); });
+  ASSERT_EQ(failures.size(), 1u);
+  EXPECT_EQ(failures[0].procedure, "CEvent.MarkSeenByUser");
+  EXPECT_EQ(Rows("ViewedEvents"), 1);
 }
 
 }  // namespace

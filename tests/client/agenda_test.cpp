@@ -84,10 +84,10 @@ TEST(Agenda, ListsEntriesInTheOrderOfTime) {
 
 // ---- texts
 
-std::string LineOf(const EventInfo& event) { return AgendaText(InMay({event}), false); }
+std::string LineOf(const EventInfo& event) { return AgendaText(InMay({event}), {}); }
 
 TEST(AgendaText, WithoutEntriesSaysSo) {
-  EXPECT_THAT(AgendaText(InMay({}), false), EndsWith("Nothing from 2024-05-17 to 2024-05-31.\n"));
+  EXPECT_THAT(AgendaText(InMay({}), {}), EndsWith("Nothing from 2024-05-17 to 2024-05-31.\n"));
 }
 
 TEST(AgendaText, EventOfAWholeDayHasNoTime) {

@@ -84,7 +84,7 @@ TEST(Arguments, UnknownThingToAddIsWrongUse) {
               StartsWith("2: 'zef add' has no command 'note'; there are folder, task, event."));
 }
 
-TEST(Arguments, MissingFileIsWrongUse) { EXPECT_THAT(Complaint({"info"}), StartsWith("2: FILE is required")); }
+TEST(Arguments, MissingFileIsWrongUse) { EXPECT_THAT(Complaint({"info"}), StartsWith("2: FILE is missing.")); }
 
 TEST(Arguments, VersionIsShown) { EXPECT_THAT(Shown({"--version"}), StartsWith("zef 9.")); }
 
@@ -151,19 +151,68 @@ TEST(Arguments, WrongDateArgumentIsToldByItsName) {
 TEST(Arguments, MonthIsRead) { EXPECT_THAT(Read({"agenda", "f", "--month", "2024-05"}).month, Optional(2024y / 5)); }
 
 TEST(Arguments, EventWithoutAStartIsWrongUse) {
-  EXPECT_THAT(Complaint({"add", "event", "f", "t"}), StartsWith("2: --start is required"));
+  EXPECT_THAT(Complaint({"add", "event", "f", "t"}), StartsWith("2: --start is missing."));
 }
 
 TEST(Arguments, ReminderMayBeNegative) {
   EXPECT_EQ(Read({"add", "event", "f", "t", "--start", "2024-05-17", "--reminder", "-5"}).reminder, -5);
 }
 
-TEST(Arguments, NumberBeyond32BitsIsWrongUse) {
-  EXPECT_THAT(Complaint({"seen", "f", "2147483648", "2024-05-17"}), StartsWith("2: "));
+// ---- one clear sentence for each mistake
+
+struct Mistake {
+  std::vector<std::string> words;
+  std::string complaint;
+
+  friend void PrintTo(const Mistake& mistake, std::ostream* out) { *out << mistake.complaint; }
+};
+
+class Mistaken : public testing::TestWithParam<Mistake> {};
+
+TEST_P(Mistaken, IsWrongUseToldInOneSentence) { EXPECT_EQ(Complaint(GetParam().words), "2: " + GetParam().complaint); }
+
+std::vector<std::string> Task(std::vector<std::string> options) {
+  options.insert(options.begin(), {"add", "task", "f", "n"});
+  return options;
+}
+std::vector<std::string> Event(std::vector<std::string> options) {
+  options.insert(options.begin(), {"add", "event", "f", "t", "--start", "2024-05-17"});
+  return options;
 }
 
-TEST(Arguments, NoDaysAtAllAreWrongUse) {
-  EXPECT_THAT(Complaint({"agenda", "f", "--days", "0"}), StartsWith("2: --days: "));
+INSTANTIATE_TEST_SUITE_P(
+    CommandLines, Mistaken,
+    testing::Values(
+        Mistake{{"seen", "f", "x", "2024-05-17"}, "EVENT: 'x' is no whole number."},
+        Mistake{{"seen", "f", "", "2024-05-17"}, "EVENT: '' is no whole number."},
+        Mistake{{"seen", "f", "1.5", "2024-05-17"}, "EVENT: '1.5' is no whole number."},
+        Mistake{{"seen", "f", "2147483648", "2024-05-17"}, "EVENT: 2147483648 is not between 1 and 2147483647."},
+        Mistake{{"seen", "f", "1"}, "DATE is missing. (See zef seen --help.)"},
+        Mistake{{"seen", "f", "1", "2024-05-17", "--user", "me"}, "--user: 'me' is no whole number."},
+        Mistake{Event({"--reminder", "soon"}), "--reminder: 'soon' is no whole number."},
+        Mistake{Event({"--reminder", "9999999999"}),
+                "--reminder: 9999999999 is not between -2147483648 and 2147483647."},
+        Mistake{Event({"--reminder"}), "--reminder needs a value. (See zef add event --help.)"},
+        Mistake{{"agenda", "f", "--days", "0"}, "--days: 0 is not between 1 and 36600."},
+        Mistake{{"agenda", "f", "--days", "many"}, "--days: 'many' is no whole number."},
+        Mistake{Task({"--every", "day", "--times", "0"}), "--times: 0 is not between 1 and 2147483647."},
+        Mistake{Task({"--every"}), "--every needs a value. (See zef add task --help.)"},
+        Mistake{Task({"--due", "1899-12-30"}), "--due: '1899-12-30' cannot be given; that day stands for \"no date\"."},
+        Mistake{Task({"--reminder", "3"}), "'--reminder' is not expected here. (See zef add task --help.)"},
+        Mistake{{"info", "f", "g"}, "'g' is not expected here. (See zef info --help.)"},
+        Mistake{{"info", "f", "--password"}, "--password needs a value. (See zef info --help.)"},
+        Mistake{{"create", "f", "--schema", "8"}, "--schema: '8' is none of 9.2.4, 9.1. (See zef create --help.)"}));
+
+TEST(Arguments, IntervalThatIsNegativeIsOneValue) {
+  EXPECT_THAT(Read(Task({"--every", "-1", "day"})).rule.every, Optional(std::string("-1 day")));
+}
+
+TEST(Arguments, IntervalWithADecimalPointIsOneValue) {
+  EXPECT_THAT(Read(Task({"--every", "1.5", "days"})).rule.every, Optional(std::string("1.5 days")));
+}
+
+TEST(Arguments, IntervalWithoutAUnitSwallowsNoOption) {
+  EXPECT_THAT(Read(Task({"--every", "2", "--on", "mon"})).rule.on, Optional(std::string("mon")));
 }
 
 TEST(Arguments, UnknownKindOfFolderIsWrongUseThatTellsTheKinds) {

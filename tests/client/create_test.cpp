@@ -1,7 +1,10 @@
 #include "client/create.h"
 
 #include <gmock/gmock.h>
+#include <signal.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <fstream>
@@ -91,9 +94,52 @@ TEST_F(CreateDatabaseTest, NameThatEndsWithASlashIsRefused) {
   EXPECT_THAT(Create("a/"), EndsWith("a/' names no file."));
 }
 
-TEST_F(CreateDatabaseTest, NameWithQuotesAndSemicolonsIsTaken) {
-  EXPECT_EQ(Create("a\";b=';c.db"), "");
-  EXPECT_THAT(Names(), ElementsAre("a\";b=';c.db"));
+TEST_F(CreateDatabaseTest, NameWithQuotesAndBlanksInItsMiddleIsTaken) {
+  EXPECT_EQ(Create("a\" b'c.db"), "");
+  EXPECT_THAT(Names(), ElementsAre("a\" b'c.db"));
+}
+
+/// What the joined connection string of `Connect2Database` cannot carry.
+class UnconnectableTest : public CreateDatabaseTest, public testing::WithParamInterface<const char*> {
+ protected:
+  std::string CreateWith(const std::string& password) const {
+    return FailureOf([&] { CreateDatabase(File("a.db"), password, kCurrentSchema); });
+  }
+};
+
+TEST_P(UnconnectableTest, PasswordIsRefusedAndNotTold) {
+  EXPECT_EQ(
+      CreateWith(GetParam()),
+      "1: --password: it must not have a semicolon, a quotation mark at the beginning, or a blank at either end.");
+  EXPECT_THAT(Names(), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Passwords, UnconnectableTest,
+                         testing::Values("a;b", ";", "'a", "\"a\"", "''", " a", "a ", " "));
+
+TEST_F(CreateDatabaseTest, NameWithASemicolonIsRefused) {
+  EXPECT_THAT(Create("a;b.db"), testing::HasSubstr("a;b.db': the name must not have a semicolon"));
+  EXPECT_THAT(Names(), IsEmpty());
+}
+
+TEST_F(CreateDatabaseTest, NameWithABlankAtItsEndIsRefused) {
+  EXPECT_THAT(Create("a.db "), testing::HasSubstr("a blank at either end."));
+}
+
+TEST_F(CreateDatabaseTest, SignalLeavesNothingBehindAndEndsTheProgram) {
+  std::string statements = "CREATE TABLE T (A Long);\n";
+  for (int i = 0; i < 300000; ++i) statements += "INSERT INTO T (A) VALUES (1);\n";
+  const pid_t child = fork();
+  if (child == 0) {
+    FailureOf([&] { CreateDatabaseFrom(statements, File("a.db"), ""); });
+    _exit(0);
+  }
+  while (Names().empty()) usleep(1000);
+  kill(child, SIGTERM);
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGTERM) << status;
+  EXPECT_THAT(Names(), IsEmpty());
 }
 
 TEST_F(CreateDatabaseTest, FailureWhileFillingLeavesNothingBehind) {

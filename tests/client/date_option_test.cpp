@@ -22,7 +22,14 @@ TEST_P(WrongDate, IsWrongUseThatNamesTheOptionAndTheForms) {
 }
 
 INSTANTIATE_TEST_SUITE_P(DateOption, WrongDate,
-                         testing::Values("", "tomorrow", "2024-02-30", "2024-13-01", "09:00", "12/30/1899", "45429"));
+                         testing::Values("", "tomorrow", "2024-02-30", "2024-13-01", "09:00", "45429"));
+
+TEST(ReadDate, DayZeroIsWrongUseThatTellsWhatItStandsFor) {
+  for (const char* const text : {"1899-12-30", "12/30/1899", "1899-12-30 09:00"}) {
+    EXPECT_THAT(FailureOf([&] { ReadDate("--due", text); }),
+                testing::AllOf(StartsWith("2: --due: '"), HasSubstr("that day stands for \"no date\"")));
+  }
+}
 
 TEST(ReadDate, TakesYearMonthDay) { EXPECT_EQ(ReadDate("", "2024-05-17"), Date(2024y / 5 / 17)); }
 

@@ -22,14 +22,14 @@ bool Redirect(const char* path, int descriptor) {
 }
 
 /// Becomes the program; comes back only if it could not be started.
-void Become(const std::vector<std::string>& arguments) {
-  std::vector<std::string> words{ZEF_BINARY};
+void Become(const std::string& program, const std::vector<std::string>& arguments) {
+  std::vector<std::string> words{program};
   words.insert(words.end(), arguments.begin(), arguments.end());
   std::vector<char*> pointers;
   for (std::string& word : words) pointers.push_back(word.data());
   pointers.push_back(nullptr);
   alarm(kSecondsToLive);
-  execv(ZEF_BINARY, pointers.data());
+  execvp(program.c_str(), pointers.data());
 }
 
 bool LeaveTerminal() {
@@ -47,9 +47,14 @@ std::string Taken(const std::filesystem::path& path) {
 }  // namespace
 
 Ended RunZef(const std::filesystem::path& folder, const std::vector<std::string>& arguments) {
+  return RunProgram(folder, ZEF_BINARY, arguments);
+}
+
+Ended RunProgram(const std::filesystem::path& folder, const std::string& program,
+                 const std::vector<std::string>& arguments) {
   const pid_t child = fork();
   if (child == 0) {
-    if (chdir(folder.c_str()) == 0 && LeaveTerminal()) Become(arguments);
+    if (chdir(folder.c_str()) == 0 && LeaveTerminal()) Become(program, arguments);
     _exit(127);
   }
   int status = 0;
@@ -57,18 +62,20 @@ Ended RunZef(const std::filesystem::path& folder, const std::vector<std::string>
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Taken(folder / ".out"), Taken(folder / ".err")};
 }
 
-std::string ShownOnTerminal(const std::filesystem::path& folder, const std::vector<std::string>& arguments) {
+std::string ShownOnTerminal(const std::filesystem::path& folder, const std::vector<std::string>& arguments,
+                            unsigned short width) {
   int terminal = -1;
-  const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
+  const winsize size{.ws_row = 24, .ws_col = width, .ws_xpixel = 0, .ws_ypixel = 0};
+  const pid_t child = forkpty(&terminal, nullptr, nullptr, &size);
   if (child == 0) {
     setenv("TERM", "xterm", 1);
-    if (chdir(folder.c_str()) == 0) Become(arguments);
+    if (chdir(folder.c_str()) == 0) Become(ZEF_BINARY, arguments);
     _exit(127);
   }
   std::string shown;
   std::array<char, 4096> part{};
-  for (ssize_t size = 0; (size = read(terminal, part.data(), part.size())) > 0;) {
-    shown.append(part.data(), static_cast<std::size_t>(size));
+  for (ssize_t count = 0; (count = read(terminal, part.data(), part.size())) > 0;) {
+    shown.append(part.data(), static_cast<std::size_t>(count));
   }
   close(terminal);
   waitpid(child, nullptr, 0);

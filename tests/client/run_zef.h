@@ -20,8 +20,13 @@ struct Ended {
 /// Runs the built client in a folder, without a terminal.
 Ended RunZef(const std::filesystem::path& folder, const std::vector<std::string>& arguments);
 
-/// What a run shows on a terminal.
-std::string ShownOnTerminal(const std::filesystem::path& folder, const std::vector<std::string>& arguments);
+/// Runs any program, by its path or a name to be looked for, in the same way.
+Ended RunProgram(const std::filesystem::path& folder, const std::string& program,
+                 const std::vector<std::string>& arguments);
+
+/// What a run shows on a terminal with so many characters in a line; 0 for one that does not tell.
+std::string ShownOnTerminal(const std::filesystem::path& folder, const std::vector<std::string>& arguments,
+                            unsigned short width = 0);
 
 /// A folder of its own for each test, with a new database "people.db" in it.
 class ZefTest : public testing::Test {

@@ -53,6 +53,24 @@ TEST_F(ZefTest, HelpIsPrintedWithStatusZero) { EXPECT_THAT(Printed({"agenda", "-
 
 TEST_F(ZefTest, VersionIsPrintedWithStatusZero) { EXPECT_THAT(Printed({"--version"}), StartsWith("zef 9.")); }
 
+// ---- width
+
+class ZefWidthTest : public ZefTest {
+ protected:
+  ZefWidthTest() { Zef({"add", "task", "people.db", kName}); }
+  static constexpr char kName[] = "Water all the plants of the garden behind the house";
+};
+
+TEST_F(ZefWidthTest, LongNameIsCutOnANarrowTerminal) {
+  EXPECT_THAT(ShownOnTerminal(folder(), {"tasks", "people.db"}, 40), HasSubstr("Water al…"));
+}
+
+TEST_F(ZefWidthTest, LongNameIsWholeOnATerminalOfUnknownWidth) {
+  EXPECT_THAT(ShownOnTerminal(folder(), {"tasks", "people.db"}), HasSubstr(kName));
+}
+
+TEST_F(ZefWidthTest, LongNameIsWholeInAPipe) { EXPECT_THAT(Printed({"tasks", "people.db"}), HasSubstr(kName)); }
+
 // ---- colour
 
 class ZefColourTest : public ZefTest {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "folders/folder.h"
+#include "tasks/task.h"
 #include "tests/support/engine_wrapper.h"
 #include "tests/support/raised.h"
 #include "tests/support/session_test.h"
@@ -222,6 +223,16 @@ TEST_F(RecordState, SaveClearsAnOlderRecord) {
   session->RecordError("Earlier", 77, "seven");
   session->GetFolder(1)->Save();
   EXPECT_EQ(session->GetEntireErrorDesc(), "[] Error: 0 - ");
+}
+
+TEST(PropertyText, IsThatOfItsValue) {
+  const auto task = MakeRef<CTask>();
+  task->DueDate = Date(45429.0);
+  task->StatusID = 7;
+  task->Name = "Pay";
+  EXPECT_EQ(ToText(task->DueDate), "5/17/2024");
+  EXPECT_EQ(ToText(task->StatusID), "7");
+  EXPECT_EQ(ToText(task->Name), "Pay");
 }
 
 }  // namespace

@@ -10,6 +10,11 @@ namespace {
 
 using testing::ElementsAre;
 
+/// The columns of an INSERT of a folder with a name.
+const std::string kInsert =
+    "INSERT INTO Folders (FLD_ID,FLD_ParentID,FLD_Options,FLD_Name,FLD_Type,FLD_DateLastUpdate,FLD_Description,"
+    "FLD_Protected) VALUES ";
+
 /// The texts of folders, at nine o'clock on the first of May 2024.
 class FolderText : public SessionTest {
  protected:
@@ -35,19 +40,14 @@ class FolderText : public SessionTest {
 TEST_F(FolderText, OfASaveAreTheseFourCalls) {
   EXPECT_THAT(Texts(*NewFolder("Recipes")),
               ElementsAre("BEGIN", "SELECT * FROM Folders WHERE FLD_ID<>13 AND FLD_ParentID=4 AND FLD_Name='Recipes'",
-                          "INSERT INTO Folders (FLD_ID,FLD_ParentID,FLD_Options,FLD_Name,FLD_Type,FLD_DateLastUpdate,"
-                          "FLD_Description,FLD_Protected) VALUES "
-                          "(13,4,0,'Recipes',3,'5/1/2024 9:00:00 AM','',0)",
-                          "COMMIT"));
+                          kInsert + "(13,4,0,'Recipes',3,'5/1/2024 9:00:00 AM','',0)", "COMMIT"));
 }
 
 TEST_F(FolderText, OfAnInsertWithAllSet) {
   const Ref<CFolder> folder = NewFolder("Recipes", "Sweet and sour");
   folder->Options = -1;
   folder->Protected = true;
-  EXPECT_EQ(Written(*folder),
-            "INSERT INTO Folders (FLD_ID,FLD_ParentID,FLD_Options,FLD_Name,FLD_Type,FLD_DateLastUpdate,FLD_Description,"
-            "FLD_Protected) VALUES (13,4,-1,'Recipes',3,'5/1/2024 9:00:00 AM','Sweet and sour',1)");
+  EXPECT_EQ(Written(*folder), kInsert + "(13,4,-1,'Recipes',3,'5/1/2024 9:00:00 AM','Sweet and sour',1)");
 }
 
 TEST_F(FolderText, OfAnInsertLeavesOutAnEmptyName) {
@@ -58,8 +58,7 @@ TEST_F(FolderText, OfAnInsertLeavesOutAnEmptyName) {
 
 TEST_F(FolderText, OfAnInsertDoublesApostrophes) {
   EXPECT_EQ(Written(*NewFolder("O'Brien", "'tis 'quoted'")),
-            "INSERT INTO Folders (FLD_ID,FLD_ParentID,FLD_Options,FLD_Name,FLD_Type,FLD_DateLastUpdate,FLD_Description,"
-            "FLD_Protected) VALUES (13,4,0,'O''Brien',3,'5/1/2024 9:00:00 AM','''tis ''quoted''',0)");
+            kInsert + "(13,4,0,'O''Brien',3,'5/1/2024 9:00:00 AM','''tis ''quoted''',0)");
 }
 
 TEST_F(FolderText, OfTheNameCheckDoublesApostrophes) {
@@ -126,59 +125,47 @@ TEST_F(FolderText, InsideATransactionHasNoBeginOrCommit) {
               ElementsAre("SELECT * FROM Folders WHERE FLD_ID<>12 AND FLD_ParentID=4 AND FLD_Name='Phone Call Notes'"));
 }
 
-/// The texts that look-ups and listings send.
-class LookupText : public SessionTest {
- protected:
-  std::shared_ptr<EngineLog> log = Watch(connection());
-  Ref<CFolders> folders = MakeRef<CFolders>();
+/// What a look-up or a listing sends.
+struct Sending {
+  const char* name;
+  void (*call)(CSession&);
+  const char* text;
+
+  friend void PrintTo(const Sending& sending, std::ostream* out) { *out << sending.name; }
 };
 
-TEST_F(LookupText, OfGetFolder) {
-  session->GetFolder(-1);
-  EXPECT_THAT(log->texts, ElementsAre("SELECT * FROM Folders WHERE FLD_ID=-1"));
+class LookupText : public SessionTest, public testing::WithParamInterface<Sending> {};
+
+TEST_P(LookupText, IsSentAlone) {
+  const auto log = Watch(connection());
+  GetParam().call(*session);
+  EXPECT_THAT(log->texts, ElementsAre(GetParam().text));
 }
 
-TEST_F(LookupText, OfTheIdentifierWithCriteria) {
-  session->GetFolderIDByCriteria("FLD_Protected=1 and FLD_Name='Birthdays'");
-  EXPECT_THAT(log->texts, ElementsAre("SELECT FLD_ID FROM Folders WHERE FLD_Protected=1 and FLD_Name='Birthdays'"));
+void LoadFolders(CSession& session, const char* criteria) {
+  session.LoadFoldersWithCriteria(MakeRef<CFolders>(), criteria);
 }
 
-TEST_F(LookupText, OfTheIdentifierWithoutCriteria) {
-  session->GetFolderIDByCriteria("");
-  EXPECT_THAT(log->texts, ElementsAre("SELECT FLD_ID FROM Folders"));
-}
-
-TEST_F(LookupText, OfPhoneCallNotesNamesCalls) {
-  session->GetFolderID4PhoneCallNotes();
-  EXPECT_THAT(log->texts, ElementsAre("SELECT FLD_ID FROM Folders WHERE FLD_Type=3 AND FLD_Protected=1 AND "
-                                      "FLD_Name='Phone Calls Notes'"));
-}
-
-TEST_F(LookupText, OfCompletedTasks) {
-  session->GetFolderID4Completedtasks();
-  EXPECT_THAT(log->texts, ElementsAre("SELECT FLD_ID FROM Folders WHERE FLD_Type=2 AND FLD_Protected=1 AND "
-                                      "FLD_Name='Completed Tasks'"));
-}
-
-TEST_F(LookupText, OfAListWithoutCriteria) {
-  session->LoadFoldersWithCriteria(folders, "");
-  EXPECT_THAT(log->texts, ElementsAre("SELECT * FROM Folders ORDER BY FLD_NAME "));
-}
-
-TEST_F(LookupText, OfAListWithCriteria) {
-  session->LoadFoldersWithCriteria(folders, "FLD_Type=4");
-  EXPECT_THAT(log->texts, ElementsAre("SELECT * FROM Folders WHERE FLD_Type=4 ORDER BY FLD_NAME "));
-}
-
-TEST_F(LookupText, OfTheRootFolders) {
-  session->LoadRootFolders(folders);
-  EXPECT_THAT(log->texts, ElementsAre("SELECT * FROM Folders WHERE FLD_ParentID=0 ORDER BY FLD_NAME "));
-}
-
-TEST_F(LookupText, OfTheChildFolders) {
-  session->LoadChildFolders(folders, -7);
-  EXPECT_THAT(log->texts, ElementsAre("SELECT * FROM Folders WHERE FLD_ParentID=-7 ORDER BY FLD_NAME "));
-}
+const Sending kSendings[] = {
+    {"OfGetFolder", [](CSession& s) { s.GetFolder(-1); }, "SELECT * FROM Folders WHERE FLD_ID=-1"},
+    {"OfTheIdentifierWithCriteria",
+     [](CSession& s) { s.GetFolderIDByCriteria("FLD_Protected=1 and FLD_Name='Birthdays'"); },
+     "SELECT FLD_ID FROM Folders WHERE FLD_Protected=1 and FLD_Name='Birthdays'"},
+    {"OfTheIdentifierWithoutCriteria", [](CSession& s) { s.GetFolderIDByCriteria(""); }, "SELECT FLD_ID FROM Folders"},
+    {"OfPhoneCallNotesNamesCalls", [](CSession& s) { s.GetFolderID4PhoneCallNotes(); },
+     "SELECT FLD_ID FROM Folders WHERE FLD_Type=3 AND FLD_Protected=1 AND FLD_Name='Phone Calls Notes'"},
+    {"OfCompletedTasks", [](CSession& s) { s.GetFolderID4Completedtasks(); },
+     "SELECT FLD_ID FROM Folders WHERE FLD_Type=2 AND FLD_Protected=1 AND FLD_Name='Completed Tasks'"},
+    {"OfAListWithoutCriteria", [](CSession& s) { LoadFolders(s, ""); }, "SELECT * FROM Folders ORDER BY FLD_NAME "},
+    {"OfAListWithCriteria", [](CSession& s) { LoadFolders(s, "FLD_Type=4"); },
+     "SELECT * FROM Folders WHERE FLD_Type=4 ORDER BY FLD_NAME "},
+    {"OfTheRootFolders", [](CSession& s) { s.LoadRootFolders(MakeRef<CFolders>()); },
+     "SELECT * FROM Folders WHERE FLD_ParentID=0 ORDER BY FLD_NAME "},
+    {"OfTheChildFolders", [](CSession& s) { s.LoadChildFolders(MakeRef<CFolders>(), -7); },
+     "SELECT * FROM Folders WHERE FLD_ParentID=-7 ORDER BY FLD_NAME "},
+};
+INSTANTIATE_TEST_SUITE_P(Operations, LookupText, testing::ValuesIn(kSendings),
+                         [](const auto& sending) { return std::string(sending.param.name); });
 
 }  // namespace
 }  // namespace zef::test

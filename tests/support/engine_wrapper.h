@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -10,23 +12,36 @@
 
 namespace zef::test {
 
+/// How a record set was opened.
+struct OpenedRecordset {
+  std::string text;
+  RowRequest request;
+  sql::CompileOptions options;
+};
+
 /// What the wrapper has seen and what it is to do; shared with the test.
 struct EngineLog {
   std::vector<std::string> texts;  ///< statements as the classes sent them, transactions as BEGIN, COMMIT and ROLLBACK
-  int fail_at = 0;                 ///< fails the n-th call from now on; 0 for none
+  std::vector<OpenedRecordset> opened;  ///< those of the statements that opened a record set of their own
+  int fail_at = 0;                      ///< fails the n-th call from now on, rollbacks not counted; 0 for none
+  std::string spared;                   ///< calls whose text begins like this are not counted either; empty for none
+  std::vector<std::string> refused;     ///< fails every call whose text begins like one of these
   RunTimeError failure{FailureNumber::StatementError, "made to fail"};
 
   /// The statements without the transactions and without those of the sequences.
   std::vector<std::string> Statements() const;
 };
 
-/// Passes everything on to an engine, notes the texts and fails a chosen call before it reaches the engine.
+/// Passes everything on to an engine, notes the texts and fails chosen calls before they reach the engine.
 class EngineWrapper final : public Engine {
  public:
   EngineWrapper(std::unique_ptr<Engine> engine, std::shared_ptr<EngineLog> log)
       : engine_(std::move(engine)), log_(std::move(log)) {}
 
   Result Execute(const Command& command) override {
+    if (command.request.cursor_type >= 0) {
+      log_->opened.push_back({std::string(command.text), command.request, command.options});
+    }
     Note(std::string(command.text));
     return engine_->Execute(command);
   }
@@ -38,17 +53,25 @@ class EngineWrapper final : public Engine {
     Note("COMMIT");
     engine_->CommitTrans();
   }
-  /// Never fails on demand: a rollback is what follows a failure.
+  /// Is not counted: a rollback is what follows a failure.
   void RollbackTrans() override {
     log_->texts.push_back("ROLLBACK");
+    RefuseIfAsked("ROLLBACK");
     engine_->RollbackTrans();
   }
   int TransactionDepth() const override { return engine_->TransactionDepth(); }
 
  private:
+  bool Counts(std::string_view text) const { return log_->spared.empty() || !text.starts_with(log_->spared); }
+  void RefuseIfAsked(std::string_view text) const {
+    const bool refused = std::any_of(log_->refused.begin(), log_->refused.end(),
+                                     [&](const std::string& beginning) { return text.starts_with(beginning); });
+    if (refused) throw log_->failure;
+  }
   void Note(std::string text) {
     log_->texts.push_back(std::move(text));
-    if (log_->fail_at > 0 && --log_->fail_at == 0) throw log_->failure;
+    RefuseIfAsked(log_->texts.back());
+    if (log_->fail_at > 0 && Counts(log_->texts.back()) && --log_->fail_at == 0) throw log_->failure;
   }
 
   std::unique_ptr<Engine> engine_;

@@ -22,11 +22,11 @@ enum class Unchanged { AllTables, AllButSequences };
 /// a run meets no failure. Expects of each failing run that the operation returned False with the error flag set, that
 /// no transaction is open in the session or on its connection and a new one can be had, and that the tables and `state`
 /// (the flags of the records concerned, say) are what they were; and of the last run that it succeeds. Gives the
-/// failures in order.
+/// failures in order. Calls whose text begins with `spared` are left out: those whose failure the operation survives.
 std::vector<InjectedFailure> FailEachCall(const Database& database, CSession& session,
                                           const std::function<bool()>& operation,
                                           const std::function<std::string()>& state = {},
-                                          Unchanged unchanged = Unchanged::AllTables);
+                                          Unchanged unchanged = Unchanged::AllTables, const std::string& spared = {});
 
 /// The identifier and the flags of a record, for `FailEachCall`.
 template <class Record>

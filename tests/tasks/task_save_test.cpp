@@ -6,6 +6,9 @@
 namespace zef::test {
 namespace {
 
+/// Its result is not tested: when it fails, the event is looked for in no folder.
+constexpr char kFolderLookUp[] = "SELECT FLD_ID FROM Folders WHERE FLD_Protected=1";
+
 using TaskSave = TaskTest;
 
 // ---- the row
@@ -429,6 +432,32 @@ TEST_F(TaskSave, EveryFailureOfANewTasksSaveLeavesNothingBehind) {
   const auto failures = FailEachCall(
       database, *session, save, [&] { return flags; }, Unchanged::AllButSequences);
   EXPECT_EQ(failures.size(), 28u) << "five identifiers of four calls each, five inserts, a look-up, BEGIN and COMMIT";
+}
+
+TEST_F(TaskSave, EveryFailureOfAChangedTasksSaveLeavesTheRowsAndTheFlags) {
+  const std::int32_t id = TaskWithChildren()->ID;
+  const Ref<CTask> task = session->GetTask(id);
+  task->Name = "Perform";
+  task->DueDate = On("6/7/2024");
+  const auto failures = FailEachCall(
+      database, *session, [&] { return task->Save(); }, [&] { return Flags(*task); }, Unchanged::AllButSequences,
+      kFolderLookUp);
+  EXPECT_EQ(failures.size(), 14u) << "BEGIN, update, select, two identifiers of four calls each, two inserts, COMMIT";
+  EXPECT_EQ(Stored("SELECT TSK_Name FROM Tasks"), "Perform");
+  EXPECT_EQ(Stored("SELECT EVE_Text FROM Events"), "Perform Due Date");
+}
+
+TEST_F(TaskSave, EveryFailureOfARefreshedDueDateLeavesTheEvent) {
+  const Ref<CTask> task = NewTask();
+  task->Name = "Practise";
+  task->DueDate = On("6/7/2024");
+  ASSERT_TRUE(task->Save());
+  task->DueDate = On("6/8/2024");
+  const auto failures = FailEachCall(
+      database, *session, [&] { return task->Save(); }, [&] { return Flags(*task); }, Unchanged::AllTables,
+      kFolderLookUp);
+  EXPECT_EQ(failures.size(), 6u) << "BEGIN, update, two selects, update of the event, COMMIT";
+  EXPECT_EQ(Stored("SELECT EVE_StartDate FROM Events"), "6/8/2024");
 }
 
 }  // namespace

@@ -156,5 +156,82 @@ TEST_P(Transactions, APessimisticRecordSetThatIsClosedUnchangedLeavesNothingOpen
   EXPECT_EQ(connection_->BeginTrans(), 1);
 }
 
+/// A pessimistic record set on the only row, number 1, and a second client that waits for its turn.
+class PessimisticRecordset : public Transactions {
+ protected:
+  PessimisticRecordset() {
+    Execute("INSERT INTO Numbers (N) VALUES (1)");
+    Execute("ALTER TABLE Numbers ADD COLUMN Word Text(3)");
+  }
+  Ref<Recordset> Opened(const std::string& select = "SELECT * FROM Numbers WHERE N=1") {
+    auto rs = MakeRef<Recordset>();
+    rs->Open(select, connection_, adOpenForwardOnly, adLockPessimistic);
+    return rs;
+  }
+  int Depth() { return connection_->OpenedEngine().TransactionDepth(); }
+  /// True if another client may write.
+  bool IsFree() {
+    try {
+      Connect()->Execute("INSERT INTO Numbers (N) VALUES (99)");
+      return true;
+    } catch (const RunTimeError&) {
+      return false;
+    }
+  }
+};
+INSTANTIATE_TEST_SUITE_P(Engines, PessimisticRecordset, testing::ValuesIn(Backends()), BackendName);
+
+TEST_P(PessimisticRecordset, WithoutRowsIsAtItsEnd) {
+  const Ref<Recordset> rs = Opened("SELECT * FROM Numbers WHERE N=7");
+  EXPECT_TRUE(rs->EndOfFile());
+  EXPECT_THROW(rs->Update(), RunTimeError);
+}
+
+TEST_P(PessimisticRecordset, WithoutRowsHoldsItsLockUntilItIsClosed) {
+  const Ref<Recordset> rs = Opened("SELECT * FROM Numbers WHERE N=7");
+  EXPECT_EQ(Depth(), 1);
+  rs->Close();
+  EXPECT_EQ(Depth(), 0);
+  EXPECT_TRUE(IsFree());
+}
+
+TEST_P(PessimisticRecordset, ThatIsLetGoReleasesItsLock) {
+  Ref<Recordset> rs = Opened();
+  rs->Fields().Item("N").SetValue(7);
+  rs.reset();
+  EXPECT_EQ(Depth(), 0);
+  EXPECT_TRUE(IsFree());
+  EXPECT_EQ(Text("SELECT Count(*) FROM Numbers WHERE N=7"), "0");
+}
+
+TEST_P(PessimisticRecordset, WhoseUpdateFailsKeepsItsLock) {
+  const Ref<Recordset> rs = Opened();
+  rs->Fields().Item("Word").SetValue(std::string("long"));
+  EXPECT_THROW(rs->Update(), RunTimeError);
+  EXPECT_EQ(Depth(), 1);
+}
+
+TEST_P(PessimisticRecordset, WhoseUpdateFailedCanBeUpdatedWithAnotherValue) {
+  const Ref<Recordset> rs = Opened();
+  rs->Fields().Item("Word").SetValue(std::string("long"));
+  EXPECT_THROW(rs->Update(), RunTimeError);
+  rs->Fields().Item("Word").SetValue(std::string("one"));
+  rs->Update();
+  EXPECT_EQ(Depth(), 0);
+  EXPECT_EQ(Text("SELECT Word FROM Numbers"), "one");
+}
+
+TEST_P(PessimisticRecordset, AddsARowAndWritesItAgain) {
+  const Ref<Recordset> rs = Opened();
+  rs->AddNew();
+  rs->Fields().Item("N").SetValue(2);
+  rs->Update();
+  rs->Fields().Item("Word").SetValue(std::string("two"));
+  rs->Update();
+  EXPECT_EQ(Text("SELECT Word FROM Numbers WHERE N=2"), "two");
+  EXPECT_EQ(Rows(), 2);
+  EXPECT_EQ(Depth(), 0);
+}
+
 }  // namespace
 }  // namespace zef::test

@@ -218,14 +218,15 @@ TEST(CompileInsertTest, TextNamesColumnsAsDeclared) {
 
 TEST(CompileInsertTest, WithoutColumnsAllAreMeant) {
   EXPECT_EQ(Written("INSERT INTO Seen VALUES (1, Now())"),
-            R"(INSERT INTO "Seen" ("SEE_User", "SEE_Date") VALUES (?1, zef_to_date(?2)))");
+            R"(INSERT INTO "Seen" ("SEE_User", "SEE_Date") VALUES (?1, zef_to_date(?2, 'SEE_Date')))");
 }
 
 TEST(CompileInsertTest, SelectIsConvertedToTheColumns) {
-  EXPECT_EQ(Written("INSERT INTO Seen (SEE_User, SEE_Date) SELECT FLD_ID, FLD_Name FROM Folders"),
-            R"(INSERT INTO "Seen" ("SEE_User", "SEE_Date") SELECT zef_required(zef_to_long("]`c1"), 'SEE_User'), )"
-            R"(zef_to_date("]`c2") FROM (SELECT "Folders"."FLD_ID" AS "]`c1", "Folders"."FLD_Name" AS "]`c2" FROM "Folders") )"
-            R"(AS "]`rows")");
+  EXPECT_EQ(
+      Written("INSERT INTO Seen (SEE_User, SEE_Date) SELECT FLD_ID, FLD_Name FROM Folders"),
+      R"(INSERT INTO "Seen" ("SEE_User", "SEE_Date") SELECT zef_required(zef_to_long("]`c1", 'SEE_User'), 'SEE_User'), )"
+      R"(zef_to_date("]`c2", 'SEE_Date') FROM (SELECT "Folders"."FLD_ID" AS "]`c1", "Folders"."FLD_Name" AS "]`c2" FROM "Folders") )"
+      R"(AS "]`rows")");
 }
 
 TEST(CompileUpdateTest, OneTableIsUpdatedPlainly) {
@@ -239,15 +240,14 @@ TEST(CompileUpdateTest, ColumnOfTheSameTypeIsStoredAsItIs) {
 
 TEST(CompileUpdateTest, LongerTextColumnIsChecked) {
   EXPECT_EQ(Written("UPDATE Folders SET FLD_Name=FLD_Note"),
-            R"(UPDATE "Folders" SET "FLD_Name" = zef_to_text("FLD_Note", 20))");
+            R"(UPDATE "Folders" SET "FLD_Name" = zef_to_text("FLD_Note", 20, 'FLD_Name'))");
 }
 
 TEST(CompileUpdateTest, JoinedSourcesAreFoundByRow) {
-  EXPECT_EQ(
-      Written("UPDATE EVENTS,Folders SET EVE_TEXT =Folders.FLD_Name WHERE Folders.FLD_ID = Events.EVE_FolderID"),
-      R"(UPDATE "Events" SET "EVE_Text" = "]`rows"."]`c1" FROM (SELECT "Events".rowid AS "]`row", )"
-      R"(zef_to_text("Folders"."FLD_Name", 10) AS "]`c1" FROM "Events", "Folders" WHERE )"
-      R"("Folders"."FLD_ID" = "Events"."EVE_FolderID") AS "]`rows" WHERE "Events".rowid = "]`rows"."]`row")");
+  EXPECT_EQ(Written("UPDATE EVENTS,Folders SET EVE_TEXT =Folders.FLD_Name WHERE Folders.FLD_ID = Events.EVE_FolderID"),
+            R"(UPDATE "Events" SET "EVE_Text" = "]`rows"."]`c1" FROM (SELECT "Events".rowid AS "]`row", )"
+            R"(zef_to_text("Folders"."FLD_Name", 10, 'EVE_Text') AS "]`c1" FROM "Events", "Folders" WHERE )"
+            R"("Folders"."FLD_ID" = "Events"."EVE_FolderID") AS "]`rows" WHERE "Events".rowid = "]`rows"."]`row")");
 }
 
 TEST(CompileDeleteTest, StarAndPlainDeleteAreTheSame) {

@@ -4,18 +4,10 @@
 
 #include <string>
 
-#include "tests/platform/sql/tree_printer.h"
+#include "tests/platform/sql/tree_rows.h"
 
 namespace zef::sql {
 namespace {
-
-struct Row {
-  std::string_view name;
-  std::string_view statement;
-  std::string_view tree;
-};
-
-std::string NameOf(const testing::TestParamInfo<Row>& info) { return std::string(info.param.name); }
 
 class StatementTest : public testing::TestWithParam<Row> {};
 

@@ -73,77 +73,70 @@ TEST_F(FolderNamesTest, SearchForPlainTextsFindsEqualOtherCharacters) {
   EXPECT_EQ(Ids("FLD_Name IN ('x','kelvin')"), "12");
 }
 
-TEST_F(FolderNamesTest, SearchForPlainTextUsesTheIndex) {
-  EXPECT_THAT(database_.PlanOf("SELECT * FROM Folders WHERE FLD_Name='apple'"), HasSubstr("USING INDEX ByName"));
+struct Plan {
+  const char* name;
+  const char* statement;
+  const char* part;  ///< of the engine's plan
+};
+
+class PlanTest : public FolderNamesTest, public testing::WithParamInterface<Plan> {};
+
+TEST_P(PlanTest, SearchesAndDoesNotScan) {
+  const std::string plan = database_.PlanOf(GetParam().statement);
+  EXPECT_THAT(plan, HasSubstr(GetParam().part));
+  EXPECT_THAT(plan, Not(HasSubstr("SCAN")));
 }
 
-TEST_F(FolderNamesTest, SearchForPlainTextUsesTheIndexOfOtherCharacters) {
-  EXPECT_THAT(database_.PlanOf("SELECT * FROM Folders WHERE FLD_Name='apple'"), HasSubstr("INDEX ByOtherName"));
-}
+INSTANTIATE_TEST_SUITE_P(
+    Dialect, PlanTest,
+    testing::Values(Plan{"SearchForPlainTextUsesTheIndex", "SELECT * FROM Folders WHERE FLD_Name='apple'",
+                         "USING INDEX ByName"},
+                    Plan{"SearchForPlainTextUsesTheIndexOfOtherCharacters",
+                         "SELECT * FROM Folders WHERE FLD_Name='apple'", "INDEX ByOtherName"},
+                    Plan{"SearchForPlainTextOfAnAliasUsesTheIndex",
+                         "SELECT * FROM Folders AS f WHERE FLD_Name='apple' AND FLD_Type=1", "USING INDEX ByName"},
+                    Plan{"SearchForPlainTextsUsesTheIndex", "SELECT * FROM Folders WHERE FLD_Name IN ('apple','pear')",
+                         "USING INDEX ByName"},
+                    Plan{"SearchByKeyUsesTheRowIdentifier", "SELECT * FROM Folders WHERE FLD_ID='18'",
+                         "USING INTEGER PRIMARY KEY"}),
+    [](const auto& plan) { return plan.param.name; });
 
-TEST_F(FolderNamesTest, SearchForPlainTextDoesNotScan) {
-  EXPECT_THAT(database_.PlanOf("SELECT * FROM Folders AS f WHERE FLD_Name='apple' AND FLD_Type=1"),
-              Not(HasSubstr("SCAN")));
-}
+struct Query {
+  const char* name;
+  const char* statement;
+  const char* rows;
+};
 
-TEST_F(FolderNamesTest, SearchForPlainTextsUsesTheIndex) {
-  EXPECT_THAT(database_.PlanOf("SELECT * FROM Folders WHERE FLD_Name IN ('apple','pear')"),
-              HasSubstr("USING INDEX ByName"));
-}
+class QueryTest : public FolderNamesTest, public testing::WithParamInterface<Query> {};
 
-TEST_F(FolderNamesTest, SearchByKeyUsesTheRowIdentifier) {
-  EXPECT_THAT(database_.PlanOf("SELECT * FROM Folders WHERE FLD_ID='18'"), HasSubstr("USING INTEGER PRIMARY KEY"));
-}
+TEST_P(QueryTest, GivesItsRows) { EXPECT_EQ(database_.Rows(GetParam().statement), GetParam().rows); }
 
-TEST_F(FolderNamesTest, OrderIgnoresLetterCase) {
-  EXPECT_EQ(database_.Rows("SELECT FLD_ID FROM Folders WHERE FLD_ID IN (1,2,5,8) ORDER BY FLD_Name, FLD_ID"),
-            "8; 1; 2; 5");
-}
-
-TEST_F(FolderNamesTest, GroupsIgnoreLetterCase) {
-  EXPECT_EQ(database_.Rows("SELECT Count(*) FROM Folders WHERE FLD_ID<5 GROUP BY FLD_Name"), "2; 2");
-}
-
-TEST_F(FolderNamesTest, DistinctIgnoresLetterCase) {
-  EXPECT_EQ(database_.Rows("SELECT Count(*) FROM (SELECT DISTINCT FLD_Name FROM Folders WHERE FLD_ID<5) AS d"), "2");
-}
-
-TEST_F(FolderNamesTest, CountOfDistinctIgnoresLetterCase) {
-  EXPECT_EQ(database_.Rows("SELECT Count(DISTINCT FLD_Name) FROM Folders WHERE FLD_ID<5"), "2");
-}
-
-TEST_F(FolderNamesTest, UnionIgnoresLetterCase) {
-  EXPECT_EQ(database_.Rows("SELECT Count(*) FROM (SELECT FLD_Name FROM Folders WHERE FLD_ID=1 UNION SELECT FLD_Name "
-                           "FROM Folders WHERE FLD_ID=2) AS u"),
-            "1");
-}
-
-TEST_F(FolderNamesTest, UnionIsSortedByTheCollation) {
-  EXPECT_EQ(database_.Rows("SELECT FLD_Name FROM Folders WHERE FLD_ID=5 UNION ALL SELECT FLD_Name FROM Folders WHERE "
-                           "FLD_ID=2 ORDER BY FLD_Name"),
-            "Apple; eclair");
-}
-
-TEST_F(FolderNamesTest, LargestTextFollowsTheCollation) {
-  EXPECT_EQ(database_.Rows("SELECT Max(FLD_Name) FROM Folders WHERE FLD_ID IN (2,8)"), "Apple");
-}
-
-TEST_F(FolderNamesTest, TopGivesExactlySoManyRows) {
-  EXPECT_EQ(database_.Rows("SELECT TOP 2 FLD_ID FROM Folders ORDER BY FLD_ID DESC"), "11; 10");
-}
-
-TEST_F(FolderNamesTest, TopOfAUnionPartLimitsThatPartOnly) {
-  EXPECT_EQ(database_.Rows("SELECT TOP 1 1 FROM Folders UNION ALL SELECT FLD_ID FROM Folders WHERE FLD_ID<4"),
-            "1; 1; 2; 3");
-}
-
-TEST_F(FolderNamesTest, OrderByPositionSortsByTheResultColumn) {
-  EXPECT_EQ(database_.Rows("SELECT FLD_ID, -FLD_ID FROM Folders WHERE FLD_ID<3 ORDER BY 2"), "2, -2; 1, -1");
-}
-
-TEST_F(FolderNamesTest, ConditionsAreSortedTrueFirst) {
-  EXPECT_EQ(database_.Rows("SELECT FLD_ID FROM Folders WHERE FLD_ID<4 ORDER BY FLD_ID=3, FLD_ID"), "3; 1; 2");
-}
+INSTANTIATE_TEST_SUITE_P(
+    Dialect, QueryTest,
+    testing::Values(
+        Query{"OrderIgnoresLetterCase",
+              "SELECT FLD_ID FROM Folders WHERE FLD_ID IN (1,2,5,8) ORDER BY FLD_Name, FLD_ID", "8; 1; 2; 5"},
+        Query{"GroupsIgnoreLetterCase", "SELECT Count(*) FROM Folders WHERE FLD_ID<5 GROUP BY FLD_Name", "2; 2"},
+        Query{"DistinctIgnoresLetterCase",
+              "SELECT Count(*) FROM (SELECT DISTINCT FLD_Name FROM Folders WHERE FLD_ID<5) AS d", "2"},
+        Query{"CountOfDistinctIgnoresLetterCase", "SELECT Count(DISTINCT FLD_Name) FROM Folders WHERE FLD_ID<5", "2"},
+        Query{"UnionIgnoresLetterCase",
+              "SELECT Count(*) FROM (SELECT FLD_Name FROM Folders WHERE FLD_ID=1 UNION SELECT FLD_Name FROM Folders "
+              "WHERE FLD_ID=2) AS u",
+              "1"},
+        Query{"UnionIsSortedByTheCollation",
+              "SELECT FLD_Name FROM Folders WHERE FLD_ID=5 UNION ALL SELECT FLD_Name FROM Folders WHERE FLD_ID=2 ORDER "
+              "BY FLD_Name",
+              "Apple; eclair"},
+        Query{"LargestTextFollowsTheCollation", "SELECT Max(FLD_Name) FROM Folders WHERE FLD_ID IN (2,8)", "Apple"},
+        Query{"TopGivesExactlySoManyRows", "SELECT TOP 2 FLD_ID FROM Folders ORDER BY FLD_ID DESC", "11; 10"},
+        Query{"TopOfAUnionPartLimitsThatPartOnly",
+              "SELECT TOP 1 1 FROM Folders UNION ALL SELECT FLD_ID FROM Folders WHERE FLD_ID<4", "1; 1; 2; 3"},
+        Query{"OrderByPositionSortsByTheResultColumn", "SELECT FLD_ID, -FLD_ID FROM Folders WHERE FLD_ID<3 ORDER BY 2",
+              "2, -2; 1, -1"},
+        Query{"ConditionsAreSortedTrueFirst", "SELECT FLD_ID FROM Folders WHERE FLD_ID<4 ORDER BY FLD_ID=3, FLD_ID",
+              "3; 1; 2"}),
+    [](const auto& query) { return query.param.name; });
 
 TEST_F(FolderNamesTest, LongChainOfConditionsRuns) {
   std::string chain = "FLD_ID=1";
@@ -184,78 +177,68 @@ class JoinedChangeTest : public testing::Test {
   MemoryDatabase database_;
 };
 
-TEST_F(JoinedChangeTest, UpdateOverAListOfTablesTakesValuesOfTheOther) {
-  database_.Run("UPDATE EVENTS,Folders SET EVE_TEXT =Folders.FLD_Name WHERE Folders.FLD_ID = Events.EVE_FolderID");
-  EXPECT_EQ(database_.Rows("SELECT EVE_ID, EVE_Text FROM Events"), "10, one; 11, one; 12, two; 13, Null");
+/// A statement, if any, and a select with the rows that it must give then.
+struct Change {
+  const char* name;
+  const char* statement;
+  const char* select;
+  const char* rows;
+};
+
+class ChangeTest : public JoinedChangeTest, public testing::WithParamInterface<Change> {};
+
+TEST_P(ChangeTest, LeavesTheseRows) {
+  if (*GetParam().statement != '\0') database_.Run(GetParam().statement);
+  EXPECT_EQ(database_.Rows(GetParam().select), GetParam().rows);
 }
 
-TEST_F(JoinedChangeTest, UpdateOverALeftJoinReachesRowsWithoutPartner) {
-  database_.Run(
-      "UPDATE Events AS e LEFT JOIN Folders AS f ON e.EVE_FolderID=f.FLD_ID SET e.EVE_Text='none' WHERE f.FLD_ID IS "
-      "NULL");
-  EXPECT_EQ(database_.Rows("SELECT EVE_ID FROM Events WHERE EVE_Text='none'"), "13");
-}
-
-TEST_F(JoinedChangeTest, UpdateOfTheRightTableOfAJoinWorks) {
-  database_.Run("UPDATE Folders INNER JOIN Events ON FLD_ID=EVE_FolderID SET EVE_Rank=FLD_Type, EVE_Cost=1.5");
-  EXPECT_EQ(database_.Rows("SELECT EVE_Rank, EVE_Cost FROM Events"), "7, 1.5; 7, 1.5; 8, 1.5; Null, Null");
-}
-
-TEST_F(JoinedChangeTest, UpdateInsideABracketedJoinWorks) {
-  database_.Run(
-      "UPDATE Seen RIGHT JOIN (Folders INNER JOIN Events ON FLD_ID=EVE_FolderID) ON SEE_User=FLD_ID SET EVE_Rank=3");
-  EXPECT_EQ(database_.Rows("SELECT Count(*) FROM Events WHERE EVE_Rank=3"), "3");
-}
-
-TEST_F(JoinedChangeTest, UpdateWithCorrelatedSelectWorks) {
-  database_.Run("UPDATE Folders SET FLD_Note=(SELECT Max(EVE_Start) FROM Events WHERE EVE_FolderID=FLD_ID)");
-  EXPECT_EQ(database_.Rows("SELECT FLD_Note FROM Folders"), "5/2/2024; 5/3/2024");
-}
-
-TEST_F(JoinedChangeTest, DeleteOverAJoinTakesTheNamedTable) {
-  database_.Run("DELETE Events.* FROM Events INNER JOIN Folders ON EVE_FolderID=FLD_ID WHERE FLD_Name='ONE'");
-  EXPECT_EQ(database_.Rows("SELECT EVE_ID FROM Events"), "12; 13");
-}
-
-TEST_F(JoinedChangeTest, DeleteOverAJoinLeavesTheOtherTable) {
-  database_.Run("DELETE Events.* FROM Events INNER JOIN Folders ON EVE_FolderID=FLD_ID");
-  EXPECT_EQ(database_.Rows("SELECT FLD_ID FROM Folders"), "1; 2");
-}
-
-TEST_F(JoinedChangeTest, DeleteWithAliasWorks) {
-  database_.Run("DELETE e.* FROM Events AS e WHERE e.EVE_ID<13");
-  EXPECT_EQ(database_.Rows("SELECT EVE_ID FROM Events"), "13");
-}
-
-TEST_F(JoinedChangeTest, InsertFromSelectConverts) {
-  database_.Run(
-      "INSERT INTO Seen (SEE_Date, SEE_User) SELECT EVE_Start, EVE_ID & '' FROM Events WHERE EVE_Start>'5/2/2024'");
-  EXPECT_EQ(database_.Rows("SELECT * FROM Seen"), "12, 5/3/2024; 13, 5/4/2024");
-}
-
-TEST_F(JoinedChangeTest, RightJoinKeepsRowsOfTheRightSide) {
-  EXPECT_EQ(database_.Rows("SELECT EVE_ID FROM Folders RIGHT JOIN Events ON FLD_ID=EVE_FolderID WHERE FLD_ID IS NULL"),
-            "13");
-}
-
-TEST_F(JoinedChangeTest, DatesAreComparedAsDates) {
-  EXPECT_EQ(database_.Rows("SELECT EVE_ID FROM Events WHERE EVE_Start BETWEEN '5/2/2024' AND #5/3/2024#"), "11; 12");
-}
+INSTANTIATE_TEST_SUITE_P(
+    Dialect, ChangeTest,
+    testing::Values(
+        Change{"UpdateOverAListOfTablesTakesValuesOfTheOther",
+               "UPDATE EVENTS,Folders SET EVE_TEXT =Folders.FLD_Name WHERE Folders.FLD_ID = Events.EVE_FolderID",
+               "SELECT EVE_ID, EVE_Text FROM Events", "10, one; 11, one; 12, two; 13, Null"},
+        Change{"UpdateOverALeftJoinReachesRowsWithoutPartner",
+               "UPDATE Events AS e LEFT JOIN Folders AS f ON e.EVE_FolderID=f.FLD_ID SET e.EVE_Text='none' WHERE "
+               "f.FLD_ID IS NULL",
+               "SELECT EVE_ID FROM Events WHERE EVE_Text='none'", "13"},
+        Change{"UpdateOfTheRightTableOfAJoinWorks",
+               "UPDATE Folders INNER JOIN Events ON FLD_ID=EVE_FolderID SET EVE_Rank=FLD_Type, EVE_Cost=1.5",
+               "SELECT EVE_Rank, EVE_Cost FROM Events", "7, 1.5; 7, 1.5; 8, 1.5; Null, Null"},
+        Change{"UpdateInsideABracketedJoinWorks",
+               "UPDATE Seen RIGHT JOIN (Folders INNER JOIN Events ON FLD_ID=EVE_FolderID) ON SEE_User=FLD_ID SET "
+               "EVE_Rank=3",
+               "SELECT Count(*) FROM Events WHERE EVE_Rank=3", "3"},
+        Change{"UpdateWithCorrelatedSelectWorks",
+               "UPDATE Folders SET FLD_Note=(SELECT Max(EVE_Start) FROM Events WHERE EVE_FolderID=FLD_ID)",
+               "SELECT FLD_Note FROM Folders", "5/2/2024; 5/3/2024"},
+        Change{"DeleteOverAJoinTakesTheNamedTable",
+               "DELETE Events.* FROM Events INNER JOIN Folders ON EVE_FolderID=FLD_ID WHERE FLD_Name='ONE'",
+               "SELECT EVE_ID FROM Events", "12; 13"},
+        Change{"DeleteOverAJoinLeavesTheOtherTable",
+               "DELETE Events.* FROM Events INNER JOIN Folders ON EVE_FolderID=FLD_ID", "SELECT FLD_ID FROM Folders",
+               "1; 2"},
+        Change{"DeleteWithAliasWorks", "DELETE e.* FROM Events AS e WHERE e.EVE_ID<13", "SELECT EVE_ID FROM Events",
+               "13"},
+        Change{"InsertFromSelectConverts",
+               "INSERT INTO Seen (SEE_Date, SEE_User) SELECT EVE_Start, EVE_ID & '' FROM Events WHERE "
+               "EVE_Start>'5/2/2024'",
+               "SELECT * FROM Seen", "12, 5/3/2024; 13, 5/4/2024"},
+        Change{"RightJoinKeepsRowsOfTheRightSide", "",
+               "SELECT EVE_ID FROM Folders RIGHT JOIN Events ON FLD_ID=EVE_FolderID WHERE FLD_ID IS NULL", "13"},
+        Change{"DatesAreComparedAsDates", "",
+               "SELECT EVE_ID FROM Events WHERE EVE_Start BETWEEN '5/2/2024' AND #5/3/2024#", "11; 12"},
+        Change{"GroupByCalculatedDatePartWorks", "",
+               "SELECT Month(EVE_Start), Count(*), Min(EVE_Start) FROM Events GROUP BY Month(EVE_Start)",
+               "5, 4, 5/1/2024"},
+        Change{"DerivedTablesCanBeJoined", "",
+               "SELECT f.FLD_Name, d.n FROM Folders AS f INNER JOIN (SELECT EVE_FolderID, Count(*) AS n FROM Events "
+               "GROUP BY EVE_FolderID) AS d ON f.FLD_ID=d.EVE_FolderID ORDER BY d.n DESC",
+               "one, 2; two, 1"}),
+    [](const auto& change) { return change.param.name; });
 
 TEST_F(JoinedChangeTest, TextThatIsNoDateDoesNotConvert) {
   EXPECT_EQ(database_.FailureNumberOf("SELECT EVE_ID FROM Events WHERE EVE_Start='soon'"), -2147217913);
-}
-
-TEST_F(JoinedChangeTest, GroupByCalculatedDatePartWorks) {
-  EXPECT_EQ(database_.Rows("SELECT Month(EVE_Start), Count(*), Min(EVE_Start) FROM Events GROUP BY Month(EVE_Start)"),
-            "5, 4, 5/1/2024");
-}
-
-TEST_F(JoinedChangeTest, DerivedTablesCanBeJoined) {
-  EXPECT_EQ(
-      database_.Rows("SELECT f.FLD_Name, d.n FROM Folders AS f INNER JOIN (SELECT EVE_FolderID, Count(*) AS n FROM "
-                     "Events GROUP BY EVE_FolderID) AS d ON f.FLD_ID=d.EVE_FolderID ORDER BY d.n DESC"),
-      "one, 2; two, 1");
 }
 
 }  // namespace

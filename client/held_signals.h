@@ -1,0 +1,24 @@
+#pragma once
+
+#include <signal.h>
+
+namespace zef::client {
+
+/// Holds back the signals by which people end a program (Ctrl-C and its kin) while something is half made. One that
+/// came meanwhile takes effect when this goes away; until then the program can tidy up.
+class HeldSignals {
+ public:
+  HeldSignals();
+  ~HeldSignals();
+  HeldSignals(const HeldSignals&) = delete;
+  HeldSignals& operator=(const HeldSignals&) = delete;
+
+  /// Raises a `Failure` if one has come.
+  void StopIfAsked() const;
+
+ private:
+  sigset_t held_;
+  sigset_t before_;
+};
+
+}  // namespace zef::client

@@ -1,0 +1,86 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+#include "calendar/event.h"
+#include "calendar/notification.h"
+#include "calendar/recurrence.h"
+#include "folders/folder.h"
+#include "session/collections.h"
+#include "tasks/task.h"
+#include "tests/support/engine_wrapper.h"
+#include "tests/support/session_test.h"
+
+namespace zef::test {
+namespace {
+
+/// An operation and the record sets that it opens: cursor type, lock type and options of each, and what the engine is
+/// asked for.
+struct Opening {
+  const char* name;
+  std::function<void(CSession&)> run;
+  std::string opened;
+
+  friend void PrintTo(const Opening& opening, std::ostream* out) { *out << opening.name; }
+};
+
+std::string Shown(const std::vector<OpenedRecordset>& opened) {
+  std::string text;
+  for (const auto& [statement, request, options] : opened) {
+    text += (text.empty() ? "" : "; ") + std::to_string(request.cursor_type) + " " + std::to_string(request.lock_type) +
+            " " + std::to_string(request.options) + (options.updatable ? " updatable" : "") +
+            (options.lock_rows ? " locked" : "");
+  }
+  return text;
+}
+
+class OpenedRecordsets : public SessionTest, public testing::WithParamInterface<Opening> {
+ protected:
+  OpenedRecordsets() {
+    connection().Execute("INSERT INTO Tasks (TSK_ID,TSK_FolderID) VALUES (5,3)");
+    connection().Execute("INSERT INTO Events (EVE_ID,EVE_FolderID) VALUES (6,1)");
+    log_ = Watch(connection());
+  }
+  std::shared_ptr<EngineLog> log_;
+};
+
+TEST_P(OpenedRecordsets, AskForTheirCursorLockAndOptions) {
+  GetParam().run(*session);
+  EXPECT_EQ(Shown(log_->opened), GetParam().opened);
+}
+
+const std::string kReading = "3 3 1 updatable";
+const std::string kSequence = "0 2 -1 updatable locked";
+
+const Opening kOpenings[] = {
+    {"GetFolder", [](CSession& s) { s.GetFolder(8); }, kReading},
+    {"GetTask", [](CSession& s) { s.GetTask(5); }, kReading},
+    {"GetEvent", [](CSession& s) { s.GetEvent(6); }, kReading},
+    {"GetRecurrence", [](CSession& s) { s.GetRecurrence(1); }, kReading},
+    {"GetNotification", [](CSession& s) { s.GetNotification(1); }, kReading},
+    {"GetFolderIDByCriteria", [](CSession& s) { s.GetFolderIDByCriteria("FLD_ID=8"); }, kReading},
+    {"GetFolderID4PhoneCallNotes", [](CSession& s) { s.GetFolderID4PhoneCallNotes(); }, kReading},
+    {"GetFolderID4Completedtasks", [](CSession& s) { s.GetFolderID4Completedtasks(); }, kReading},
+    {"LoadFoldersWithCriteria", [](CSession& s) { s.LoadFoldersWithCriteria(MakeRef<CFolders>(), ""); }, kReading},
+    {"LoadTasksWithCriteria", [](CSession& s) { s.LoadTasksWithCriteria(MakeRef<CTasks>(), ""); }, kReading},
+    {"LoadEventsWithCriteria", [](CSession& s) { s.LoadEventsWithCriteria(MakeRef<CEvents>(), ""); }, kReading},
+    {"CreateTask", [](CSession& s) { s.CreateTask(); }, kSequence},
+    {"DuplicateEvent", [](CSession& s) { s.DuplicateEvent(6); },
+     kReading + "; " + kSequence + "; " + kSequence + "; " + kSequence},
+    {"GetUniqueIDFromSeq",
+     [](CSession& s) {
+       std::int32_t id = 0;
+       s.GetUniqueIDFromSeq(3, id);
+     },
+     kSequence},
+    // What these read they read through the connection.
+    {"DeleteEvent", [](CSession& s) { s.DeleteEvent(6); }, ""},
+    {"SaveOfAnUnchangedFolder", [](CSession& s) { s.GetFolder(8)->Save(); }, kReading},
+    {"RefreshOfATask", [](CSession& s) { s.GetTask(5)->Refresh(); }, kReading},
+};
+INSTANTIATE_TEST_SUITE_P(Operations, OpenedRecordsets, testing::ValuesIn(kOpenings),
+                         [](const auto& opening) { return std::string(opening.param.name); });
+
+}  // namespace
+}  // namespace zef::test
