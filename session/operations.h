@@ -78,6 +78,13 @@ Ref<R> DuplicateRecord(CSession& session, std::string_view refusal, Ref<R> (CSes
   return copy;
 }
 
+/// A select with the client's condition, if there is one, and a fixed order behind it.
+inline std::string SelectText(std::string_view select, const std::string& criteria, std::string_view sort = {}) {
+  std::string text(select);
+  if (!criteria.empty()) text.append(" WHERE ").append(criteria);
+  return text.append(sort);
+}
+
 /// "Load<plural>WithCriteria": fills the collection with all rows that meet the client's condition, which stands in the
 /// statement as it came. The collection is emptied only once the statement has been opened.
 template <class R>
@@ -85,9 +92,7 @@ bool LoadRecords(CSession& session, const Ref<Collection<R>>& records, std::stri
                  std::string_view select, const std::string& criteria, std::string_view sort = {}) {
   return Trapped(session, procedure, false, [&] {
     session.ClearError();
-    std::string text(select);
-    if (!criteria.empty()) text.append(" WHERE ").append(criteria);
-    const Ref<Recordset> rs = OpenSelect(session, text.append(sort));
+    const Ref<Recordset> rs = OpenSelect(session, SelectText(select, criteria, sort));
     Deref(records).Clear();
     const Ref<CSession> owner(&session);
     for (; !rs->EndOfFile(); rs->MoveNext()) {

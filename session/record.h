@@ -39,6 +39,19 @@ class Record : public RefCounted<Derived>, public RecordFlags {
  protected:
   Record() = default;
 
+  /// `Save` of a class with rights and a transaction of its own, around the class's own `steps`, which are given the
+  /// session. Afterwards the own flags are clear and `DateLastUpdate` reads date value 0.
+  template <class Steps>
+  bool SaveInTransaction(std::string_view procedure, Steps&& steps) {
+    CSession& session = Deref(session_);
+    session.ClearError();
+    if (Refused(session, procedure)) return false;
+    if (!InTransaction(session, procedure, [&] { return steps(session); })) return false;
+    static_cast<Derived&>(*this).DateLastUpdate.Load(Date());
+    SetFlags(false, false);
+    return true;
+  }
+
  private:
   Ref<CSession> session_;
 };

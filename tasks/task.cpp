@@ -75,18 +75,11 @@ void CTask::GetValuesFromRS(const Ref<Recordset>& Rs) {
 }
 
 bool CTask::Save() {
-  CSession& session = Deref(Session());
-  session.ClearError();
-  if (Refused(session, kSave)) return false;
-  const bool saved = InTransaction(session, kSave, [&] {
+  return SaveInTransaction(kSave, [&](CSession& session) {
     if (!SaveChildren(session)) return Outcome::Quiet;
     const Outcome written = OwnModified() ? SaveRow(*this, kTasks, kFieldsArray) : Outcome::Done;
     return written == Outcome::Done ? KeepDueDateEvent(session, *this) : written;
   });
-  if (!saved) return false;
-  DateLastUpdate.Load(Date());
-  SetFlags(false, false);
-  return true;
 }
 
 bool CTask::Refresh() {
