@@ -37,17 +37,10 @@ void CEvent::GetValuesFromRS(const Ref<Recordset>& Rs) {
 }
 
 bool CEvent::Save() {
-  CSession& session = Deref(Session());
-  session.ClearError();
-  if (Refused(session, kSave)) return false;
-  const bool saved = InTransaction(session, kSave, [&] {
+  return SaveInTransaction(kSave, [&](CSession& session) {
     if (!SaveChildren(session)) return Outcome::Quiet;
     return OwnModified() ? SaveRow(*this, kEvents, kFieldsArray) : Outcome::Done;
   });
-  if (!saved) return false;
-  DateLastUpdate.Load(Date());
-  SetFlags(false, false);
-  return true;
 }
 
 bool CEvent::Refresh() {

@@ -28,14 +28,13 @@ bool RefreshEvent(CEvent& event, Date date, const std::function<void(CRecurrence
 Outcome KeepGeneratedEvent(CSession& session, const GeneratedKind& kind, std::int32_t link, bool link_is_new, Date date,
                            const std::function<std::string()>& text,
                            const std::function<void(CRecurrence&)>& write_rule) {
+  if (date.IsZero()) {
+    if (!link_is_new) DeleteGeneratedEvents(session, kind, link);
+    return Outcome::Done;
+  }
   const std::string folder_criteria(kind.folder_criteria);
-  if (link_is_new && date.IsZero()) return Outcome::Done;
   if (!link_is_new) {
     const std::int32_t folder = session.GetFolderIDByCriteria(folder_criteria);
-    if (date.IsZero()) {
-      Execute(session, "DELETE" + OfRecord(kind, link, folder));
-      return Outcome::Done;
-    }
     const Ref<Recordset> found = Deref(session.conDBConnection).Execute("SELECT EVE_ID" + OfRecord(kind, link, folder));
     if (!found->EndOfFile()) {
       const Ref<CEvent> event = session.GetEvent(ToLong(found->Fields().Item("EVE_ID").Value()));
@@ -49,6 +48,11 @@ Outcome KeepGeneratedEvent(CSession& session, const GeneratedKind& kind, std::in
   event->FolderID = session.GetFolderIDByCriteria(folder_criteria);
   if (event->FolderID < 1) return Outcome::Quiet;
   return RefreshEvent(*event, date, write_rule) ? Outcome::Done : Outcome::Quiet;
+}
+
+void DeleteGeneratedEvents(CSession& session, const GeneratedKind& kind, std::int32_t link) {
+  const std::int32_t folder = session.GetFolderIDByCriteria(std::string(kind.folder_criteria));
+  Execute(session, "DELETE" + OfRecord(kind, link, folder));
 }
 
 }  // namespace zef

@@ -40,6 +40,19 @@ class Record : public RefCounted<Derived>, public RecordFlags {
  protected:
   Record() = default;
 
+  /// `Save` of a class with rights and a transaction of its own, around the class's own `steps`, which are given the
+  /// session. Afterwards the own flags are clear and `DateLastUpdate` reads date value 0.
+  template <class Steps>
+  bool SaveInTransaction(std::string_view procedure, Steps&& steps) {
+    CSession& session = Deref(session_);
+    session.ClearError();
+    if (Refused(session, procedure)) return false;
+    if (!InTransaction(session, procedure, [&] { return steps(session); })) return false;
+    static_cast<Derived&>(*this).DateLastUpdate.Load(Date());
+    SetFlags(false, false);
+    return true;
+  }
+
  private:
   Ref<CSession> session_;
 };
@@ -66,7 +79,8 @@ void ReadColumns(R& record, const Table<R, N>& table, const Recordset& rs) {
 template <class R, std::size_t N, class Take>
 void EachRow(const R& record, const Table<R, N>& table, Take&& take) {
   for (const Column<R>* column : table.written) {
-    if (column != nullptr) take(column->name, SqlValue(record, *column));
+    if (column == nullptr) continue;
+    take(column->spelled.empty() ? column->name : column->spelled, SqlValue(record, *column));
   }
 }
 
