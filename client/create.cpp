@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <random>
+#include <utility>
 
 #include "client/failure.h"
 #include "client/held_signals.h"
@@ -29,7 +30,7 @@ fs::path WithEnding(fs::path path, const char* ending) { return path += ending; 
 /// placed.
 class TemporaryFile {
  public:
-  explicit TemporaryFile(const fs::path& place) : path_(place) {
+  explicit TemporaryFile(fs::path place) : path_(std::move(place)) {
     std::random_device random;
     path_.replace_filename(fmt::format(".zef-{:08x}{:08x}", random(), random()));
   }

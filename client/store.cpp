@@ -2,13 +2,13 @@
 
 #include <fmt/format.h>
 
-#include <array>
 #include <utility>
 
 #include "calendar/event.h"
 #include "client/choice.h"
 #include "client/create.h"
 #include "client/failure.h"
+#include "client/record_info.h"
 #include "folders/folder.h"
 #include "platform/connection_string.h"
 #include "session/collections.h"
@@ -28,78 +28,6 @@ auto Telling(Step&& step) -> decltype(step()) {
   } catch (const RunTimeError& failure) {
     Refuse(failure.description());
   }
-}
-
-// ---- between records and plain structures
-
-RuleSpec SpecOf(const CRecurrence& rule) {
-  const std::array<bool, 7> days{rule.Monday, rule.Tuesday,  rule.Wendsday, rule.Thursday,
-                                 rule.Friday, rule.Saturday, rule.Sunday};
-  RuleSpec spec{.type = rule.RType,
-                .sub_type = rule.SubType,
-                .options1 = rule.Options1,
-                .options2 = rule.Options2,
-                .week_number = rule.WeekNumber,
-                .end = rule.EndDate,
-                .occurrences = rule.OccurencesNo};
-  for (std::size_t i = 0; i < days.size(); ++i) spec.days |= static_cast<std::int32_t>(days[i]) << i;
-  return spec;
-}
-
-/// Leaves an empty rule untouched, so that no row is written for it.
-void WriteRule(const RuleSpec& spec, CRecurrence& rule) {
-  if (spec.type == kNoRule) return;
-  rule.RType = spec.type;
-  rule.SubType = spec.sub_type;
-  rule.Options1 = spec.options1;
-  rule.Options2 = spec.options2;
-  rule.WeekNumber = spec.week_number;
-  rule.EndDate = spec.end;
-  rule.OccurencesNo = spec.occurrences;
-  const auto falls_on = [&](int bit) { return (spec.days >> bit & 1) != 0; };
-  rule.Monday = falls_on(0);
-  rule.Tuesday = falls_on(1);
-  rule.Wendsday = falls_on(2);
-  rule.Thursday = falls_on(3);
-  rule.Friday = falls_on(4);
-  rule.Saturday = falls_on(5);
-  rule.Sunday = falls_on(6);
-}
-
-FolderInfo InfoOf(const CFolder& folder) {
-  return {.id = folder.ID,
-          .parent = folder.ParentID,
-          .kind = folder.ItemsType,
-          .is_protected = folder.Protected,
-          .shows_all = folder.IsAllEventsFolder() || folder.IsAllTasksFolder(),
-          .name = folder.Name,
-          .description = folder.Description};
-}
-
-TaskInfo InfoOf(const CTask& task) {
-  return {.id = task.ID,
-          .folder = task.FolderID,
-          .name = task.Name,
-          .description = task.Description,
-          .assigned_to = task.AssignedTo,
-          .priority = task.Priority,
-          .start = task.StartDate,
-          .due = task.DueDate,
-          .done = task.Completed > 0,
-          .rule = SpecOf(*task.Recurrence)};
-}
-
-EventInfo InfoOf(const CEvent& event) {
-  return {.id = event.ID,
-          .folder = event.FolderID,
-          .text = event.Text,
-          .location = event.Location,
-          .start = event.StartDate,
-          .end = event.EndDate,
-          .reminder = event.Reminder,
-          .type = event.EType,
-          .link = event.LinkID,
-          .rule = SpecOf(*event.Recurrence)};
 }
 
 template <class Element>
@@ -177,9 +105,8 @@ class Store::Session {
       const Ref<Recordset> rs = it->conDBConnection->Execute("SELECT VI_Version FROM _VersionInfo");
       if (!rs->EndOfFile() && !IsNull(rs->ValueAt(0))) return ToText(rs->ValueAt(0));
     } catch (const RunTimeError& failure) {
-      const bool foreign =
-          failure.code() == FailureNumber::NoSuchTable || failure.code() == FailureNumber::NoSuchColumn;
-      if (!foreign) Refuse(failure.description());
+      const FailureNumber code = failure.code();
+      if (code != FailureNumber::NoSuchTable && code != FailureNumber::NoSuchColumn) Refuse(failure.description());
     }
     Refuse(fmt::format("'{}' is a database, but none of zef's.", file));
   }
