@@ -31,8 +31,11 @@ bool CopyItems(CSession& session, std::int32_t from, std::int32_t to) {
 template <class R, Load<R> load, Delete remove>
 bool DeleteItems(CSession& session, std::int32_t folder) {
   const auto items = MakeRef<Collection<R>>();
-  return (session.*load)(items, folder) &&
-         std::all_of(items->begin(), items->end(), [&](const Ref<R>& item) { return (session.*remove)(item->ID); });
+  if (!(session.*load)(items, folder)) return false;
+  for (const Ref<R>& item : *items) {
+    if (!(session.*remove)(item->ID)) return false;
+  }
+  return true;
 }
 
 template <class R, Load<R> load, Duplicate<R> duplicate, Delete remove>

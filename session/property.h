@@ -52,7 +52,7 @@ class Property {
   friend bool operator==(const Property& a, const T& b) { return a.value_ == b; }
 
   /// Stores without touching the flag: what comes from a row is no change.
-  void Load(T&& value) { value_ = std::move(value); }
+  void Load(T value) { value_ = std::move(value); }
 
  private:
   RecordFlags& record_;
