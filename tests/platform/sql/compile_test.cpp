@@ -144,6 +144,28 @@ TEST(CompileSelectTest, UnionOfNumbersHasTheWiderType) {
   EXPECT_EQ(compiled.statement.columns.at(0).type, Type::Double);
 }
 
+struct UnionRow {
+  const char* first;
+  const char* second;
+  Type type;
+};
+
+class UnionTypeTest : public testing::TestWithParam<UnionRow> {};
+
+TEST_P(UnionTypeTest, IsTheCommonOne) {
+  const auto [first, second, type] = GetParam();
+  const std::string text = std::string("SELECT ") + first + " FROM Events UNION SELECT " + second + " FROM Events";
+  EXPECT_EQ(CompileText(text).statement.columns.at(0).type, type) << text;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Compile, UnionTypeTest,
+    testing::Values(UnionRow{"EVE_Start", "EVE_Start", Type::Date}, UnionRow{"EVE_Start", "Null", Type::Date},
+                    UnionRow{"Null", "EVE_Start", Type::Date},
+                    UnionRow{"Null", "Null UNION ALL SELECT EVE_Start", Type::Date},
+                    UnionRow{"EVE_Start", "0", Type::Date}, UnionRow{"EVE_Cost", "Now()", Type::Date},
+                    UnionRow{"Null", "EVE_ID", Type::Long}, UnionRow{"EVE_Start", "EVE_Text", Type::Unknown}));
+
 TEST(CompileSelectTest, TopBecomesALimit) {
   EXPECT_EQ(Written("SELECT TOP 3 FLD_ID FROM Folders ORDER BY FLD_ID"),
             R"(SELECT "FLD_ID" FROM "Folders" ORDER BY "FLD_ID" LIMIT ?1)");
@@ -222,10 +244,11 @@ TEST(CompileInsertTest, WithoutColumnsAllAreMeant) {
 }
 
 TEST(CompileInsertTest, SelectIsConvertedToTheColumns) {
-  EXPECT_EQ(Written("INSERT INTO Seen (SEE_User, SEE_Date) SELECT FLD_ID, FLD_Name FROM Folders"),
-            R"(INSERT INTO "Seen" ("SEE_User", "SEE_Date") SELECT zef_required(zef_to_long("]`c1"), 'SEE_User'), )"
-            R"(zef_to_date("]`c2") FROM (SELECT "Folders"."FLD_ID" AS "]`c1", "Folders"."FLD_Name" AS "]`c2" FROM "Folders") )"
-            R"(AS "]`rows")");
+  EXPECT_EQ(
+      Written("INSERT INTO Seen (SEE_User, SEE_Date) SELECT FLD_ID, FLD_Name FROM Folders"),
+      R"(INSERT INTO "Seen" ("SEE_User", "SEE_Date") SELECT zef_required(zef_to_long("]`c1"), 'SEE_User'), )"
+      R"(zef_to_date("]`c2") FROM (SELECT "Folders"."FLD_ID" AS "]`c1", "Folders"."FLD_Name" AS "]`c2" FROM "Folders") )"
+      R"(AS "]`rows")");
 }
 
 TEST(CompileUpdateTest, OneTableIsUpdatedPlainly) {
@@ -243,11 +266,10 @@ TEST(CompileUpdateTest, LongerTextColumnIsChecked) {
 }
 
 TEST(CompileUpdateTest, JoinedSourcesAreFoundByRow) {
-  EXPECT_EQ(
-      Written("UPDATE EVENTS,Folders SET EVE_TEXT =Folders.FLD_Name WHERE Folders.FLD_ID = Events.EVE_FolderID"),
-      R"(UPDATE "Events" SET "EVE_Text" = "]`rows"."]`c1" FROM (SELECT "Events".rowid AS "]`row", )"
-      R"(zef_to_text("Folders"."FLD_Name", 10) AS "]`c1" FROM "Events", "Folders" WHERE )"
-      R"("Folders"."FLD_ID" = "Events"."EVE_FolderID") AS "]`rows" WHERE "Events".rowid = "]`rows"."]`row")");
+  EXPECT_EQ(Written("UPDATE EVENTS,Folders SET EVE_TEXT =Folders.FLD_Name WHERE Folders.FLD_ID = Events.EVE_FolderID"),
+            R"(UPDATE "Events" SET "EVE_Text" = "]`rows"."]`c1" FROM (SELECT "Events".rowid AS "]`row", )"
+            R"(zef_to_text("Folders"."FLD_Name", 10) AS "]`c1" FROM "Events", "Folders" WHERE )"
+            R"("Folders"."FLD_ID" = "Events"."EVE_FolderID") AS "]`rows" WHERE "Events".rowid = "]`rows"."]`row")");
 }
 
 TEST(CompileDeleteTest, StarAndPlainDeleteAreTheSame) {
