@@ -92,20 +92,25 @@ void SqlEngine::GiveBack(Plan& plan, std::unique_ptr<PreparedStatement> statemen
   if (plan.idle.size() < kIdleStatements) plan.idle.push_back(std::move(statement));
 }
 
+sql::CompiledStatement SqlEngine::CompileShape(sql::CompileOptions options) {
+  struct WithoutOptions {
+    std::string& key;
+    const std::string whole = key;
+    ~WithoutOptions() { key = whole; }
+  };
+  const WithoutOptions kept{shape_.key};
+  shape_.key.resize(shape_.key.size() - kOptionBytes);
+  return sql::Compile(sql::Parse(shape_), shape_, *this, SqlDialect(), options);
+}
+
 Ref<Plan> SqlEngine::PlanOf(const Command& command) {
   if (Ref<Plan> plan = plans_.Find(shape_.key)) return plan;
-  if (const std::int64_t version = SchemaVersion(); version != tables_version_) {
-    Forget();
-    tables_version_ = version;
-  }
-  const std::string key = shape_.key;
-  shape_.key.resize(key.size() - kOptionBytes);
-  sql::CompiledStatement compiled = sql::Compile(sql::Parse(shape_), shape_, *this, SqlDialect(), command.options);
-  shape_.key = key;
-  // Each table was described by itself; only an unchanged number tells that they belong together.
+  if (tables_version_ < 0) tables_version_ = SchemaVersion();
+  sql::CompiledStatement compiled = CompileShape(command.options);
+  // Tables were described one by one and maybe long ago; only an unchanged number tells that they still hold.
   if (SchemaVersion() != tables_version_) return nullptr;
   auto plan = MakeRef<Plan>(std::move(compiled));
-  if (plan->shape.statement().cacheable) plans_.Add(key, plan);
+  if (plan->shape.statement().cacheable) plans_.Add(shape_.key, plan);
   return plan;
 }
 
@@ -153,11 +158,10 @@ Result SqlEngine::Execute(const Command& command) {
 }
 
 bool SqlEngine::Run(const Command& command, Result& result) {
-  const Ref<Plan> plan = PlanOf(command);
-  if (!plan) return false;
-  const sql::CompiledStatement& compiled = plan->shape.statement();
-  const bool reads = compiled.kind == sql::CompiledStatement::Kind::Select;
   try {
+    const Ref<Plan> plan = PlanOf(command);
+    if (!plan) return false;
+    const bool reads = plan->shape.statement().kind == sql::CompiledStatement::Kind::Select;
     return reads ? Read(plan, command, result) : Write(plan, command, result);
   } catch (const RunTimeError&) {
     // What the columns of the plan refuse, those that another client has made of them meanwhile may take.

@@ -102,6 +102,7 @@ class SqlEngine : public Engine, protected sql::Catalog {
   bool Write(const Ref<Plan>& plan, const Command& command, Result& result);
   /// The plan of the statement at hand, or null if the tables changed while it was worked out.
   Ref<Plan> PlanOf(const Command& command);
+  sql::CompiledStatement CompileShape(sql::CompileOptions options);
   void GiveBack(Plan& plan, std::unique_ptr<PreparedStatement> statement);
   void BindAll(PreparedStatement& statement, const sql::CompiledStatement& compiled, const Command& command);
   const Value& Given(const sql::ParameterPlan& plan, const Command& command, sql::StatementClock& clock,

@@ -11,9 +11,11 @@ namespace zef::sql {
 namespace {
 
 std::string Enclosed(std::string_view content, char quote) {
-  std::string text(1, quote);
+  std::string text;
+  text.reserve(content.size() + 2);
+  text += quote;
   for (const char c : content) text.append(c == quote ? 2 : 1, c);
-  return text + quote;
+  return text += quote;
 }
 
 std::vector<LiteralKind> ReadKinds(std::string_view key) {

@@ -152,15 +152,13 @@ void Change::AddColumn() {
 void Change::DropColumn() {
   const sql::TableInfo table = Table();
   const sql::ColumnInfo& column = Column(table, change_.name);
-  if (const std::string use = UseOf(table.name, column); !use.empty()) {
-    throw RunTimeError(FailureNumber::StatementError,
-                       "The column '" + column.name + "' cannot be dropped: it belongs to " + use + ".");
-  }
+  const std::string use = UseOf(table.name, column);
+  const std::string refusal = "The column '" + column.name + "' cannot be dropped: it belongs to " + use + ".";
+  if (!use.empty()) throw RunTimeError(FailureNumber::StatementError, refusal);
   Run("ALTER TABLE " + QuotedName(table.name) + " DROP COLUMN " + QuotedName(column.name));
 }
 
-/// What would break without the column, in words; empty if nothing would. Older indexes go first: the companion of an
-/// index over texts is made behind it.
+/// What would break without the column, in words; empty if nothing would. An index is older than its companion.
 std::string Change::UseOf(const std::string& table, const sql::ColumnInfo& column) {
   constexpr std::string_view kUses =
       "SELECT CASE l.origin WHEN 'c' THEN 'the index ''' || l.name || '''' ELSE 'a key of the table' END, l.seq AS age"
