@@ -86,6 +86,7 @@ void SelectCore::AddStar(const Expr& star) {
   for (const ScopeSource& source : scope_.sources()) {
     const bool meant = star.qualifier.empty() || text::EqualNames(star.qualifier, source.name);
     if (!meant) continue;
+    items_.reserve(items_.size() + source.info().columns.size());
     for (const ColumnInfo& column : source.info().columns) {
       RequireRoom(items_.size(), "A result", star.place);
       const FoundColumn found{&source, &column, scope_.qualifies()};
@@ -145,7 +146,9 @@ std::string SelectCore::Body(bool collated) {
 }
 
 std::string SelectCore::ItemList(bool collated) const {
+  constexpr std::size_t kUsual = 24;
   std::string list;
+  list.reserve(items_.size() * kUsual);
   std::size_t number = 0;
   for (const SelectedItem& item : items_) {
     ++number;
