@@ -116,20 +116,28 @@ Ref<Plan> SqlEngine::KnownPlan(const Command& command) {
   return find();
 }
 
-Ref<Plan> SqlEngine::NewPlan(const Command& command) {
-  if (const std::int64_t version = SchemaVersion(); version != tables_version_) {
-    Forget();
-    tables_version_ = version;
-  }
-  const std::string key = shape_.key;
-  shape_.key.resize(key.size() - kOptionBytes);
-  sql::CompiledStatement compiled = sql::Compile(sql::Parse(shape_), shape_, *this, SqlDialect(), command.options);
-  shape_.key = key;
-  // Each table was described by itself; only an unchanged number tells that they belong together.
+sql::CompiledStatement SqlEngine::CompileShape(sql::CompileOptions options) {
+  struct WithoutOptions {
+    std::string& key;
+    const std::string whole = key;
+    ~WithoutOptions() { key = whole; }
+  };
+  const WithoutOptions kept{shape_.key};
+  shape_.key.resize(shape_.key.size() - kOptionBytes);
+  return sql::Compile(sql::Parse(shape_), shape_, *this, SqlDialect(), options);
+}
+
+Ref<Plan> SqlEngine::NewPlan(const Command& command) try {
+  if (tables_version_ < 0) tables_version_ = SchemaVersion();
+  sql::CompiledStatement compiled = CompileShape(command.options);
+  // Tables were described one by one and maybe long ago; only an unchanged number tells that they still hold.
   if (SchemaVersion() != tables_version_) return nullptr;
   auto plan = MakeRef<Plan>(std::move(compiled));
-  if (plan->shape.statement().cacheable) plans_.Add(key, plan);
+  if (plan->shape.statement().cacheable) plans_.Add(shape_.key, plan);
   return plan;
+} catch (const RunTimeError&) {
+  if (SchemaVersion() == tables_version_) throw;
+  return nullptr;
 }
 
 const Value& SqlEngine::Given(const sql::ParameterPlan& plan, const Command& command, sql::StatementClock& clock,

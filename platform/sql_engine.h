@@ -110,6 +110,7 @@ class SqlEngine : public Engine, protected sql::Catalog {
   Ref<Plan> NewPlan(const Command& command);
   /// False if nothing was done because the tables have changed since the plan was worked out.
   bool Run(const Ref<Plan>& plan, const Command& command, Result& result);
+  sql::CompiledStatement CompileShape(sql::CompileOptions options);
   void GiveBack(Plan& plan, std::unique_ptr<PreparedStatement> statement);
   void BindAll(PreparedStatement& statement, const sql::CompiledStatement& compiled, const Command& command);
   const Value& Given(const sql::ParameterPlan& plan, const Command& command, sql::StatementClock& clock,

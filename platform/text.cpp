@@ -121,8 +121,8 @@ std::int64_t Find(std::string_view whole, std::string_view part, std::int64_t st
   RequireAtLeast(1, start);
   std::size_t at = 0;
   for (std::int64_t position = 1;; ++position) {
-    if (position >= start && StandsAt(whole, at, part)) return position;
     if (at == whole.size()) return 0;
+    if (position >= start && StandsAt(whole, at, part)) return position;
     NextCodePoint(whole, at);
   }
 }

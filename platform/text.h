@@ -34,7 +34,7 @@ std::string_view Right(std::string_view text, std::int64_t count);
 /// Without the blanks (U+0020) at both ends.
 std::string_view Trim(std::string_view text);
 /// Position of `part` in `whole` from position `start` on (from 1), letter case ignored; 0 if it is not there. An empty
-/// part is found at `start`, if the text reaches there. Raises 5 for a start below 1.
+/// part is found at `start`, if a character stands there. Raises 5 for a start below 1.
 std::int64_t Find(std::string_view whole, std::string_view part, std::int64_t start = 1);
 
 /// The LIKE of the dialect, letter case ignored: `%` any run of characters, `_` one, `[a-z]` one of a set, `[!a-z]` one

@@ -33,6 +33,10 @@ Type SumType(const std::string& op, const std::vector<Operand>& sides) {
   return distance ? Type::Double : Type::Date;
 }
 
+bool HasDate(const std::vector<Operand>& sides) {
+  return std::any_of(sides.begin(), sides.end(), [](const Operand& side) { return side.type == Type::Date; });
+}
+
 constexpr std::size_t kMostIndexedTexts = 100;
 
 /// True if an index of the column serves searches for plain ASCII texts.
@@ -171,10 +175,19 @@ Operand ExpressionWriter::Calculation(const Expr& expr) {
 Operand ExpressionWriter::Calculated(const Expr& expr, const Arithmetic& op, const Operands& sides) const {
   if (!op.helper.empty()) return {writing_.Call(op.helper, sides[0].text + ", " + sides[1].text), op.result};
   const Type type = op.result == Type::Unknown ? SumType(expr.name, sides) : NumberType(sides);
+  if (HasDate(sides) && op.result == Type::Unknown) return DateSum(expr, sides, type);
   // Behind the operator stands what binds more tightly: a - (b - c).
   const auto tighter = static_cast<Binding>(static_cast<int>(op.binding) + 1);
   const std::string text = Bracketed(sides[0], op.binding) + " " + expr.name + " " + Bracketed(sides[1], tighter);
   return {text, type, 0, op.binding};
+}
+
+/// The numbers of dates before day zero do not run with the time of day, so dates are not added like numbers.
+Operand ExpressionWriter::DateSum(const Expr& expr, const Operands& sides, Type type) const {
+  if (type == Type::Double) return {writing_.Call("date_distance", sides[1].text + ", " + sides[0].text), type};
+  const bool turned = sides[0].type != Type::Date;
+  const std::string days = Bracketed(sides[turned ? 0 : 1], Binding::Whole);
+  return {writing_.Call("date_sum", sides[turned ? 1 : 0].text + (expr.name == "-" ? ", -" : ", ") + days), type};
 }
 
 Operand ExpressionWriter::Like(const Expr& expr) {

@@ -60,6 +60,7 @@ class ExpressionWriter {
   Operand Concatenation(const Expr& expr);
   Operand Calculation(const Expr& expr);
   Operand Calculated(const Expr& expr, const Arithmetic& op, const Operands& sides) const;
+  Operand DateSum(const Expr& expr, const Operands& sides, Type type) const;
   Operand Like(const Expr& expr);
   Operand Between(const Expr& expr);
   Operand InList(const Expr& expr);

@@ -20,8 +20,11 @@ constexpr std::string_view kReserved[] = {
 };
 
 bool IsReserved(std::string_view word) {
-  return std::any_of(std::begin(kReserved), std::end(kReserved),
-                     [word](std::string_view reserved) { return text::EqualNames(reserved, word); });
+  constexpr std::size_t kLongest = 11;
+  if (word.size() > kLongest) return false;
+  return std::any_of(std::begin(kReserved), std::end(kReserved), [word](std::string_view reserved) {
+    return reserved.size() == word.size() && text::EqualNames(reserved, word);
+  });
 }
 
 /// Literals are shorter in the key than in the statement; moves the tokens to where the statement has them.
@@ -121,7 +124,7 @@ const Token& Parser::Peek(std::size_t ahead) const { return tokens_[std::min(pos
 bool Parser::At(std::string_view word, std::size_t ahead) const {
   const Token& token = Peek(ahead);
   const bool plain = token.kind == Token::Kind::Word || token.kind == Token::Kind::Symbol;
-  return plain && text::EqualNames(token.text, word);
+  return plain && token.text.size() == word.size() && text::EqualNames(token.text, word);
 }
 
 bool Parser::Take(std::string_view word) {

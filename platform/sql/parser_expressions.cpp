@@ -89,6 +89,8 @@ const Parser::Operator* Parser::TakeOperator(int level) {
       {"^", Power, &Parser::BinaryRest},
       {"XOR", Xor, &Parser::ChainRest},
   };
+  const Token::Kind kind = Peek().kind;
+  if (kind != Token::Kind::Word && kind != Token::Kind::Symbol) return nullptr;
   const auto* const op = std::find_if(std::begin(kOperators), std::end(kOperators),
                                       [this](const Operator& candidate) { return At(candidate.text); });
   if (op == std::end(kOperators) || op->level < level) return nullptr;

@@ -1,5 +1,6 @@
 #include <utility>
 
+#include "platform/sql/limits.h"
 #include "platform/sql/parser_state.h"
 
 namespace zef::sql {
@@ -58,6 +59,9 @@ std::unique_ptr<Select> Parser::Query() {
   auto query = UnionTerm();
   if (bracketed && (At("UNION") || At("ORDER"))) query = AsPart(std::move(query), place);
   while (Take("UNION")) {
+    if (query->unions.size() + 1 == kMostUnited) {
+      Fail("a UNION has at most " + std::to_string(kMostUnited) + " selects, and this is one more");
+    }
     Select::UnionPart& part = query->unions.emplace_back();
     part.all = Take("ALL");
     const std::size_t part_place = Peek().place;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/sql/limits.h"
 #include "platform/sql/statement_error.h"
 #include "platform/text.h"
 
@@ -28,6 +29,10 @@ ScopeSource& Scope::Add(ScopeSource source, std::size_t place) {
   if (!source.name.empty() && FindSource(source.name) != nullptr) {
     RaiseAt(FailureNumber::StatementError, "The source '" + source.name + "' stands twice in FROM; one needs an alias",
             place);
+  }
+  if (sources_.size() == kMostSources) {
+    RaiseAt(FailureNumber::StatementError,
+            "A FROM has at most " + std::to_string(kMostSources) + " tables and selects, and this is one more", place);
   }
   return sources_.emplace_back(std::move(source));
 }

@@ -37,7 +37,7 @@ class Scope {
   Scope(const Scope&) = delete;
   Scope& operator=(const Scope&) = delete;
 
-  /// Raises -2147217900 if a source of that name is there already.
+  /// Raises -2147217900 if a source of that name is there already, and for one too many.
   ScopeSource& Add(ScopeSource source, std::size_t place);
   /// Lets a source of this scope stand in FROM as another text.
   void Rewrite(const ScopeSource& source, std::string text);

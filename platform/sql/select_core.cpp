@@ -5,10 +5,20 @@
 #include <utility>
 
 #include "platform/sql/from_writer.h"
+#include "platform/sql/limits.h"
 #include "platform/sql/statement_error.h"
 #include "platform/text.h"
 
 namespace zef::sql {
+namespace {
+
+void RequireRoom(std::size_t count, std::string_view list, std::size_t place) {
+  if (count < kMostColumns) return;
+  RaiseAt(FailureNumber::StatementError,
+          std::string(list) + " has at most " + std::to_string(kMostColumns) + " columns, and this is one more", place);
+}
+
+}  // namespace
 
 SelectCore::SelectCore(Writing& writing, const Select& select, const Scope* outer, Naming naming)
     : writing_(writing),
@@ -33,6 +43,7 @@ SelectCore::SelectCore(Writing& writing, const Select& select, const Scope* oute
 void SelectCore::AddKeys() {
   first_parameter_ = writing_.parameters();
   for (const ExprPtr& expr : select_.group_by) {
+    RequireRoom(keys_.size(), "A GROUP BY", expr->place);
     const Expr& key = KeyOf(*expr);
     keys_.push_back(expressions_.Value(key));
     if (key.kind == Expr::Kind::Column) grouping_.AddKey(scope_.Find(key));
@@ -58,6 +69,7 @@ std::size_t SelectCore::PositionOf(const Expr& literal, std::size_t columns) con
 
 void SelectCore::AddItem(const SelectItem& item) {
   if (item.expr->kind == Expr::Kind::Star) return AddStar(*item.expr);
+  RequireRoom(items_.size(), "A result", item.expr->place);
   Operand value = expressions_.Value(*item.expr);
   std::string name = NameOf(item, value);
   items_.push_back({std::move(value), std::move(name), !item.alias.empty()});
@@ -74,7 +86,9 @@ void SelectCore::AddStar(const Expr& star) {
   for (const ScopeSource& source : scope_.sources()) {
     const bool meant = star.qualifier.empty() || text::EqualNames(star.qualifier, source.name);
     if (!meant) continue;
+    items_.reserve(items_.size() + source.info().columns.size());
     for (const ColumnInfo& column : source.info().columns) {
+      RequireRoom(items_.size(), "A result", star.place);
       const FoundColumn found{&source, &column, scope_.qualifies()};
       grouping_.Note(found, star.place);
       items_.push_back({expressions_.Reference(found), column.name, false});
@@ -132,7 +146,9 @@ std::string SelectCore::Body(bool collated) {
 }
 
 std::string SelectCore::ItemList(bool collated) const {
+  constexpr std::size_t kUsual = 24;
   std::string list;
+  list.reserve(items_.size() * kUsual);
   std::size_t number = 0;
   for (const SelectedItem& item : items_) {
     ++number;
@@ -163,7 +179,9 @@ std::string SelectCore::Having() {
 std::string SelectCore::OrderBy() {
   const Writing::Sharing sharing(writing_, first_parameter_, select_.distinct ? behind_items_ : behind_keys_);
   std::string list;
+  std::size_t count = 0;
   for (const OrderItem& order : select_.order_by) {
+    RequireRoom(count++, "An ORDER BY", order.expr->place);
     const SelectedItem* const item = ItemOf(*order.expr);
     AppendItem(list, expressions_.Collated(item != nullptr ? item->value : Sorted(*order.expr)));
     if (order.descending) list += " DESC";

@@ -12,6 +12,7 @@ namespace {
 
 std::vector<ColumnInfo> ColumnsOf(const SelectCore& core) {
   std::vector<ColumnInfo> columns;
+  columns.reserve(core.items().size());
   for (const SelectedItem& item : core.items()) {
     ColumnInfo& column = columns.emplace_back();
     column.name = item.name;
@@ -147,6 +148,7 @@ void WriteSelectStatement(Writing& writing, const Select& select) {
   CompiledStatement& result = writing.result();
   result.kind = CompiledStatement::Kind::Select;
   result.text = std::move(written.text);
+  result.columns.reserve(written.columns.size());
   for (ColumnInfo& column : written.columns) result.columns.push_back({std::move(column.name), column.type});
 }
 

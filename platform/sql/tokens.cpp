@@ -85,7 +85,9 @@ bool IsSchemaChange(std::string_view statement) {
 
 std::vector<Token> ReadTokens(std::string_view key) {
   TokenReader reader(key);
+  constexpr std::size_t kUsualLength = 4;
   std::vector<Token> tokens;
+  tokens.reserve(key.size() / kUsualLength + 1);
   do tokens.push_back(reader.Next());
   while (tokens.back().kind != Token::Kind::End);
   return tokens;

@@ -11,9 +11,14 @@ namespace zef::sql {
 namespace {
 
 std::string Enclosed(std::string_view content, char quote) {
-  std::string text(1, quote);
-  for (const char c : content) text.append(c == quote ? 2 : 1, c);
-  return text + quote;
+  std::string text;
+  text.reserve(content.size() + 2);
+  text += quote;
+  for (std::size_t found = content.find(quote); found != std::string_view::npos; found = content.find(quote)) {
+    text.append(content.substr(0, found + 1)) += quote;
+    content.remove_prefix(found + 1);
+  }
+  return text.append(content) += quote;
 }
 
 std::vector<LiteralKind> ReadKinds(std::string_view key) {

@@ -1,3 +1,4 @@
+#include <cmath>
 #include <utility>
 
 #include "platform/date_parts.h"
@@ -58,6 +59,12 @@ Date TimeOf(Date moment) { return date_parts::Join({0, moment.SecondsOfDay()}); 
 
 void DateOnly(FunctionCall& call) { call.ReturnDate(call.Moment(0).WithoutTime()); }
 void TimeOnly(FunctionCall& call) { call.ReturnDate(TimeOf(call.Moment(0))); }
+/// Days from day zero, and the number of the date there: before day zero the time of day is taken off the number.
+double DaysOf(double date) { return date < 0 ? 2 * std::trunc(date) - date : date; }
+double DateAt(double days) { return days < 0 ? 2 * std::floor(days) - days : days; }
+
+void Sum(FunctionCall& call) { call.ReturnNumber(DateAt(DaysOf(call.Number(0)) + call.Number(1))); }
+void Distance(FunctionCall& call) { call.ReturnNumber(DaysOf(call.Number(1)) - DaysOf(call.Number(0))); }
 void Convert(FunctionCall& call) { call.ReturnDate(ToDate(call.Value(0))); }
 
 constexpr SqliteFunction kFunctions[] = {
@@ -69,6 +76,8 @@ constexpr SqliteFunction kFunctions[] = {
     {"second", 1, 1, false, &Second},
     {"weekday", 1, 2, false, &Weekday},
     {"date_add", 3, 3, false, &Add},
+    {"date_sum", 2, 2, false, &Sum},
+    {"date_distance", 2, 2, false, &Distance},
     {"date_diff", 3, 3, false, &Difference},
     {"date_part", 2, 2, false, &Part},
     {"date_serial", 3, 3, false, &FromCalendar},

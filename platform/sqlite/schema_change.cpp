@@ -36,6 +36,7 @@ class Change {
   sql::TableInfo Table();
   const sql::ColumnInfo& Column(const sql::TableInfo& table, std::string_view name);
   void MakeIndex(const std::string& name, bool unique, const std::vector<sql::SchemaChange::IndexColumn>& columns);
+  std::string UseOf(const std::string& table, const sql::ColumnInfo& column);
   void ConvertValues(const std::string& table, const sql::ColumnInfo& old, const sql::ColumnDefinition& column);
   TableText StoredText(const std::string& table);
   void ReplaceText(const std::string& table, const TableText& text);
@@ -151,7 +152,26 @@ void Change::AddColumn() {
 
 void Change::DropColumn() {
   const sql::TableInfo table = Table();
-  Run("ALTER TABLE " + QuotedName(table.name) + " DROP COLUMN " + QuotedName(Column(table, change_.name).name));
+  const sql::ColumnInfo& column = Column(table, change_.name);
+  const std::string use = UseOf(table.name, column);
+  const std::string refusal = "The column '" + column.name + "' cannot be dropped: it belongs to " + use + ".";
+  if (!use.empty()) throw RunTimeError(FailureNumber::StatementError, refusal);
+  Run("ALTER TABLE " + QuotedName(table.name) + " DROP COLUMN " + QuotedName(column.name));
+}
+
+/// What would break without the column, in words; empty if nothing would. An index is older than its companion.
+std::string Change::UseOf(const std::string& table, const sql::ColumnInfo& column) {
+  constexpr std::string_view kUses =
+      "SELECT CASE l.origin WHEN 'c' THEN 'the index ''' || l.name || '''' ELSE 'a key of the table' END, l.seq AS age"
+      " FROM pragma_index_list(?1) AS l, pragma_index_info(l.name) AS i WHERE i.name=?2"
+      " UNION ALL SELECT 'a relationship of the table', -1 FROM pragma_foreign_key_list(?1) AS f"
+      " WHERE f.\"from\"=?2 COLLATE NOCASE ORDER BY age DESC";
+  if (column.key) return "a key of the table";
+  const StatementHandle statement = PrepareOwn(db_, kUses);
+  sqlite3_bind_text(statement.get(), 1, table.data(), static_cast<int>(table.size()), SQLITE_STATIC);
+  sqlite3_bind_text(statement.get(), 2, column.name.data(), static_cast<int>(column.name.size()), SQLITE_STATIC);
+  if (sqlite3_step(statement.get()) != SQLITE_ROW) return {};
+  return reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), 0));
 }
 
 /// A column that only changes its declared type keeps its values where they are; those of another kind are converted in

@@ -30,11 +30,33 @@ constexpr Sentence kByCode[] = {
     {SQLITE_NOMEM, FailureNumber::OutOfMemory, "Out of memory"},
 };
 
-/// Failures of a statement by how the engine's sentence begins.
-constexpr Sentence kBySentence[] = {
-    {SQLITE_ERROR, FailureNumber::NoSuchTable, "no such table"},
-    {SQLITE_ERROR, FailureNumber::NoSuchColumn, "no such column"},
-    {SQLITE_ERROR, FailureNumber::ColumnExists, "duplicate column name"},
+/// Failures of a statement by how the engine's sentence begins; an empty text keeps that sentence.
+struct Beginning {
+  std::string_view own;
+  FailureNumber number;
+  std::string_view text;
+};
+
+constexpr std::string_view kTooDeep =
+    "The statement is too complex: selects or operators stand too deep inside each other.";
+constexpr std::string_view kTooManyColumns =
+    "A table, a result, a GROUP BY and an ORDER BY have at most 2000 columns each.";
+constexpr std::string_view kTooManySources =
+    "A select reads at most 64 tables, those of selects inside its FROM included.";
+
+constexpr Beginning kByBeginning[] = {
+    {"no such table", FailureNumber::NoSuchTable, ""},
+    {"no such column", FailureNumber::NoSuchColumn, ""},
+    {"duplicate column name", FailureNumber::ColumnExists, ""},
+    {"Expression tree is too large", FailureNumber::StatementError, kTooDeep},
+    {"Recursion limit", FailureNumber::StatementError, kTooDeep},
+    {"parser stack overflow", FailureNumber::StatementError, kTooDeep},
+    {"too many columns", FailureNumber::StatementError, kTooManyColumns},
+    {"too many terms in ORDER BY", FailureNumber::StatementError, kTooManyColumns},
+    {"too many terms in GROUP BY", FailureNumber::StatementError, kTooManyColumns},
+    {"too many terms in compound", FailureNumber::StatementError, "A UNION has at most 500 selects."},
+    {"at most 64 tables", FailureNumber::StatementError, kTooManySources},
+    {"too many FROM clause terms", FailureNumber::StatementError, kTooManySources},
 };
 
 std::string Readable(std::string_view sentence) {
@@ -52,8 +74,8 @@ RunTimeError SqliteFailure(sqlite3* db, int code) {
     if (known.code == (code & 0xff))
       return {known.number, known.text.empty() ? Readable(own) : std::string(known.text)};
   }
-  for (const Sentence& known : kBySentence) {
-    if (own.starts_with(known.text)) return {known.number, Readable(own)};
+  for (const Beginning& known : kByBeginning) {
+    if (own.starts_with(known.own)) return {known.number, Readable(known.text.empty() ? own : known.text)};
   }
   return {FailureNumber::StatementError, Readable(own)};
 }

@@ -168,7 +168,8 @@ TEST(Find, WhatIsNotThereIs0) { EXPECT_EQ(Find("abc", "abd"), 0); }
 TEST(Find, StartsAtAPosition) { EXPECT_EQ(Find("abcabc", "A", 2), 4); }
 TEST(Find, TakesAMatchAtItsStart) { EXPECT_EQ(Find("abcabc", "a", 4), 4); }
 TEST(Find, AnEmptyPartIsFoundAtTheStart) { EXPECT_EQ(Find("abc", "", 2), 2); }
-TEST(Find, AnEmptyPartBehindTheTextIsNotFound) { EXPECT_EQ(Find("abc", "", 9), 0); }
+TEST(Find, AnEmptyPartBehindTheTextIsNotFound) { EXPECT_EQ(Find("abc", "", 4), 0); }
+TEST(Find, AnEmptyPartOfAnEmptyTextIsNotFound) { EXPECT_EQ(Find("", ""), 0); }
 TEST(Find, APartLongerThanTheTextIsNotFound) { EXPECT_EQ(Find("ab", "abc"), 0); }
 TEST(Find, AnOverlappingBeginningIsNoHindrance) { EXPECT_EQ(Find("aab", "ab"), 2); }
 

@@ -1,4 +1,5 @@
 #include "tests/platform/conformance/backend.h"
+#include "tests/support/raised.h"
 
 namespace zef::test {
 namespace {
@@ -83,6 +84,30 @@ TEST_P(SchemaChanges, AnIndexIsMadeAndDropped) {
   Execute("CREATE INDEX IX_Word ON Things (Word DESC, T)");
   Execute("DROP INDEX IX_Word ON Things");
   Execute("CREATE INDEX IX_Word ON Things (Word)");
+}
+
+TEST_P(SchemaChanges, AnIndexedColumnIsNotDroppedAndTheIndexIsNamed) {
+  Execute("CREATE INDEX IX_Word ON Things (T, Word)");
+  Execute("CREATE INDEX IX_Later ON Things (Word)");
+  EXPECT_EQ(Raised([&] { Execute("ALTER TABLE Things DROP COLUMN word"); })->description(),
+            "The column 'Word' cannot be dropped: it belongs to the index 'IX_Word'.");
+  EXPECT_EQ(Words(), "ten chars.");
+}
+
+TEST_P(SchemaChanges, AKeyColumnIsNotDropped) {
+  EXPECT_EQ(Raised([&] { Execute("ALTER TABLE Things DROP COLUMN T"); })->description(),
+            "The column 'T' cannot be dropped: it belongs to a key of the table.");
+}
+
+TEST_P(SchemaChanges, AColumnOfARelationshipIsNotDropped) {
+  EXPECT_EQ(Raised([&] { Execute("ALTER TABLE Things DROP COLUMN P"); })->description(),
+            "The column 'P' cannot be dropped: it belongs to a relationship of the table.");
+}
+
+TEST_P(SchemaChanges, AColumnWhoseIndexIsGoneIsDropped) {
+  Execute("CREATE INDEX IX_Word ON Things (Word)");
+  Execute("DROP INDEX IX_Word ON Things");
+  EXPECT_EQ(FailureOf("ALTER TABLE Things DROP COLUMN Word"), 0);
 }
 
 TEST_P(SchemaChanges, ADroppedTableIsGone) {

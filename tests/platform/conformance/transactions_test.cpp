@@ -148,6 +148,18 @@ TEST_P(Transactions, AnotherClientsChangeAfterARolledBackOneIsNoticed) {
   EXPECT_EQ(FailureOf("SELECT Other FROM Numbers"), 0);
 }
 
+TEST_P(Transactions, ATableThatWasMissingIsFoundOnceAnotherClientMakesIt) {
+  EXPECT_EQ(FailureOf("SELECT A FROM Later"), -2147217865);
+  Connect()->Execute("CREATE TABLE Later (A Long)");
+  EXPECT_EQ(FailureOf("SELECT A FROM Later"), 0);
+}
+
+TEST_P(Transactions, AColumnThatWasMissingIsFoundOnceAnotherClientAddsIt) {
+  EXPECT_EQ(FailureOf("SELECT Other FROM Numbers WHERE N='1'"), -2147217904);
+  Connect()->Execute("ALTER TABLE Numbers ADD COLUMN Other Long");
+  EXPECT_EQ(FailureOf("SELECT Other FROM Numbers WHERE N='1'"), 0);
+}
+
 TEST_P(Transactions, APessimisticRecordSetThatIsClosedUnchangedLeavesNothingOpen) {
   Insert(1);
   auto rs = MakeRef<Recordset>();

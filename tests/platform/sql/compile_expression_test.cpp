@@ -147,21 +147,22 @@ TEST_P(ExpressionTypeTest, IsInferred) { EXPECT_EQ(TypeOf(GetParam().expression,
 
 INSTANTIATE_TEST_SUITE_P(
     Compile, ExpressionTypeTest,
-    testing::Values(TypeRow{"DateAdd('d',1,EVE_Start)", Type::Date}, TypeRow{"EVE_Start+1", Type::Date},
-                    TypeRow{"EVE_Start-EVE_Start", Type::Double}, TypeRow{"EVE_Start-1", Type::Date},
-                    TypeRow{"CStr(FLD_ID)", Type::Text}, TypeRow{"Count(*)", Type::Long},
-                    TypeRow{"FLD_ID=1", Type::Boolean}, TypeRow{"NOT FLD_Open", Type::Boolean},
-                    TypeRow{"FLD_ID+FLD_Type", Type::Long}, TypeRow{"FLD_ID*1.5", Type::Double},
-                    TypeRow{"FLD_ID/2", Type::Double}, TypeRow{"FLD_ID\\2", Type::Long},
-                    TypeRow{"FLD_Name & 1", Type::Text}, TypeRow{"FLD_Note", Type::Memo},
-                    TypeRow{"Max(EVE_Start)", Type::Date}, TypeRow{"Sum(FLD_ID)", Type::Double},
-                    TypeRow{"Int(EVE_Cost)", Type::Double}, TypeRow{"Abs(FLD_Type)", Type::Long},
-                    TypeRow{"Nz(FLD_Type,0)", Type::Long}, TypeRow{"IIf(FLD_Open,FLD_ID,EVE_Cost)", Type::Double},
-                    TypeRow{"IIf(FLD_Open,Null,EVE_Start)", Type::Date}, TypeRow{"IIf(FLD_Open,'',1)", Type::Text},
-                    TypeRow{"(SELECT Max(SEE_Date) FROM Seen)", Type::Date}, TypeRow{"#5/1/2024#", Type::Date},
-                    TypeRow{"-FLD_ID", Type::Long}, TypeRow{"'5'+3", Type::Double}, TypeRow{"True", Type::Boolean},
-                    TypeRow{"CByte(FLD_ID)", Type::Byte}, TypeRow{"EVE_Data", Type::Binary},
-                    TypeRow{"?", Type::Unknown}));
+    testing::Values(
+        TypeRow{"DateAdd('d',1,EVE_Start)", Type::Date}, TypeRow{"EVE_Start+1", Type::Date},
+        TypeRow{"EVE_Start-EVE_Start", Type::Double}, TypeRow{"EVE_Start-1", Type::Date},
+        TypeRow{"CStr(FLD_ID)", Type::Text}, TypeRow{"Count(*)", Type::Long}, TypeRow{"FLD_ID=1", Type::Boolean},
+        TypeRow{"NOT FLD_Open", Type::Boolean}, TypeRow{"FLD_ID+FLD_Type", Type::Long},
+        TypeRow{"FLD_ID*1.5", Type::Double}, TypeRow{"FLD_ID/2", Type::Double}, TypeRow{"FLD_ID\\2", Type::Long},
+        TypeRow{"FLD_Name & 1", Type::Text}, TypeRow{"FLD_Note", Type::Memo}, TypeRow{"Max(EVE_Start)", Type::Date},
+        TypeRow{"Sum(FLD_ID)", Type::Double}, TypeRow{"Int(EVE_Cost)", Type::Double},
+        TypeRow{"Abs(FLD_Type)", Type::Long}, TypeRow{"Nz(FLD_Type,0)", Type::Long},
+        TypeRow{"IIf(FLD_Open,FLD_ID,EVE_Cost)", Type::Double}, TypeRow{"IIf(FLD_Open,EVE_Start,0)", Type::Date},
+        TypeRow{"IIf(FLD_Open,0,EVE_Start)", Type::Date}, TypeRow{"Nz(EVE_Start,0)", Type::Date},
+        TypeRow{"IIf(FLD_Open,EVE_Start,EVE_Cost)", Type::Date}, TypeRow{"IIf(FLD_Open,EVE_Start,True)", Type::Unknown},
+        TypeRow{"IIf(FLD_Open,Null,EVE_Start)", Type::Date}, TypeRow{"IIf(FLD_Open,'',1)", Type::Text},
+        TypeRow{"(SELECT Max(SEE_Date) FROM Seen)", Type::Date}, TypeRow{"#5/1/2024#", Type::Date},
+        TypeRow{"-FLD_ID", Type::Long}, TypeRow{"'5'+3", Type::Double}, TypeRow{"True", Type::Boolean},
+        TypeRow{"CByte(FLD_ID)", Type::Byte}, TypeRow{"EVE_Data", Type::Binary}, TypeRow{"?", Type::Unknown}));
 
 }  // namespace
 }  // namespace zef::sql

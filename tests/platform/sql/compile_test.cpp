@@ -144,6 +144,28 @@ TEST(CompileSelectTest, UnionOfNumbersHasTheWiderType) {
   EXPECT_EQ(compiled.statement.columns.at(0).type, Type::Double);
 }
 
+struct UnionRow {
+  const char* first;
+  const char* second;
+  Type type;
+};
+
+class UnionTypeTest : public testing::TestWithParam<UnionRow> {};
+
+TEST_P(UnionTypeTest, IsTheCommonOne) {
+  const auto [first, second, type] = GetParam();
+  const std::string text = std::string("SELECT ") + first + " FROM Events UNION SELECT " + second + " FROM Events";
+  EXPECT_EQ(CompileText(text).statement.columns.at(0).type, type) << text;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Compile, UnionTypeTest,
+    testing::Values(UnionRow{"EVE_Start", "EVE_Start", Type::Date}, UnionRow{"EVE_Start", "Null", Type::Date},
+                    UnionRow{"Null", "EVE_Start", Type::Date},
+                    UnionRow{"Null", "Null UNION ALL SELECT EVE_Start", Type::Date},
+                    UnionRow{"EVE_Start", "0", Type::Date}, UnionRow{"EVE_Cost", "Now()", Type::Date},
+                    UnionRow{"Null", "EVE_ID", Type::Long}, UnionRow{"EVE_Start", "EVE_Text", Type::Unknown}));
+
 TEST(CompileSelectTest, TopBecomesALimit) {
   EXPECT_EQ(Written("SELECT TOP 3 FLD_ID FROM Folders ORDER BY FLD_ID"),
             R"(SELECT "FLD_ID" FROM "Folders" ORDER BY "FLD_ID" LIMIT ?1)");

@@ -217,7 +217,8 @@ INSTANTIATE_TEST_SUITE_P(
                                "11: a call takes one statement, and nothing may follow its end."},
                     RefusalRow{"SecondSemicolon", "SELECT a;;",
                                "10: a call takes one statement, and nothing may follow its end."},
-                    RefusalRow{"HugeNumber", "a=1E999", "3: this number is out of range."}),
+                    RefusalRow{"HugeNumber", "a=1E999", "3: this number is out of range."},
+                    RefusalRow{"HugeNegativeNumber", "a=-1E999", "3: this number is out of range."}),
     [](const auto& row) { return std::string(row.param.name); });
 
 struct CharacterRow {

@@ -22,15 +22,16 @@ TEST_P(FunctionResultTest, IsRight) {
 INSTANTIATE_TEST_SUITE_P(
     Texts, FunctionResultTest,
     testing::Values(Result{"InStr('abcB','b')", "2"}, Result{"InStr(3,'abcB','b')", "4"},
-                    Result{"InStr('abc','x')", "0"}, Result{"InStr('abc','')", "1"}, Result{"InStr(Null,'a')", "Null"},
-                    Result{"Left('äbc',2)", "äb"}, Result{"Left('abc',9)", "abc"}, Result{"Left(Null,1)", "Null"},
-                    Result{"Left(1234,2)", "12"}, Result{"Right('abc',2)", "bc"}, Result{"Right('abc',0)", ""},
-                    Result{"Mid('abcd',2)", "bcd"}, Result{"Mid('abcd',2,2)", "bc"}, Result{"Mid('abcd',9)", ""},
-                    Result{"Mid('abcd',2,Null)", "Null"}, Result{"Len('äb')", "2"}, Result{"Len('')", "0"},
-                    Result{"Len(1234)", "4"}, Result{"Len(Null)", "Null"}, Result{"Trim('  a b ')", "a b"},
-                    Result{"LTrim('  a ')", "a "}, Result{"RTrim('  a ')", "  a"}, Result{"RTrim('   ')", ""},
-                    Result{"LTrim('   ')", ""}, Result{"UCase('aä')", "AÄ"}, Result{"LCase('AÄ')", "aä"},
-                    Result{"Trim(Null)", "Null"}, Result{"UCase(Null)", "Null"}));
+                    Result{"InStr('abc','x')", "0"}, Result{"InStr('abc','')", "1"}, Result{"InStr('','')", "0"},
+                    Result{"InStr('','a')", "0"}, Result{"InStr(2,'abc','')", "2"}, Result{"InStr(4,'abc','')", "0"},
+                    Result{"InStr(Null,'a')", "Null"}, Result{"Left('äbc',2)", "äb"}, Result{"Left('abc',9)", "abc"},
+                    Result{"Left(Null,1)", "Null"}, Result{"Left(1234,2)", "12"}, Result{"Right('abc',2)", "bc"},
+                    Result{"Right('abc',0)", ""}, Result{"Mid('abcd',2)", "bcd"}, Result{"Mid('abcd',2,2)", "bc"},
+                    Result{"Mid('abcd',9)", ""}, Result{"Mid('abcd',2,Null)", "Null"}, Result{"Len('äb')", "2"},
+                    Result{"Len('')", "0"}, Result{"Len(1234)", "4"}, Result{"Len(Null)", "Null"},
+                    Result{"Trim('  a b ')", "a b"}, Result{"LTrim('  a ')", "a "}, Result{"RTrim('  a ')", "  a"},
+                    Result{"RTrim('   ')", ""}, Result{"LTrim('   ')", ""}, Result{"UCase('aä')", "AÄ"},
+                    Result{"LCase('AÄ')", "aä"}, Result{"Trim(Null)", "Null"}, Result{"UCase(Null)", "Null"}));
 
 INSTANTIATE_TEST_SUITE_P(Joining, FunctionResultTest,
                          testing::Values(Result{"'a' & 'b'", "ab"}, Result{"'a' & Null", "a"},
@@ -66,7 +67,21 @@ INSTANTIATE_TEST_SUITE_P(
                     Result{"Round(Null)", "Null"}, Result{"5/2", "2.5"}, Result{"5/Null", "Null"}, Result{"7\\2", "3"},
                     Result{"2.5\\1", "2"}, Result{"-7 MOD 4", "-3"}, Result{"3.5 MOD 3", "1"}, Result{"2^10", "1024"},
                     Result{"2147483647+1", "2147483648"}, Result{"'5'+3", "8"}, Result{"'10'/4", "2.5"},
-                    Result{"-'3'", "-3"}, Result{"(1=1)+1", "0"}, Result{"True+1", "0"}));
+                    Result{"-'3'", "-3"}, Result{"(1=1)+1", "0"}, Result{"1E-999", "0"}, Result{"1-1E-999", "1"},
+                    Result{"0.5E-400+1", "1"}, Result{"True+1", "0"}));
+
+/// -1.25 is 29 December 1899, 06:00, and -1.75 is 18:00 of that day.
+INSTANTIATE_TEST_SUITE_P(
+    EarlyDates, FunctionResultTest,
+    testing::Values(Result{"CDate(-1.25)+0.5", "12/29/1899 6:00:00 PM"},
+                    Result{"0.5+CDate(-1.25)", "12/29/1899 6:00:00 PM"},
+                    Result{"CDate(-1.75)-0.5", "12/29/1899 6:00:00 AM"}, Result{"CDate(-1.25)+1.25", "12:00:00 PM"},
+                    Result{"CDate(-1.25)+2", "12/31/1899 6:00:00 AM"}, Result{"CDate(1.25)-2", "12/29/1899 6:00:00 AM"},
+                    Result{"CDate(-1.75)-CDate(-1.25)", "0.5"}, Result{"CDate(0.25)-CDate(-1.25)", "1"},
+                    Result{"#5/1/2024 6:00:00 AM#+1", "5/2/2024 6:00:00 AM"}, Result{"#5/2/2024#-#5/1/2024#", "1"},
+                    Result{"CDate(Null)+1", "Null"}, Result{"DateDiff('h',CDate(-1.25),CDate(-1.75))", "12"},
+                    Result{"DateAdd('h',12,CDate(-1.25))", "12/29/1899 6:00:00 PM"},
+                    Result{"DatePart('h',CDate(-1.75))", "18"}));
 
 INSTANTIATE_TEST_SUITE_P(Conversions, FunctionResultTest,
                          testing::Values(Result{"CStr(1.5)", "1.5"}, Result{"CStr(1=1)", "True"},
@@ -105,11 +120,12 @@ INSTANTIATE_TEST_SUITE_P(
                     BadCall{"Mid('a',1,-1)", 5}, BadCall{"InStr(0,'a','a')", 5}, BadCall{"Left('a','x')", -2147217913},
                     BadCall{"CLng('x')", -2147217913}, BadCall{"CLng(3E9)", 6}, BadCall{"CInt(32768)", 6},
                     BadCall{"CByte(256)", 6}, BadCall{"CDbl('x')", -2147217913}, BadCall{"CBool('x')", -2147217913},
-                    BadCall{"CDate('x')", -2147217913}, BadCall{"Year('x')", -2147217913}, BadCall{"Year('x' & '')", -2147217913},
-                    BadCall{"Year(1E8)", 6}, BadCall{"Weekday(1,8)", 5}, BadCall{"Weekday(1,-1)", 5},
-                    BadCall{"DateAdd('x',1,1)", 5}, BadCall{"DateDiff('x',1,1)", 5}, BadCall{"DatePart('x',1)", 5},
-                    BadCall{"DateSerial(2024,40000,1)", 6}, BadCall{"DateSerial(10000,1,1)", 5},
-                    BadCall{"TimeSerial(40000,0,0)", 6}, BadCall{"Round(1.5,-1)", 5}, BadCall{"Abs('x' & '')", -2147217913}));
+                    BadCall{"CDate('x')", -2147217913}, BadCall{"Year('x')", -2147217913},
+                    BadCall{"Year('x' & '')", -2147217913}, BadCall{"Year(1E8)", 6}, BadCall{"Weekday(1,8)", 5},
+                    BadCall{"Weekday(1,-1)", 5}, BadCall{"DateAdd('x',1,1)", 5}, BadCall{"DateDiff('x',1,1)", 5},
+                    BadCall{"DatePart('x',1)", 5}, BadCall{"DateSerial(2024,40000,1)", 6},
+                    BadCall{"DateSerial(10000,1,1)", 5}, BadCall{"TimeSerial(40000,0,0)", 6},
+                    BadCall{"Round(1.5,-1)", 5}, BadCall{"Abs('x' & '')", -2147217913}));
 
 TEST(ClockFunctionTest, NowIsTheLibrarysClock) {
   const ClockOverride clock{Date(45413.375)};
