@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "addressbook/contact.h"
 #include "calendar/event.h"
 #include "session/collections.h"
 #include "tasks/task.h"
@@ -42,6 +43,7 @@ constexpr ItemKind Kind(FolderType type) {
 
 using S = CSession;
 constexpr ItemKind kKinds[] = {
+    Kind<CContact, &S::LoadContacts4Folder, &S::DuplicateContact, &S::DeleteContact>(FT_CONTACTS),
     Kind<CTask, &S::LoadTasks4Folder, &S::DuplicateTask, &S::DeleteTask>(FT_TASKS),
     Kind<CEvent, &S::LoadEvents4Folder, &S::DuplicateEvent, &S::DeleteEvent>(FT_EVENTS),
 };
