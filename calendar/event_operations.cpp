@@ -8,16 +8,12 @@ namespace {
 constexpr std::int32_t kEventSequence = 4;
 constexpr char kSelect[] = "SELECT * FROM Events WHERE EVE_ID=";
 
-std::int32_t Reference(Recordset& rs, std::string_view column) {
-  return ToLong(Nz(rs.Fields().Item(column).Value(), Value(0)));
-}
-
 /// Rule first, then notification, then event. False if a child could not be deleted.
 bool DeleteEventRows(CSession& session, std::int32_t event) {
   const Ref<Recordset> rs = Deref(session.conDBConnection).Execute(kSelect + SqlNumber(event));
   if (rs->EndOfFile()) return true;
-  if (!session.DeleteRecurrence(Reference(*rs, "EVE_RecurrenceID"))) return false;
-  if (!session.DeleteNotification(Reference(*rs, "EVE_NotificationID"))) return false;
+  if (!session.DeleteRecurrence(ChildReference(*rs, "EVE_RecurrenceID"))) return false;
+  if (!session.DeleteNotification(ChildReference(*rs, "EVE_NotificationID"))) return false;
   rs->Close();
   Execute(session, "DELETE * FROM Events WHERE EVE_ID=" + SqlNumber(event));
   return true;
@@ -38,15 +34,8 @@ bool CSession::LoadEventsWithCriteria(const Ref<CEvents>& udtEvents, const std::
 Ref<CEvent> CSession::CreateEvent() { return CreateRecord<CEvent>(*this, "CSession.CreateEvent", kEventSequence); }
 
 Ref<CEvent> CSession::DuplicateEvent(std::int32_t lngOldEventID) {
-  if (Refused(*this, "CSession.DuplicateEvent")) return nullptr;
-  Ref<CEvent> copy = GetEvent(lngOldEventID);
-  if (!copy) return nullptr;
-  std::int32_t id = 0;
-  if (GetUniqueIDFromSeq(kEventSequence, id, 1) == 0) return nullptr;
-  copy->ID = id;
-  if (!RenumberChildren(*this, *copy)) return nullptr;
-  copy->ResetFlagsX(true, true);
-  return copy;
+  return DuplicateRecord(*this, "CSession.DuplicateEvent", &CSession::GetEvent, lngOldEventID, kEventSequence,
+                         [this](CEvent& copy) { return RenumberChildren(*this, copy); });
 }
 
 bool CSession::DeleteEvent(std::int32_t lngEventID) {

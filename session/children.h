@@ -5,12 +5,18 @@
 #include <string_view>
 
 #include "platform/recordset.h"
+#include "session/bas_global.h"
 #include "session/operations.h"
 #include "session/property.h"
 #include "session/session.h"
 
 /// What owners of a rule, a notification or another child record share.
 namespace zef {
+
+/// A column of a row that names a child; 0 for Null.
+inline std::int32_t ChildReference(Recordset& rs, std::string_view column) {
+  return ToLong(Nz(rs.Fields().Item(column).Value(), Value(0)));
+}
 
 /// Reads the child's row if the owner names one; without a reference or a row the child stays as it is.
 template <class Child>
