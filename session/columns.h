@@ -32,6 +32,7 @@ struct Column {
   std::int32_t null_number = 0;     ///< what Null reads as in a number
   std::string_view null_text = {};  ///< and in a text
   bool guarded = true;              ///< false: Null is a failure
+  bool in_portions = false;         ///< a long text, added portion by portion to what the property holds
 };
 
 /// The key of a table; it feeds `ID` and is read unguarded.
