@@ -24,7 +24,6 @@ constexpr Column<CEvent> kColumns[] = {
 };
 constexpr Table kEvents("Events", 15, kColumns);
 
-constexpr char kSave[] = "CEvent.Save";
 constexpr char kFieldsArray[] = "CEvent.GetFieldsArray";
 constexpr std::int32_t kNotFound = 103;
 
@@ -36,19 +35,7 @@ void CEvent::GetValuesFromRS(const Ref<Recordset>& Rs) {
   SetFlags(false, false);
 }
 
-bool CEvent::Save() {
-  CSession& session = Deref(Session());
-  session.ClearError();
-  if (Refused(session, kSave)) return false;
-  const bool saved = InTransaction(session, kSave, [&] {
-    if (!SaveChildren(session)) return Outcome::Quiet;
-    return OwnModified() ? SaveRow(*this, kEvents, kFieldsArray) : Outcome::Done;
-  });
-  if (!saved) return false;
-  DateLastUpdate.Load(Date());
-  SetFlags(false, false);
-  return true;
-}
+bool CEvent::Save() { return SaveItem(kEvents, "CEvent.Save", kFieldsArray); }
 
 bool CEvent::Refresh() {
   return RefreshRecord(*this, "CEvent.Refresh", "SELECT * FROM Events WHERE EVE_ID=", kNotFound, "No event found");

@@ -25,7 +25,6 @@ constexpr Column<CTask> kColumns[] = {
 };
 constexpr Table kTasks("Tasks", 25, kColumns);
 
-constexpr char kSave[] = "CTask.Save";
 constexpr char kFieldsArray[] = "CTask.GetFieldsArray";
 constexpr std::int32_t kNotFound = 102;
 
@@ -38,18 +37,8 @@ void CTask::GetValuesFromRS(const Ref<Recordset>& Rs) {
 }
 
 bool CTask::Save() {
-  CSession& session = Deref(Session());
-  session.ClearError();
-  if (Refused(session, kSave)) return false;
-  const bool saved = InTransaction(session, kSave, [&] {
-    if (!SaveChildren(session)) return Outcome::Quiet;
-    const Outcome written = OwnModified() ? SaveRow(*this, kTasks, kFieldsArray) : Outcome::Done;
-    return written == Outcome::Done ? KeepDueDateEvent(session, *this) : written;
-  });
-  if (!saved) return false;
-  DateLastUpdate.Load(Date());
-  SetFlags(false, false);
-  return true;
+  return SaveItem(kTasks, "CTask.Save", kFieldsArray,
+                  [this](CSession& session) { return KeepDueDateEvent(session, *this); });
 }
 
 bool CTask::Refresh() {
