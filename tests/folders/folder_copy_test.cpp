@@ -97,6 +97,13 @@ TEST_F(FolderCopy, CopiesContactsWithTheirBirthdays) {
   EXPECT_EQ(Rows("Events WHERE EVE_Type='B' AND EVE_LinkID=1000"), 1);
 }
 
+TEST_F(FolderCopy, CopiesNotes) {
+  Run("UPDATE Folders SET FLD_Type=3 WHERE FLD_ID=100");
+  InsertNotes(100, 1, 2);
+  EXPECT_TRUE(session->CopyFolder(100, 200)) << session->GetEntireErrorDesc();
+  EXPECT_EQ(Rows("Notes WHERE NOT_Text='It''s long' AND NOT_FolderID=" + CopyID()), 2);
+}
+
 TEST_F(FolderCopy, LeavesItemsOfAnotherKindThanTheFolders) {
   InsertEvents(100, 1, 2);
   EXPECT_TRUE(session->CopyFolder(100, 200));

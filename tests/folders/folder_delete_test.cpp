@@ -49,6 +49,13 @@ TEST_F(FolderDelete, TakesContactsWithTheirBirthdays) {
   EXPECT_EQ(Rows("Contacts") + Rows("Events"), 0);
 }
 
+TEST_F(FolderDelete, TakesNotes) {
+  Run("UPDATE Folders SET FLD_Type=3 WHERE FLD_ID=100");
+  InsertNotes(100, 1, 3);
+  EXPECT_TRUE(session->DeleteFolder(100)) << session->GetEntireErrorDesc();
+  EXPECT_EQ(Rows("Notes"), 0);
+}
+
 TEST_F(FolderDelete, TakesEachChildsItemsByTheChildsOwnType) {
   InsertFolder(101, 100, FT_EVENTS);
   InsertTasks(100, 1, 1);
@@ -170,6 +177,14 @@ TEST_F(FolderDelete, WhoseThirdOfFiveContactsCannotBeDeletedLeavesAllOfThem) {
   Refuse("DELETE * FROM Contacts WHERE CNT_ID=3");
   ExpectFailsWithNothingChanged(100);
   EXPECT_EQ(session->GetErrorProcedure(), "DeleteContact");
+}
+
+TEST_F(FolderDelete, WhoseThirdOfFiveNotesCannotBeDeletedLeavesAllOfThem) {
+  Run("UPDATE Folders SET FLD_Type=3 WHERE FLD_ID=100");
+  InsertNotes(100, 1, 5);
+  Refuse("DELETE * FROM Notes WHERE NOT_ID=3");
+  ExpectFailsWithNothingChanged(100);
+  EXPECT_EQ(session->GetErrorProcedure(), "DeleteNote");
 }
 
 TEST_F(FolderDelete, ThatFailsAtItsOwnRowIsRecordedAndUndone) {

@@ -3,7 +3,7 @@
 namespace zef::test {
 namespace {
 
-/// A tree with each kind of item: folder 100 of tasks, 101 and 102 in it, and so on down; 200 is the destination.
+/// A tree with a folder of each kind of item, from 100 down; 200 is the destination.
 class FolderTreeFault : public FolderTreeTest {
  protected:
   FolderTreeFault() {
@@ -15,6 +15,8 @@ class FolderTreeFault : public FolderTreeTest {
     Run("UPDATE Tasks SET TSK_DueDate='6/7/2024' WHERE TSK_ID=1");
     InsertEvents(101, 11, 1);
     InsertContact(102, 1);
+    InsertFolder(103, 102, FT_Notes);
+    InsertNotes(103, 1, 1);
   }
 };
 
@@ -22,14 +24,14 @@ TEST_F(FolderTreeFault, EveryFailureOfACopyLeavesAllRows) {
   const auto copy = [&] { return session->CopyFolder(100, 200); };
   EXPECT_GT(FailEachCall(database, *session, copy).size(), 100u);
   EXPECT_EQ(Rows("Tasks"), 4);
-  EXPECT_EQ(Rows("Contacts"), 2);
+  EXPECT_EQ(Rows("Contacts") + Rows("Notes"), 4);
 }
 
 TEST_F(FolderTreeFault, EveryFailureOfADeleteLeavesAllRows) {
   const auto remove = [&] { return session->DeleteFolder(100); };
   const auto failures = FailEachCall(database, *session, remove, {}, Unchanged::AllTables, "SELECT FLD_ID");
   EXPECT_GT(failures.size(), 40u);
-  EXPECT_EQ(Rows("Tasks") + Rows("Contacts") + Rows("Folders WHERE FLD_ID>=100 AND FLD_ID<200"), 0);
+  EXPECT_EQ(Rows("Tasks") + Rows("Contacts") + Rows("Notes") + Rows("Folders WHERE FLD_ID>=100 AND FLD_ID<200"), 0);
 }
 
 }  // namespace

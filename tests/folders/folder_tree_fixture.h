@@ -41,6 +41,12 @@ class FolderTreeTest : public RecordTest {
     Run("INSERT INTO Contacts (CNT_ID,CNT_FolderID,CNT_LastName,CNT_BirthDate) VALUES (" + std::to_string(id) + "," +
         std::to_string(folder) + ",'O''Neill','2/29/1996')");
   }
+  void InsertNotes(std::int32_t folder, std::int32_t first, std::int32_t count) {
+    for (std::int32_t id = first; id < first + count; ++id) {
+      Run("INSERT INTO Notes (NOT_ID,NOT_FolderID,NOT_Title,NOT_Text) VALUES (" + std::to_string(id) + "," +
+          std::to_string(folder) + ",'Title','It''s long')");
+    }
+  }
   std::string Children(std::int32_t parent) { return "Folders WHERE FLD_ParentID=" + std::to_string(parent); }
   std::string Everything() { return Dump(*database.Connect()); }
   int Depth() { return connection().OpenedEngine().TransactionDepth(); }
