@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "addressbook/contact.h"
+#include "calendar/alarm.h"
 #include "calendar/event.h"
 #include "notes/note.h"
 #include "session/collections.h"
@@ -48,6 +49,7 @@ constexpr ItemKind kKinds[] = {
     Kind<CTask, &S::LoadTasks4Folder, &S::DuplicateTask, &S::DeleteTask>(FT_TASKS),
     Kind<CNote, &S::LoadNotes4Folder, &S::DuplicateNote, &S::DeleteNote>(FT_Notes),
     Kind<CEvent, &S::LoadEvents4Folder, &S::DuplicateEvent, &S::DeleteEvent>(FT_EVENTS),
+    Kind<CAlarm, &S::LoadAlarms4Folder, &S::DuplicateAlarm, &S::DeleteAlarm>(FT_ALARMS),
 };
 
 }  // namespace

@@ -71,6 +71,11 @@ void Recordset::UpdateRow() {
     text.append(i == 0 ? "[" : " AND [").append(shape.columns()[key].name).append("]=?");
     values.push_back(StoredValue(static_cast<int>(key)));
   }
+  for (const auto& [position, value] : pending_) {
+    const auto& keys = statement.key_columns;
+    const bool key = std::find(keys.begin(), keys.end(), static_cast<std::size_t>(position)) != keys.end();
+    if (!key) cursor_->Drop(position);  // what was set hides it from now on
+  }
   if (Write(*connection_, text, values) == 0) throw RunTimeError(FailureNumber::RowVanished);
 }
 

@@ -36,6 +36,7 @@ bool SqlCursor::Step() {
 bool SqlCursor::Next() {
   if (abandoned_) throw RunTimeError(FailureNumber::ObjectClosed);
   if (std::exchange(on_row_, false)) {
+    dropped_.clear();
     if (statement_) {
       statement_on_row_ = statement_on_row_ && Step();
     } else if (head_ < memory_.size()) {
@@ -59,7 +60,10 @@ SqlCursor::Row SqlCursor::CurrentRow() const {
   Row row;
   const int width = Width();
   row.reserve(static_cast<std::size_t>(width));
-  for (int i = 0; i < width; ++i) row.push_back(statement_->Get(i, TypeOf(i)));
+  for (int i = 0; i < width; ++i) {
+    const bool dropped = std::find(dropped_.begin(), dropped_.end(), i) != dropped_.end();
+    row.push_back(dropped ? Value(Null{}) : statement_->Get(i, TypeOf(i)));
+  }
   return row;
 }
 
@@ -67,12 +71,17 @@ void SqlCursor::Detach() {
   try {
     while (statement_ && statement_on_row_) {
       memory_.push_back(CurrentRow());
+      dropped_.clear();
       statement_on_row_ = Step();
     }
   } catch (...) {  // who detaches, to write or to roll back, has nothing to do with what is wrong in this walk
     failure_ = std::current_exception();
   }
   if (statement_) Finish();
+}
+
+void SqlCursor::Drop(int column) {
+  if (on_row_ && statement_) dropped_.push_back(column);
 }
 
 void SqlCursor::GiveUp() {

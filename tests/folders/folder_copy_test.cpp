@@ -104,6 +104,14 @@ TEST_F(FolderCopy, CopiesNotes) {
   EXPECT_EQ(Rows("Notes WHERE NOT_Text='It''s long' AND NOT_FolderID=" + CopyID()), 2);
 }
 
+TEST_F(FolderCopy, CopiesAlarms) {
+  Run("UPDATE Folders SET FLD_Type=6 WHERE FLD_ID=100");
+  InsertAlarms(100, 1, 2);
+  EXPECT_TRUE(session->CopyFolder(100, 200)) << session->GetEntireErrorDesc();
+  EXPECT_EQ(Rows("Alarms WHERE ALA_FolderID=" + CopyID()), 2);
+  EXPECT_EQ(Rows("Recurrences"), 4);
+}
+
 TEST_F(FolderCopy, LeavesItemsOfAnotherKindThanTheFolders) {
   InsertEvents(100, 1, 2);
   EXPECT_TRUE(session->CopyFolder(100, 200));

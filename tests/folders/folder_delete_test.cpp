@@ -56,6 +56,13 @@ TEST_F(FolderDelete, TakesNotes) {
   EXPECT_EQ(Rows("Notes"), 0);
 }
 
+TEST_F(FolderDelete, TakesAlarms) {
+  Run("UPDATE Folders SET FLD_Type=6 WHERE FLD_ID=100");
+  InsertAlarms(100, 1, 3);
+  EXPECT_TRUE(session->DeleteFolder(100)) << session->GetEntireErrorDesc();
+  EXPECT_EQ(Rows("Alarms") + Rows("Recurrences") + Rows("Notifications"), 0);
+}
+
 TEST_F(FolderDelete, TakesEachChildsItemsByTheChildsOwnType) {
   InsertFolder(101, 100, FT_EVENTS);
   InsertTasks(100, 1, 1);
@@ -185,6 +192,14 @@ TEST_F(FolderDelete, WhoseThirdOfFiveNotesCannotBeDeletedLeavesAllOfThem) {
   Refuse("DELETE * FROM Notes WHERE NOT_ID=3");
   ExpectFailsWithNothingChanged(100);
   EXPECT_EQ(session->GetErrorProcedure(), "DeleteNote");
+}
+
+TEST_F(FolderDelete, WhoseThirdOfFiveAlarmsCannotBeDeletedLeavesAllOfThem) {
+  Run("UPDATE Folders SET FLD_Type=6 WHERE FLD_ID=100");
+  InsertAlarms(100, 1, 5);
+  Refuse("DELETE * FROM Alarms WHERE ALA_ID=3");
+  ExpectFailsWithNothingChanged(100);
+  EXPECT_EQ(session->GetErrorProcedure(), "DeleteAlarm");
 }
 
 TEST_F(FolderDelete, ThatFailsAtItsOwnRowIsRecordedAndUndone) {

@@ -17,6 +17,8 @@ class FolderTreeFault : public FolderTreeTest {
     InsertContact(102, 1);
     InsertFolder(103, 102, FT_Notes);
     InsertNotes(103, 1, 1);
+    InsertFolder(104, 103, FT_ALARMS);
+    InsertAlarms(104, 21, 1);
   }
 };
 
@@ -24,7 +26,7 @@ TEST_F(FolderTreeFault, EveryFailureOfACopyLeavesAllRows) {
   const auto copy = [&] { return session->CopyFolder(100, 200); };
   EXPECT_GT(FailEachCall(database, *session, copy).size(), 100u);
   EXPECT_EQ(Rows("Tasks"), 4);
-  EXPECT_EQ(Rows("Contacts") + Rows("Notes"), 4);
+  EXPECT_EQ(Rows("Contacts") + Rows("Notes") + Rows("Alarms") + Rows("Alarms"), 6);
 }
 
 TEST_F(FolderTreeFault, EveryFailureOfADeleteLeavesAllRows) {

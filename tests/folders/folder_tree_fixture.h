@@ -41,6 +41,14 @@ class FolderTreeTest : public RecordTest {
     Run("INSERT INTO Contacts (CNT_ID,CNT_FolderID,CNT_LastName,CNT_BirthDate) VALUES (" + std::to_string(id) + "," +
         std::to_string(folder) + ",'O''Neill','2/29/1996')");
   }
+  void InsertAlarms(std::int32_t folder, std::int32_t first, std::int32_t count) {
+    for (std::int32_t id = first; id < first + count; ++id) {
+      const std::string n = std::to_string(id);
+      Run("INSERT INTO Alarms (ALA_ID,ALA_FolderID,ALA_RecurrenceID,ALA_NotificationID,ALA_Text) VALUES (" + n + "," +
+          std::to_string(folder) + "," + n + "," + n + ",'A" + n + "')");
+      InsertChildren(n);
+    }
+  }
   void InsertNotes(std::int32_t folder, std::int32_t first, std::int32_t count) {
     for (std::int32_t id = first; id < first + count; ++id) {
       Run("INSERT INTO Notes (NOT_ID,NOT_FolderID,NOT_Title,NOT_Text) VALUES (" + std::to_string(id) + "," +

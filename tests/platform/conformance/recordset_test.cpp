@@ -245,6 +245,24 @@ TEST_P(Recordsets, KeepTheFieldsOfARowThatCouldNotBeAdded) {
   EXPECT_EQ(Text("SELECT Word FROM Numbers WHERE N=4"), "uno");
 }
 
+TEST_P(Recordsets, KeepTheFieldsThatWereNotSetBehindAnUpdate) {
+  const Ref<Recordset> rs = Open("SELECT * FROM Numbers WHERE N<3 ORDER BY N");
+  rs->Fields().Item("Word").SetValue(std::string("eins"));
+  rs->Update();
+  EXPECT_EQ(ToText(rs->Fields().Item("Note").Value()), "a");
+  rs->MoveNext();
+  EXPECT_EQ(ToText(rs->Fields().Item("Word").Value()), "two");
+}
+
+TEST_P(Recordsets, WriteARowTwiceOverItsOldKey) {
+  const Ref<Recordset> rs = Open("SELECT * FROM Numbers WHERE N=2");
+  rs->Fields().Item("N").SetValue(1);
+  EXPECT_NE(NumberOf([&] { rs->Update(); }), 0);
+  rs->Fields().Item("N").SetValue(20);
+  rs->Update();
+  EXPECT_EQ(Text("SELECT Word FROM Numbers WHERE N=20"), "two");
+}
+
 TEST_P(Recordsets, TellNoSizeForNull) {
   const Ref<Recordset> rs = Open("SELECT Note FROM Numbers WHERE N=3");
   EXPECT_EQ(rs->Fields().Item("Note").ActualSize(), 0);
