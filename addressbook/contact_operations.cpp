@@ -16,13 +16,7 @@ Ref<CContact> CSession::GetContact(std::int32_t ContactID) {
 }
 
 Ref<CContact> CSession::DuplicateContact(std::int32_t lngOldContactID) {
-  if (Refused(*this, "CSession.DuplicateContact")) return nullptr;
-  Ref<CContact> copy = GetContact(lngOldContactID);
-  std::int32_t id = 0;
-  if (!copy || GetUniqueIDFromSeq(kContactSequence, id, 1) == 0) return nullptr;
-  copy->ID = id;
-  copy->ResetFlagsX(true, true);
-  return copy;
+  return DuplicateRecord(*this, "CSession.DuplicateContact", &CSession::GetContact, lngOldContactID, kContactSequence);
 }
 
 bool CSession::LoadContacts4Folder(const Ref<CContacts>& udtContacts, std::int32_t lngFolderID) {

@@ -6,26 +6,14 @@ namespace zef {
 namespace {
 
 constexpr std::int32_t kEventSequence = 4;
-constexpr char kSelect[] = "SELECT * FROM Events WHERE EVE_ID=";
-
-std::int32_t Reference(Recordset& rs, std::string_view column) {
-  return ToLong(Nz(rs.Fields().Item(column).Value(), Value(0)));
-}
-
-/// Rule first, then notification, then event. False if a child could not be deleted.
-bool DeleteEventRows(CSession& session, std::int32_t event) {
-  const Ref<Recordset> rs = Deref(session.conDBConnection).Execute(kSelect + SqlNumber(event));
-  if (rs->EndOfFile()) return true;
-  if (!session.DeleteRecurrence(Reference(*rs, "EVE_RecurrenceID"))) return false;
-  if (!session.DeleteNotification(Reference(*rs, "EVE_NotificationID"))) return false;
-  rs->Close();
-  Execute(session, "DELETE * FROM Events WHERE EVE_ID=" + SqlNumber(event));
-  return true;
-}
+constexpr ChildColumn kChildren[] = {{"EVE_RecurrenceID", &CSession::DeleteRecurrence},
+                                     {"EVE_NotificationID", &CSession::DeleteNotification}};
 
 }  // namespace
 
-Ref<CEvent> CSession::GetEvent(std::int32_t EventID) { return GetRecord<CEvent>(*this, "GetEvent", kSelect, EventID); }
+Ref<CEvent> CSession::GetEvent(std::int32_t EventID) {
+  return GetRecord<CEvent>(*this, "GetEvent", "SELECT * FROM Events WHERE EVE_ID=", EventID);
+}
 
 bool CSession::LoadEvents4Folder(const Ref<CEvents>& udtEvents, std::int32_t lngFolderID) {
   return LoadEventsWithCriteria(udtEvents, "EVE_FolderID=" + SqlNumber(lngFolderID) + " ORDER BY EVE_Text ASC");
@@ -38,20 +26,13 @@ bool CSession::LoadEventsWithCriteria(const Ref<CEvents>& udtEvents, const std::
 Ref<CEvent> CSession::CreateEvent() { return CreateRecord<CEvent>(*this, "CSession.CreateEvent", kEventSequence); }
 
 Ref<CEvent> CSession::DuplicateEvent(std::int32_t lngOldEventID) {
-  if (Refused(*this, "CSession.DuplicateEvent")) return nullptr;
-  Ref<CEvent> copy = GetEvent(lngOldEventID);
-  if (!copy) return nullptr;
-  std::int32_t id = 0;
-  if (GetUniqueIDFromSeq(kEventSequence, id, 1) == 0) return nullptr;
-  copy->ID = id;
-  if (!RenumberChildren(*this, *copy)) return nullptr;
-  copy->ResetFlagsX(true, true);
-  return copy;
+  return DuplicateRecord(*this, "CSession.DuplicateEvent", &CSession::GetEvent, lngOldEventID, kEventSequence,
+                         [&](CEvent& copy) { return RenumberChildren(*this, copy); });
 }
 
 bool CSession::DeleteEvent(std::int32_t lngEventID) {
   return DeleteInTransaction(*this, "DeleteEvent", "CSession.DeleteEvent",
-                             [&] { return DeleteEventRows(*this, lngEventID); });
+                             [&] { return DeleteOwner(*this, " FROM Events WHERE EVE_ID=", kChildren, lngEventID); });
 }
 
 }  // namespace zef

@@ -14,6 +14,7 @@ const char* StandingSentence(FailureNumber number) {
     case FailureNumber::SubscriptOutOfRange: return "Subscript out of range";
     case FailureNumber::DivisionByZero: return "Division by zero";
     case FailureNumber::TypeMismatch: return "Type mismatch";
+    case FailureNumber::OutOfStackSpace: return "Out of stack space";
     case FailureNumber::FileNotFound: return "File not found";
     case FailureNumber::PermissionDenied: return "Permission denied";
     case FailureNumber::PathFileAccess: return "Path/File access error";

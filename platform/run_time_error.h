@@ -15,6 +15,7 @@ enum class FailureNumber : std::int32_t {
   SubscriptOutOfRange = 9,
   DivisionByZero = 11,
   TypeMismatch = 13,
+  OutOfStackSpace = 28,
   FileNotFound = 53,
   PermissionDenied = 70,
   PathFileAccess = 75,

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "platform/recordset.h"
+#include "session/bas_global.h"
 #include "session/operations.h"
 #include "session/property.h"
 #include "session/session.h"
@@ -47,6 +49,29 @@ bool RenumberChild(CSession& session, std::int32_t sequence, const Ref<Child>& c
   if (session.GetUniqueIDFromSeq(sequence, id, 1) == 0) return false;
   Deref(child).ID = id;
   reference = id;
+  return true;
+}
+
+/// The column of an owner's row that names a child, and the operation that deletes the child.
+struct ChildColumn {
+  std::string_view name;
+  bool (CSession::*remove)(std::int32_t);
+};
+
+/// Deletes the children that an owner's row names, in their order, and then the row; Null names child 0. `from` is the
+/// statement from the table on, as in " FROM Events WHERE EVE_ID=". Nothing happens without a row. False if a child
+/// could not be deleted.
+inline bool DeleteOwner(CSession& session, std::string_view from, std::span<const ChildColumn> children,
+                        std::int32_t id) {
+  const std::string row = std::string(from) + SqlNumber(id);
+  const Ref<Recordset> rs = Deref(session.conDBConnection).Execute("SELECT *" + row);
+  if (rs->EndOfFile()) return true;
+  for (const ChildColumn& child : children) {
+    const Value reference = rs->Fields().Item(child.name).Value();
+    if (!(session.*child.remove)(ToLong(Nz(reference, Value(0))))) return false;
+  }
+  rs->Close();
+  Execute(session, "DELETE *" + row);
   return true;
 }
 

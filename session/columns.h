@@ -32,6 +32,7 @@ struct Column {
   std::int32_t null_number = 0;     ///< what Null reads as in a number
   std::string_view null_text = {};  ///< and in a text
   bool guarded = true;              ///< false: Null is a failure
+  std::string_view spelled = {};    ///< how statements spell the name, if not as it is read
 };
 
 /// The key of a table; it feeds `ID` and is read unguarded.

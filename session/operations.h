@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "platform/recordset.h"
+#include "platform/transaction_guard.h"
 #include "session/collections.h"
 #include "session/session.h"
 #include "session/statements.h"
@@ -51,6 +53,29 @@ Ref<R> CreateRecord(CSession& session, std::string_view procedure, std::int32_t 
   record->ID = id;
   record->SetSession(Ref<CSession>(&session));
   return record;
+}
+
+/// For copies of records that own no others.
+struct NoChildren {
+  template <class R>
+  bool operator()(R& /*copy*/) const {
+    return true;
+  }
+};
+
+/// "Duplicate<class>": an unsaved copy of a stored record under the next identifier of a sequence, or Nothing.
+/// `renumber` gives the copy's children their placeholders; false if one could not be drawn. Traps nothing.
+template <class R, class Renumber = NoChildren>
+Ref<R> DuplicateRecord(CSession& session, std::string_view refusal, Ref<R> (CSession::*get)(std::int32_t),
+                       std::int32_t old_id, std::int32_t sequence, Renumber&& renumber = {}) {
+  if (Refused(session, refusal)) return nullptr;
+  Ref<R> copy = (session.*get)(old_id);
+  std::int32_t id = 0;
+  if (!copy || session.GetUniqueIDFromSeq(sequence, id, 1) == 0) return nullptr;
+  copy->ID = id;
+  if (!renumber(*copy)) return nullptr;
+  copy->ResetFlagsX(true, true);
+  return copy;
 }
 
 /// A select with the client's condition, if there is one, and a fixed order behind it.
@@ -101,6 +126,19 @@ bool DeleteInTransaction(CSession& session, std::string_view procedure, std::str
   });
   if (!deleted) session.RollbackTransaction();
   return deleted;
+}
+
+/// Runs steps in a transaction of the connection itself, which the session's flag does not tell of and which may lie
+/// inside one of the session. It is undone unless the steps say true; their failures are trapped under `procedure`.
+template <class Steps>
+bool InConnectionTransaction(CSession& session, std::string_view procedure, Steps&& steps) {
+  std::optional<TransactionGuard<Connection>> transaction;  // undone only after the failure has been recorded
+  return Trapped(session, procedure, false, [&] {
+    transaction.emplace(Deref(session.conDBConnection));
+    if (!steps()) return false;
+    transaction->Commit();
+    return true;
+  });
 }
 
 /// "Refresh": reads the record's row again; without one, `code` and `message` are recorded. Does not clear the error

@@ -71,7 +71,8 @@ void ReadColumns(R& record, const Table<R, N>& table, const Recordset& rs) {
 template <class R, std::size_t N, class Take>
 void EachRow(const R& record, const Table<R, N>& table, Take&& take) {
   for (const Column<R>* column : table.written) {
-    if (column != nullptr) take(column->name, SqlValue(record, *column));
+    if (column == nullptr) continue;
+    take(column->spelled.empty() ? column->name : column->spelled, SqlValue(record, *column));
   }
 }
 

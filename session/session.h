@@ -20,6 +20,7 @@ class CPhoneLog;
 class CRecurrence;
 class CTag;
 class CTask;
+struct TreeWalk;
 template <class Element>
 class Collection;
 using CAlarms = Collection<CAlarm>;
@@ -111,10 +112,14 @@ class CSession : public RefCounted<CSession> {
   bool LoadRootFolders(const Ref<CFolders>& udtFolders);
   bool LoadChildFolders(const Ref<CFolders>& udtFolders, std::int32_t lngParentId);
   bool LoadFoldersWithCriteria(const Ref<CFolders>& udtFolders, const std::string& strCriteria);
-  /// Copies a folder with all that lies in and below it under another folder. In a transaction that is opened in any
-  /// case: inside one of the client it fails and undoes that one.
+  /// Copies a folder with all that lies in and below it under another folder, which must exist. In a transaction that
+  /// is opened in any case: inside one of the client it fails and undoes that one. Fails with 28 for a copy into the
+  /// folder itself, for folder rows that go in a circle and for a tree of more than 1000 levels, counted from the
+  /// source down and from the destination up.
   bool CopyFolder(std::int32_t FolderID, std::int32_t lngNewParentID);
-  /// Deletes a folder with all that lies in and below it, protected ones too; may run inside a client's transaction.
+  /// Deletes a folder with all that lies in and below it, protected ones too. May run inside a client's transaction as
+  /// long as there are no tasks, events or alarms to delete: those make it fail and undo that one. Fails with 28 as
+  /// `CopyFolder` does.
   bool DeleteFolder(std::int32_t lngFolderID);
 
   // Categories.
@@ -205,8 +210,8 @@ class CSession : public RefCounted<CSession> {
   bool DeleteAttachement(std::int32_t lngAttachementID);
 
  private:
-  bool CopyFolderRecursive(std::int32_t source, std::int32_t new_parent, int depth);
-  bool DeleteFolderRecursive(std::int32_t folder, int depth);
+  bool CopyFolderRecursive(std::int32_t source, std::int32_t new_parent, const TreeWalk& walk);
+  bool DeleteFolderRecursive(std::int32_t folder, const TreeWalk& walk);
   bool EndTransaction(const char* procedure, void (Connection::*end)());
   bool ReportMisuse(const char* procedure, const char* description);
 

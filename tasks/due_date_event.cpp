@@ -34,4 +34,6 @@ Outcome KeepDueDateEvent(CSession& session, const CTask& task) {
   return KeepGeneratedEvent(session, kDueDate, task.ID, task.IsNew(), task.DueDate, text, copy_rule);
 }
 
+void DeleteDueDateEvent(CSession& session, std::int32_t task) { DeleteGeneratedEvents(session, kDueDate, task); }
+
 }  // namespace zef

@@ -9,4 +9,7 @@ namespace zef {
 /// event could not be saved.
 Outcome KeepDueDateEvent(CSession& session, const CTask& task);
 
+/// Deletes the generated event of a task; that there is none, or no folder for it, is no failure.
+void DeleteDueDateEvent(CSession& session, std::int32_t task);
+
 }  // namespace zef

@@ -1,5 +1,6 @@
 #include "tasks/task.h"
 
+#include "platform/transaction_guard.h"
 #include "session/operations.h"
 #include "tasks/due_date_event.h"
 
@@ -28,6 +29,42 @@ constexpr Table kTasks("Tasks", 25, kColumns);
 constexpr char kSave[] = "CTask.Save";
 constexpr char kFieldsArray[] = "CTask.GetFieldsArray";
 constexpr std::int32_t kNotFound = 102;
+
+/// The rule of the next instance: one occurrence fewer, and after the last one no rule. False if no number was drawn.
+bool RollRule(CSession& session, CTask& task) {
+  if (!RenumberChild(session, kRecurrenceSequence, task.Recurrence, task.RecurrenceID)) return false;
+  CRecurrence& rule = *task.Recurrence;
+  if (rule.OccurencesNo <= 0) return true;
+  rule.OccurencesNo = rule.OccurencesNo - 1;
+  if (rule.OccurencesNo == 0) rule.RType = REC_EMPTY;
+  return true;
+}
+
+/// The notification of the next instance, still to be sent. False if no number was drawn.
+bool RollNotification(CSession& session, CTask& task) {
+  if (task.NotificationID <= 0) return true;
+  if (!RenumberChild(session, kNotificationSequence, task.Notification, task.NotificationID)) return false;
+  task.Notification->Status = NS_NOTSENT;
+  task.Notification->SendingDate = Date();
+  return true;
+}
+
+/// Makes the task its next instance, which starts at `start`. False if a number was not drawn.
+bool RollOn(CTask& task, Date start) {
+  CSession& session = Deref(task.Session());
+  const std::int64_t shift = DaysBetween(task.StartDate, start);
+  std::int32_t id = 0;
+  if (session.GetUniqueIDFromSeq(kTaskSequence, id, 1) == 0) return false;
+  task.ID = id;
+  task.DateCompleted.Load(Date());
+  if (!task.DueDate->IsZero()) task.DueDate.Load(AddDays(task.DueDate, shift));
+  task.StartDate.Load(start);
+  task.Completed.Load(0);
+  task.StatusID.Load(-1);
+  if (!RollRule(session, task) || !RollNotification(session, task)) return false;
+  task.ResetFlagsX(true, true);
+  return true;
+}
 
 }  // namespace
 
@@ -58,6 +95,43 @@ bool CTask::IsEmpty() const {
   const bool no_texts = Name->empty() && Description->empty() && AssignedTo->empty() && Priority->empty();
   const bool no_dates = StartDate->IsZero() && DueDate->IsZero() && DateCompleted->IsZero();
   return no_references && no_texts && no_dates && Completed < 1 && StatusID < 1;
+}
+
+bool CTask::ApplyRecurrence() {
+  if (RecurrenceID < 1) return false;
+  bool used_up = false;
+  bool rolled = false;
+  IgnoringFailures([&] {
+    const Date next = Deref(Recurrence).NextOccuranceDate(StartDate);
+    used_up = next.IsZero();
+    rolled = !used_up && RollOn(*this, next);
+  });
+  if (!rolled && !used_up) ResetFlagsX(false, false);
+  return rolled;
+}
+
+Ref<CTask> CTask::Clone(const Ref<CTask>& DestTask) const {
+  const Ref<CTask> target = DestTask ? DestTask : MakeRef<CTask>();
+  IgnoringFailures([&] {
+    target->FolderID = FolderID;
+    target->CategoryID = CategoryID;
+    target->NotificationID = NotificationID;
+    target->RecurrenceID = RecurrenceID;
+    target->Priority = Priority;
+    target->StatusID = StatusID;
+    target->Name = Name;
+    target->Description = Description;
+    target->AssignedTo = AssignedTo;
+    target->Completed = Completed;
+    target->StartDate = StartDate;
+    target->DueDate = DueDate;
+    target->DateCompleted = DateCompleted;
+    target->DateLastUpdate = DateLastUpdate;
+    target->ID = ID;
+    target->SetSession(Session());
+    target->ResetFlagsX(OwnModified(), IsNew());
+  });
+  return target;
 }
 
 }  // namespace zef

@@ -7,6 +7,9 @@
 
 namespace zef {
 
+/// The sequence that numbers tasks.
+inline constexpr std::int32_t kTaskSequence = 2;
+
 /// One to-do item with its own rule and notification. A task with a due date has one generated event in the protected
 /// folder "Tasks Due Dates", which `Save` keeps.
 class CTask : public Item<CTask> {
@@ -35,6 +38,15 @@ class CTask : public Item<CTask> {
   /// True if the task carries nothing worth keeping; `FolderID`, `DateLastUpdate` and the children's contents do not
   /// count.
   bool IsEmpty() const;
+
+  /// Turns the task into the next instance of its rule, counted from `StartDate`: under new identifiers, open again,
+  /// new and modified, without a row until `Save`; the rows of the earlier instance stay. False and nothing changed if
+  /// there is no rule or no next date. False with all flags clear, and nothing recorded here, if a step fails; what the
+  /// steps before it changed stays then. Raises 91 only if a child is Nothing.
+  bool ApplyRecurrence();
+  /// Copies the properties, identifier and flags into the target, or a new task for Nothing; the target keeps its own
+  /// children. A failure ends the copy silently.
+  Ref<CTask> Clone(const Ref<CTask>& DestTask = nullptr) const;
 };
 
 }  // namespace zef

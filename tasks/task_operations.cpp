@@ -1,11 +1,14 @@
+#include "session/children.h"
 #include "session/collections.h"
 #include "session/operations.h"
+#include "tasks/due_date_event.h"
 #include "tasks/task.h"
 
 namespace zef {
 namespace {
 
-constexpr std::int32_t kTaskSequence = 2;
+constexpr ChildColumn kChildren[] = {{"TSK_RecurrenceID", &CSession::DeleteRecurrence},
+                                     {"TSK_NotificationID", &CSession::DeleteNotification}};
 
 }  // namespace
 
@@ -21,6 +24,19 @@ bool CSession::LoadTasks4Folder(const Ref<CTasks>& udtTasks, std::int32_t lngFol
 
 bool CSession::LoadTasksWithCriteria(const Ref<CTasks>& udtTasks, const std::string& strCriteria) {
   return LoadRecords(*this, udtTasks, "LoadTasksWithCriteria", "SELECT * FROM Tasks", strCriteria);
+}
+
+Ref<CTask> CSession::DuplicateTask(std::int32_t lngOldTaskID) {
+  return DuplicateRecord(*this, "CSession.DuplicateTask", &CSession::GetTask, lngOldTaskID, kTaskSequence,
+                         [&](CTask& copy) { return RenumberChildren(*this, copy); });
+}
+
+bool CSession::DeleteTask(std::int32_t lngTaskID) {
+  return DeleteInTransaction(*this, "DeleteTask", "CSession.DeleteTask", [&] {
+    if (!DeleteOwner(*this, " FROM Tasks WHERE TSK_ID=", kChildren, lngTaskID)) return false;
+    DeleteDueDateEvent(*this, lngTaskID);
+    return true;
+  });
 }
 
 }  // namespace zef

@@ -1,0 +1,39 @@
+#include "folders/category.h"
+
+namespace zef {
+namespace {
+
+constexpr Column<CCategory> kColumns[] = {
+    Key<CCategory>("CAT_ID"),
+    {.name = "CAT_Name", .member = &CCategory::Name, .row = 0, .form = Form::Plain, .spelled = "CAT_NAme"},
+    Stored<CCategory>("CAT_Color", &CCategory::Color, 1),
+    Stored<CCategory>("CAT_DateLastUpdate", &CCategory::DateLastUpdate, 2, Form::Stamp),
+};
+constexpr Table kCategories("Categories", 10, kColumns);
+
+constexpr char kSave[] = "CCategory.Save";
+constexpr std::int32_t kCategorySequence = 9;
+
+}  // namespace
+
+void CCategory::GetValuesFromRS(const Ref<Recordset>& Rs) {
+  ReadColumns(*this, kCategories, Deref(Rs));
+  SetFlags(false, false);
+}
+
+bool CCategory::Save() {
+  CSession& session = Deref(Session());
+  session.ClearError();
+  if (Refused(session, kSave)) return false;
+  return Trapped(session, kSave, false, [&] {
+    if (IsModified()) {
+      const FieldRows rows = DatabaseRows(*this, kCategories);
+      if (IsNew() && session.GetUniqueIDFromSeq(kCategorySequence, ID, 1) < 1) return false;
+      WriteRow(*this, kCategories, rows);
+    }
+    SetFlags(false, false);
+    return true;
+  });
+}
+
+}  // namespace zef
