@@ -120,8 +120,7 @@ class DateEventsTest : public ContactTest {
   }
 };
 
-inline constexpr char kBirthdaysLookUp[] =
-    "SELECT FLD_ID FROM Folders WHERE FLD_Protected=1 and FLD_Name='Birthdays'";
+inline constexpr char kBirthdaysLookUp[] = "SELECT FLD_ID FROM Folders WHERE FLD_Protected=1 and FLD_Name='Birthdays'";
 inline constexpr char kAnniversariesLookUp[] =
     "SELECT FLD_ID FROM Folders WHERE FLD_Protected=1 and FLD_Name='Anniversaries'";
 

@@ -55,14 +55,14 @@ TEST_F(CompanyBlock, IsCopiedAndNothingElse) {
   for (const TextColumn& one : kContactTexts) {
     if (const std::string& text = (*target).*one.text; !text.empty()) taken.push_back(one.column + (" " + text));
   }
-  EXPECT_EQ(taken,
-            (Texts{"CNT_WorkCountry 'CNT_WorkCountry", "CNT_WorkState 'CNT_WorkState",
-                   "CNT_WorkAddress 'CNT_WorkAddress", "CNT_WorkCity 'CNT_WorkCity",
-                   "CNT_WorkPostalCode 'CNT_WorkPostalCode", "CNT_WorkRegion 'CNT_WorkRegion",
-                   "CNT_WorkPhone 'CNT_WorkPhone", "CNT_WorkExtension 'CNT_WorkExtension", "CNT_WorkFax 'CNT_WorkFax",
-                   "CNT_WorkEmail 'CNT_WorkEmail", "CNT_WorkURL 'CNT_WorkURL", "CNT_WorkDepartment 'CNT_WorkOffice",
-                   "CNT_WorkOffice 'CNT_WorkOffice", "CNT_Profession 'CNT_Profession",
-                   "CNT_AssistantName 'CNT_AssistantName", "CNT_Company 'CNT_Company"}));
+  EXPECT_EQ(
+      taken,
+      (Texts{"CNT_WorkCountry 'CNT_WorkCountry", "CNT_WorkState 'CNT_WorkState", "CNT_WorkAddress 'CNT_WorkAddress",
+             "CNT_WorkCity 'CNT_WorkCity", "CNT_WorkPostalCode 'CNT_WorkPostalCode", "CNT_WorkRegion 'CNT_WorkRegion",
+             "CNT_WorkPhone 'CNT_WorkPhone", "CNT_WorkExtension 'CNT_WorkExtension", "CNT_WorkFax 'CNT_WorkFax",
+             "CNT_WorkEmail 'CNT_WorkEmail", "CNT_WorkURL 'CNT_WorkURL", "CNT_WorkDepartment 'CNT_WorkOffice",
+             "CNT_WorkOffice 'CNT_WorkOffice", "CNT_Profession 'CNT_Profession", "CNT_AssistantName 'CNT_AssistantName",
+             "CNT_Company 'CNT_Company"}));
 }
 
 TEST_F(CompanyBlock, LeavesIdentifiersAndDates) {
@@ -127,9 +127,7 @@ TEST_F(CompanyBlock, IsNotSavedAndLeavesAnOldError) {
   EXPECT_EQ(session->GetErrorCode(), 77);
 }
 
-TEST_F(CompanyBlock, NeedsNoSession) {
-  EXPECT_TRUE(MakeRef<CContact>()->CopyCompanyInformation(MakeRef<CContact>()));
-}
+TEST_F(CompanyBlock, NeedsNoSession) { EXPECT_TRUE(MakeRef<CContact>()->CopyCompanyInformation(MakeRef<CContact>())); }
 
 }  // namespace
 }  // namespace zef::test

@@ -104,8 +104,7 @@ TEST_F(ContactSave, NumbersAtTheirLimitsComeBack) {
 }
 
 TEST_F(ContactSave, PhoneNumberOf32CharactersFits) {
-  for (const ContactText phone :
-       {&CContact::Phone, &CContact::MobilePhone, &CContact::WorkPhone, &CContact::WorkFax}) {
+  for (const ContactText phone : {&CContact::Phone, &CContact::MobilePhone, &CContact::WorkPhone, &CContact::WorkFax}) {
     const Ref<CContact> contact = NewContact();
     (*contact).*phone = std::string(32, '5');
     EXPECT_TRUE(contact->Save());
@@ -113,8 +112,7 @@ TEST_F(ContactSave, PhoneNumberOf32CharactersFits) {
 }
 
 TEST_F(ContactSave, PhoneNumberOf33CharactersFails) {
-  for (const ContactText phone :
-       {&CContact::Phone, &CContact::MobilePhone, &CContact::WorkPhone, &CContact::WorkFax}) {
+  for (const ContactText phone : {&CContact::Phone, &CContact::MobilePhone, &CContact::WorkPhone, &CContact::WorkFax}) {
     const Ref<CContact> contact = NewContact();
     (*contact).*phone = std::string(33, '5');
     EXPECT_FALSE(contact->Save());
@@ -309,7 +307,8 @@ TEST_F(ContactSave, EveryFailureOfANewContactsSaveLeavesNothingBehind) {
   // A folder that cannot be looked up is one that is missing: quiet, with the record of the look-up.
   const auto failures = FailEachCall(
       database, *session, save, [&] { return flags; }, Unchanged::AllButSequences);
-  EXPECT_EQ(failures.size(), 29u) << "five identifiers of four calls each, five inserts, two look-ups, BEGIN and COMMIT";
+  EXPECT_EQ(failures.size(), 29u)
+      << "five identifiers of four calls each, five inserts, two look-ups, BEGIN and COMMIT";
 }
 
 }  // namespace
