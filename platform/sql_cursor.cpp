@@ -75,6 +75,14 @@ void SqlCursor::Detach() {
   if (statement_) Finish();
 }
 
+void SqlCursor::GiveUp() {
+  if (statement_) Finish();
+  memory_.clear();
+  head_ = 0;
+  failure_ = nullptr;
+  on_row_ = false;
+}
+
 std::int64_t SqlCursor::CountRows() {
   Detach();
   if (failure_) std::rethrow_exception(failure_);

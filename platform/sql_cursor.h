@@ -19,6 +19,7 @@ class SqlCursor final : public Cursor {
   Value Get(int column) const override;
   /// Never fails: a row that cannot be read is told when the walk comes to it.
   void Detach() override;
+  void GiveUp() override;
   std::int64_t CountRows() override;
   /// The engine goes away: the statement is dropped and every further call raises 3704.
   void Abandon();

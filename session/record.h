@@ -56,14 +56,32 @@ class Record : public RefCounted<Derived>, public RecordFlags {
   Ref<CSession> session_;
 };
 
+/// Adds a long text at the end of a property, in portions; Null adds nothing.
+template <class R>
+void ReadPortions(R& record, const Column<R>& column, Field field) {
+  constexpr std::int32_t kPortion = 128;  // characters
+  auto& text = record.*std::get<Property<std::string> R::*>(column.member);
+  const std::int64_t size = field.ActualSize();
+  for (std::int64_t at = 0; at < size; at += kPortion) {
+    const Value portion = field.GetChunk(kPortion);
+    if (!IsNull(portion)) text.LoadMore(ToText(portion));
+  }
+}
+
+template <class R>
+void ReadField(R& record, const Column<R>& column, Recordset& rs, int position) {
+  if (column.in_portions) return ReadPortions(record, column, Field(rs, position));
+  ReadColumn(record, column, rs.ValueAt(position));
+}
+
 /// Copies the columns of the current row into the record, in the table's order, and leaves its flags alone. Raises 94
 /// for a Null in an unguarded column and 3265 for a missing column; the columns before it have been copied then.
 template <class R, std::size_t N>
-void ReadColumns(R& record, const Table<R, N>& table, const Recordset& rs) {
+void ReadColumns(R& record, const Table<R, N>& table, Recordset& rs) {
   const std::span<const int> positions = rs.Positions(table.names);
   for (std::size_t i = 0; i < N; ++i) {
     if (positions[i] < 0) throw RunTimeError(FailureNumber::ItemNotFound);
-    ReadColumn(record, *table.columns[i], rs.ValueAt(positions[i]));
+    ReadField(record, *table.columns[i], rs, positions[i]);
   }
 }
 

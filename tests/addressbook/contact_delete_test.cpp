@@ -112,6 +112,13 @@ TEST_F(ContactDelete, FailureIsRecordedUnderTheBareNameAndUndone) {
   }
 }
 
+TEST_F(ContactDelete, EveryFailureLeavesAllRows) {
+  AnnLee();
+  const auto remove = [&] { return session->DeleteContact(1); };
+  EXPECT_EQ(FailEachCall(database, *session, remove, {}, Unchanged::AllTables, "SELECT FLD_ID").size(), 5u)
+      << "three deletes, BEGIN and COMMIT; a look-up that fails does not stop it";
+}
+
 TEST_F(ContactDelete, IsRefusedToASessionThatMayOnlyRead) {
   AnnLee();
   session->UserRights = DataViewer;

@@ -304,7 +304,6 @@ TEST_F(ContactSave, EveryFailureOfANewContactsSaveLeavesNothingBehind) {
     if (!saved) flags = Flags(*contact);
     return saved;
   };
-  // A folder that cannot be looked up is one that is missing: quiet, with the record of the look-up.
   const auto failures = FailEachCall(
       database, *session, save, [&] { return flags; }, Unchanged::AllButSequences);
   EXPECT_EQ(failures.size(), 29u)

@@ -21,12 +21,12 @@ enum class Unchanged { AllTables, AllButSequences };
 /// Runs `operation` again and again on a session outside a transaction: the k-th run's k-th database call fails, until
 /// a run meets no failure. Expects of each failing run that the operation returned False with the error flag set, that
 /// no transaction is open in the session or on its connection and a new one can be had, and that the tables and `state`
-/// (the flags of the records concerned, say) are what they were; and of the last run that it succeeds. Gives the
-/// failures in order.
+/// (the flags of the records concerned, say) are what they were; and of the last run that it succeeds. Calls that begin
+/// with `spared` never fail: those whose failure is none of the operation's. Gives the failures in order.
 std::vector<InjectedFailure> FailEachCall(const Database& database, CSession& session,
                                           const std::function<bool()>& operation,
                                           const std::function<std::string()>& state = {},
-                                          Unchanged unchanged = Unchanged::AllTables);
+                                          Unchanged unchanged = Unchanged::AllTables, const std::string& spared = {});
 
 /// The identifier and the flags of a record, for `FailEachCall`.
 template <class Record>
