@@ -12,5 +12,6 @@ void RegisterCriteria(World& world);
 void RegisterRules(World& world);
 void RegisterGrowth(World& world);
 void RegisterMemory(World& world);
+void RegisterTrees(World& world);
 
 }  // namespace zef::bench

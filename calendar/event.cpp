@@ -24,7 +24,6 @@ constexpr Column<CEvent> kColumns[] = {
 };
 constexpr Table kEvents("Events", 15, kColumns);
 
-constexpr char kSave[] = "CEvent.Save";
 constexpr char kFieldsArray[] = "CEvent.GetFieldsArray";
 constexpr std::int32_t kNotFound = 103;
 
@@ -36,12 +35,7 @@ void CEvent::GetValuesFromRS(const Ref<Recordset>& Rs) {
   SetFlags(false, false);
 }
 
-bool CEvent::Save() {
-  return SaveInTransaction(kSave, [&](CSession& session) {
-    if (!SaveChildren(session)) return Outcome::Quiet;
-    return OwnModified() ? SaveRow(*this, kEvents, kFieldsArray) : Outcome::Done;
-  });
-}
+bool CEvent::Save() { return SaveItem(kEvents, "CEvent.Save", kFieldsArray); }
 
 bool CEvent::Refresh() {
   return RefreshRecord(*this, "CEvent.Refresh", "SELECT * FROM Events WHERE EVE_ID=", kNotFound, "No event found");

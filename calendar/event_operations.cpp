@@ -27,7 +27,7 @@ Ref<CEvent> CSession::CreateEvent() { return CreateRecord<CEvent>(*this, "CSessi
 
 Ref<CEvent> CSession::DuplicateEvent(std::int32_t lngOldEventID) {
   return DuplicateRecord(*this, "CSession.DuplicateEvent", &CSession::GetEvent, lngOldEventID, kEventSequence,
-                         [&](CEvent& copy) { return RenumberChildren(*this, copy); });
+                         [this](CEvent& copy) { return RenumberChildren(*this, copy); });
 }
 
 bool CSession::DeleteEvent(std::int32_t lngEventID) {

@@ -9,8 +9,8 @@
 
 namespace zef {
 
-/// What events and tasks share: a rule and a notification of their own from the first moment on, which are read, saved
-/// and reset with them.
+/// What events, alarms and tasks share: a rule and a notification of their own from the first moment on, which are
+/// read, saved and reset with them.
 template <class Derived>
 class Item : public Record<Derived> {
  public:
@@ -37,7 +37,7 @@ class Item : public Record<Derived> {
     Deref(Recurrence).ResetFlagsX(M, N);
     Deref(Notification).ResetFlagsX(M, N);
   }
-  void ResetFlags() { ResetFlagsX(true, true); }
+  void ResetFlags() { derived().ResetFlagsX(true, true); }
 
  protected:
   /// A reference without a row leaves its child as it was.
@@ -50,6 +50,23 @@ class Item : public Record<Derived> {
     return SaveChild(session, Notification, NotificationID, &CSession::DeleteNotification) &&
            SaveChild(session, Recurrence, RecurrenceID, &CSession::DeleteRecurrence);
   }
+  /// `Save`: the children, the own row if it changed, then `rest`, all in one transaction.
+  template <std::size_t N, class Rest>
+  bool SaveItem(const Table<Derived, N>& table, std::string_view procedure, std::string_view array_procedure,
+                Rest&& rest) {
+    return this->SaveInTransaction(procedure, [&](CSession& session) {
+      if (!derived().SaveChildren(session)) return Outcome::Quiet;
+      const Outcome row = this->OwnModified() ? SaveRow(derived(), table, array_procedure) : Outcome::Done;
+      return row == Outcome::Done ? rest(session) : row;
+    });
+  }
+  template <std::size_t N>
+  bool SaveItem(const Table<Derived, N>& table, std::string_view procedure, std::string_view array_procedure) {
+    return SaveItem(table, procedure, array_procedure, [](CSession&) { return Outcome::Done; });
+  }
+
+ private:
+  Derived& derived() { return static_cast<Derived&>(*this); }
 };
 
 /// Gives both children of a copy new numbers as placeholders; false if one could not be drawn.

@@ -1,5 +1,6 @@
 #include "calendar/seen.h"
 
+#include "calendar/alarm.h"
 #include "calendar/event.h"
 #include "session/operations.h"
 
@@ -7,6 +8,7 @@ namespace zef {
 namespace {
 
 constexpr SeenTable kSeenEvents{"ViewedEvents", "VE_EventID", "VE_UserID", "VE_Date"};
+constexpr SeenTable kSeenAlarms{"ViewedAlarms", "VA_AlarmID", "VA_UserID", "VA_Date"};
 
 std::string Joined(std::initializer_list<std::string_view> parts) {
   std::string text;
@@ -46,6 +48,14 @@ bool CEvent::SeenByUser(Date dtmDate, bool& blnShow) {
 
 bool CEvent::MarkSeenByUser(Date dtmDate) {
   return zef::MarkSeenByUser(Deref(Session()), kSeenEvents, "CEvent.MarkSeenByUser", ID, dtmDate);
+}
+
+bool CAlarm::SeenByUser(Date dtmDate, bool& blnShow) {
+  return zef::SeenByUser(Deref(Session()), kSeenAlarms, "CAlarm.SeenByUser", ID, dtmDate, blnShow);
+}
+
+bool CAlarm::MarkSeenByUser(Date dtmDate) {
+  return zef::MarkSeenByUser(Deref(Session()), kSeenAlarms, "CAlarm.MarkSeenByUser", ID, dtmDate);
 }
 
 }  // namespace zef

@@ -2,7 +2,10 @@
 
 #include <algorithm>
 
+#include "addressbook/contact.h"
+#include "calendar/alarm.h"
 #include "calendar/event.h"
+#include "notes/note.h"
 #include "session/collections.h"
 #include "tasks/task.h"
 
@@ -45,8 +48,11 @@ constexpr ItemKind Kind(FolderType type) {
 
 using S = CSession;
 constexpr ItemKind kKinds[] = {
+    Kind<CContact, &S::LoadContacts4Folder, &S::DuplicateContact, &S::DeleteContact>(FT_CONTACTS),
     Kind<CTask, &S::LoadTasks4Folder, &S::DuplicateTask, &S::DeleteTask>(FT_TASKS),
+    Kind<CNote, &S::LoadNotes4Folder, &S::DuplicateNote, &S::DeleteNote>(FT_Notes),
     Kind<CEvent, &S::LoadEvents4Folder, &S::DuplicateEvent, &S::DeleteEvent>(FT_EVENTS),
+    Kind<CAlarm, &S::LoadAlarms4Folder, &S::DuplicateAlarm, &S::DeleteAlarm>(FT_ALARMS),
 };
 
 }  // namespace

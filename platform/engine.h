@@ -60,6 +60,10 @@ class Cursor {
   /// Takes the remaining rows into memory, so that writing on the same engine cannot change what is still to come.
   /// Engines do so by themselves before they write.
   virtual void Detach() = 0;
+  /// Forgets a value of the current row, which nobody will ask for again, so that a large one need not be kept.
+  virtual void Drop(int column) = 0;
+  /// Lets go of the remaining rows, the current one too.
+  virtual void GiveUp() = 0;
   /// Number of all rows, the passed ones included.
   virtual std::int64_t CountRows() = 0;
 };

@@ -40,27 +40,24 @@ Value Field::Value() const { return recordset_->ValueAt(position_); }
 void Field::SetValue(zef::Value value) { recordset_->Set(position_, std::move(value)); }
 
 std::int32_t Field::ActualSize() const {
-  const zef::Value value = Value();
+  const zef::Value& value = recordset_->Portions(position_).value;
   if (const auto* text = std::get_if<std::string>(&value)) return static_cast<std::int32_t>(text::Length(*text));
   if (const auto* bytes = std::get_if<Bytes>(&value)) return static_cast<std::int32_t>(bytes->size());
   return IsNull(value) ? 0 : static_cast<std::int32_t>(sizeof(double));
 }
 
 Value Field::GetChunk(std::int32_t length) {
-  auto& chunks = recordset_->chunks_;
-  auto begun = std::find_if(chunks.begin(), chunks.end(), [&](const auto& c) { return c.position == position_; });
-  if (begun == chunks.end()) begun = chunks.insert(chunks.end(), {.position = position_, .value = Value()});
-  const std::size_t start = begun->taken;
-  if (const auto* text = std::get_if<std::string>(&begun->value)) {
-    const std::string_view chunk = text::Left(std::string_view(*text).substr(start), length);
-    begun->taken += chunk.size();
+  auto& [position, value, fetched] = recordset_->Portions(position_);
+  if (const auto* text = std::get_if<std::string>(&value)) {
+    const std::string_view chunk = text::Left(std::string_view(*text).substr(fetched), length);
+    fetched += chunk.size();
     return chunk.empty() ? zef::Value(Null{}) : zef::Value(std::string(chunk));
   }
-  const auto* bytes = std::get_if<Bytes>(&begun->value);
-  if (bytes == nullptr || start >= bytes->size()) return Null{};
-  const auto count = std::min(bytes->size() - start, static_cast<std::size_t>(std::max(length, 0)));
-  begun->taken += count;
-  const auto first = bytes->begin() + static_cast<std::ptrdiff_t>(start);
+  const auto* bytes = std::get_if<Bytes>(&value);
+  if (bytes == nullptr || fetched >= bytes->size()) return Null{};
+  const auto first = bytes->begin() + static_cast<std::ptrdiff_t>(fetched);
+  const auto count = std::min(bytes->size() - fetched, static_cast<std::size_t>(std::max(length, 0)));
+  fetched += count;
   return Bytes(first, first + static_cast<std::ptrdiff_t>(count));
 }
 
@@ -122,7 +119,7 @@ void Recordset::ReleaseLock(bool keep) {
 void Recordset::LeaveRow() {
   pending_.clear();
   written_.clear();
-  chunks_.clear();
+  portioned_.clear();
   adding_ = inserted_ = false;
 }
 
@@ -141,7 +138,7 @@ const RowShape& Recordset::OpenShape() const {
 
 bool Recordset::EndOfFile() const {
   OpenShape();
-  return at_end_;
+  return at_end_ && !adding_;
 }
 
 void Recordset::RequireRow() const {
@@ -150,8 +147,7 @@ void Recordset::RequireRow() const {
 }
 
 void Recordset::MoveNext() {
-  OpenShape();
-  if (at_end_) throw RunTimeError(FailureNumber::NoCurrentRecord);
+  RequireRow();
   LeaveRow();
   at_end_ = true;  // also behind a row that cannot be read
   at_end_ = !connection_->Guarded([&] { return cursor_->Next(); });
@@ -185,15 +181,24 @@ Value Recordset::StoredValue(int position) const {
   return value;
 }
 
+Recordset::Portioned& Recordset::Portions(int position) {
+  for (Portioned& one : portioned_) {
+    if (one.position == position) return one;
+  }
+  return portioned_.emplace_back(Portioned{position, ValueAt(position)});
+}
+
 void Recordset::Set(int position, Value value) {
   RequireRow();
-  chunks_.clear();
+  std::erase_if(portioned_, [&](const Portioned& one) { return one.position == position; });
   SetField(pending_, position, std::move(value));
 }
 
 void Recordset::AddNew() {
   OpenShape();
   LeaveRow();
+  cursor_->GiveUp();
+  at_end_ = true;
   adding_ = true;
 }
 

@@ -81,7 +81,8 @@ class Recordset : public RefCounted<Recordset> {
   /// Number of all rows.
   std::int32_t RecordCount();
 
-  /// Begins a new row; its fields are Null until they are set.
+  /// Begins a new row; its fields are Null until they are set. The rows still ahead are given up, neither delivered nor
+  /// counted any more: the new one is the last.
   void AddNew();
   /// Writes the fields set since `AddNew`, or since the current row was reached, in one statement. Raises -2147217887
   /// for a value that does not fit its column, -2147217864 if the row is gone, -2147467259 if the record set was not
@@ -102,7 +103,15 @@ class Recordset : public RefCounted<Recordset> {
   friend class Field;
   friend class Fields;
 
+  /// A value that is fetched portion by portion.
+  struct Portioned {
+    int position = 0;
+    Value value;
+    std::size_t fetched = 0;  ///< bytes
+  };
+
   const RowShape& OpenShape() const;
+  Portioned& Portions(int position);
   void RequireRow() const;
   /// True while the current row is one of the cursor's, as it came.
   bool IsUntouched() const { return cursor_ && pending_.empty() && written_.empty() && !adding_; }
@@ -117,15 +126,9 @@ class Recordset : public RefCounted<Recordset> {
   Ref<Connection> connection_;
   std::unique_ptr<Cursor> cursor_;
   using SetFields = std::vector<std::pair<int, Value>>;
-  /// A value that is handed out portion by portion.
-  struct Chunks {
-    int position;
-    Value value;
-    std::size_t taken = 0;  ///< bytes handed out
-  };
-  SetFields pending_;                                 ///< fields set and not yet written
-  SetFields written_;                                 ///< fields of the current row that `Update` has written over
-  std::vector<Chunks> chunks_;
+  SetFields pending_;                 ///< fields set and not yet written
+  SetFields written_;                 ///< fields of the current row that `Update` has written over
+  std::vector<Portioned> portioned_;  ///< long values of the current row that are being fetched
   bool at_end_ = true;
   bool adding_ = false;    ///< the current row is one from `AddNew`
   bool inserted_ = false;  ///< and `Update` has written it

@@ -16,12 +16,17 @@ const char* StandingSentence(FailureNumber number) {
     case FailureNumber::TypeMismatch: return "Type mismatch";
     case FailureNumber::OutOfStackSpace: return "Out of stack space";
     case FailureNumber::FileNotFound: return "File not found";
+    case FailureNumber::DiskFull: return "Disk full";
     case FailureNumber::PermissionDenied: return "Permission denied";
     case FailureNumber::PathFileAccess: return "Path/File access error";
     case FailureNumber::PathNotFound: return "Path not found";
     case FailureNumber::ObjectNotSet: return "Object variable or With block variable not set";
     case FailureNumber::InvalidUseOfNull: return "Invalid use of Null";
     case FailureNumber::KeyExists: return "This key is already associated with an element of this collection";
+    case FailureNumber::InvalidArgument: return "The argument is of the wrong type or out of range.";
+    case FailureNumber::FileNotOpened: return "The file could not be opened.";
+    case FailureNumber::FileNotRead: return "The file could not be read.";
+    case FailureNumber::FileNotWritten: return "The file could not be written.";
     case FailureNumber::NoCurrentRecord: return "There is no current record; the operation needs one.";
     case FailureNumber::ItemNotFound: return "The item is not in the collection under the requested name or position.";
     case FailureNumber::ObjectClosed: return "The operation is not allowed when the object is closed.";

@@ -26,6 +26,7 @@ bool SqlCursor::Step() {
 bool SqlCursor::Next() {
   if (abandoned_) throw RunTimeError(FailureNumber::ObjectClosed);
   if (std::exchange(on_row_, false)) {
+    dropped_.clear();
     if (statement_) {
       statement_on_row_ = statement_on_row_ && Step();
     } else if (head_ < memory_.size()) {
@@ -48,9 +49,15 @@ void SqlCursor::Read(Positions columns, std::span<Value> values) const {
 }
 
 SqlCursor::Row SqlCursor::CurrentRow() const {
-  const Positions every = plan_->shape.EveryColumn();
-  Row row(every.size());
-  statement_->Read(every, plan_->shape.types(), row);
+  Positions wanted = plan_->shape.EveryColumn();
+  std::vector<int> kept;
+  if (!dropped_.empty()) {
+    kept.assign(wanted.begin(), wanted.end());
+    for (const int column : dropped_) kept[static_cast<std::size_t>(column)] = -1;
+    wanted = kept;
+  }
+  Row row(wanted.size());
+  statement_->Read(wanted, plan_->shape.types(), row);
   return row;
 }
 
@@ -58,12 +65,25 @@ void SqlCursor::Detach() {
   try {
     while (statement_ && statement_on_row_) {
       memory_.push_back(CurrentRow());
+      dropped_.clear();
       statement_on_row_ = Step();
     }
   } catch (...) {  // who detaches, to write or to roll back, has nothing to do with what is wrong in this walk
     failure_ = std::current_exception();
   }
   if (statement_) Finish();
+}
+
+void SqlCursor::Drop(int column) {
+  if (on_row_ && statement_) dropped_.push_back(column);
+}
+
+void SqlCursor::GiveUp() {
+  if (statement_) Finish();
+  memory_.clear();
+  head_ = 0;
+  failure_ = nullptr;
+  on_row_ = false;
 }
 
 std::int64_t SqlCursor::CountRows() {

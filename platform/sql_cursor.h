@@ -19,6 +19,8 @@ class SqlCursor final : public Cursor {
   void Read(Positions columns, std::span<Value> values) const override;
   /// Never fails: a row that cannot be read is told when the walk comes to it.
   void Detach() override;
+  void Drop(int column) override;
+  void GiveUp() override;
   std::int64_t CountRows() override;
   /// The engine goes away: the statement is dropped and every further call raises 3704.
   void Abandon();
@@ -35,6 +37,7 @@ class SqlCursor final : public Cursor {
   std::unique_ptr<PreparedStatement> statement_;  ///< null once it has ended or was detached
   std::vector<Row> memory_;                       ///< detached: the current row, if there is one, and those to come
   std::size_t head_ = 0;                          ///< where they begin
+  std::vector<int> dropped_;                      ///< columns of the current row that were dropped
   std::exception_ptr failure_;                    ///< what ended the rows in memory
   std::int64_t passed_ = 0;                       ///< rows that `Next` has reached
   bool statement_on_row_;                         ///< the statement stands on a row

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 
 #include "platform/run_time_error.h"
 #include "platform/text_decoding.h"
@@ -17,12 +18,34 @@ void RequireAtLeast(std::int64_t least, std::int64_t number) {
   if (number < least) throw RunTimeError(FailureNumber::InvalidCall);
 }
 
-/// Bytes of the first `count` code points, or of all.
-std::size_t BytesOf(std::string_view text, std::int64_t count) {
-  std::size_t at = 0;
-  while (count-- > 0 && at < text.size()) NextCodePoint(text, at);
-  return at;
+bool AreEightAscii(const char* bytes) {
+  std::uint64_t word = 0;
+  std::memcpy(&word, bytes, sizeof word);
+  return (word & 0x8080808080808080U) == 0;
 }
+
+struct Prefix {
+  std::size_t bytes = 0;
+  std::int64_t characters = 0;
+};
+
+/// The first `most` code points, or all; ASCII is passed eight at a time.
+Prefix FirstOf(std::string_view text, std::int64_t most) {
+  Prefix prefix;
+  while (prefix.characters < most && prefix.bytes < text.size()) {
+    const bool eight_left = most - prefix.characters >= 8 && text.size() - prefix.bytes >= 8;
+    if (eight_left && AreEightAscii(text.data() + prefix.bytes)) {
+      prefix.bytes += 8;
+      prefix.characters += 8;
+    } else {
+      NextCodePoint(text, prefix.bytes);
+      ++prefix.characters;
+    }
+  }
+  return prefix;
+}
+
+std::size_t BytesOf(std::string_view text, std::int64_t count) { return FirstOf(text, count).bytes; }
 
 template <class Mapping>
 std::string Mapped(std::string_view text, Mapping map) {
@@ -91,9 +114,7 @@ std::string LowerAscii(std::string_view text) {
 }
 
 std::int64_t Length(std::string_view text) {
-  std::int64_t length = 0;
-  for (std::size_t at = 0; at < text.size(); ++length) NextCodePoint(text, at);
-  return length;
+  return FirstOf(text, std::numeric_limits<std::int64_t>::max()).characters;
 }
 
 std::string_view Mid(std::string_view text, std::int64_t start, std::int64_t count) {

@@ -14,6 +14,11 @@
 /// What owners of a rule, a notification or another child record share.
 namespace zef {
 
+/// A column of a row that names a child; 0 for Null.
+inline std::int32_t ChildReference(Recordset& rs, std::string_view column) {
+  return ToLong(Nz(rs.Fields().Item(column).Value(), Value(0)));
+}
+
 /// Reads the child's row if the owner names one; without a reference or a row the child stays as it is.
 template <class Child>
 void ReadChild(const Ref<CSession>& session, const Ref<Child>& child, std::int32_t reference, std::string_view select) {
@@ -67,8 +72,7 @@ inline bool DeleteOwner(CSession& session, std::string_view from, std::span<cons
   const Ref<Recordset> rs = Deref(session.conDBConnection).Execute("SELECT *" + row);
   if (rs->EndOfFile()) return true;
   for (const ChildColumn& child : children) {
-    const Value reference = rs->Fields().Item(child.name).Value();
-    if (!(session.*child.remove)(ToLong(Nz(reference, Value(0))))) return false;
+    if (!(session.*child.remove)(ChildReference(*rs, child.name))) return false;
   }
   rs->Close();
   Execute(session, "DELETE *" + row);

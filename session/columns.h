@@ -33,6 +33,7 @@ struct Column {
   std::string_view null_text = {};  ///< and in a text
   bool guarded = true;              ///< false: Null is a failure
   std::string_view spelled = {};    ///< how statements spell the name, if not as it is read
+  bool in_portions = false;         ///< a long text, added portion by portion to what the property holds
 };
 
 /// The key of a table; it feeds `ID` and is read unguarded.

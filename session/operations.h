@@ -30,10 +30,11 @@ inline void Execute(CSession& session, const std::string& text) {
 
 /// "Get<class>": the record of one row, or Nothing with a clear error record if there is no such row.
 template <class R>
-Ref<R> GetRecord(CSession& session, std::string_view procedure, std::string_view select, std::int32_t id) {
+Ref<R> GetRecord(CSession& session, std::string_view procedure, std::string_view select, std::int32_t id,
+                 std::int32_t options = adCmdText) {
   return Trapped(session, procedure, Ref<R>(), [&] {
     session.ClearError();
-    const Ref<Recordset> rs = OpenSelect(session, WithNumber(select, id));
+    const Ref<Recordset> rs = OpenSelect(session, WithNumber(select, id), options);
     if (rs->EndOfFile()) return Ref<R>();
     auto record = MakeRef<R>();
     record->SetSession(Ref<CSession>(&session));
@@ -55,19 +56,12 @@ Ref<R> CreateRecord(CSession& session, std::string_view procedure, std::int32_t 
   return record;
 }
 
-/// For copies of records that own no others.
-struct NoChildren {
-  template <class R>
-  bool operator()(R& /*copy*/) const {
-    return true;
-  }
-};
-
-/// "Duplicate<class>": an unsaved copy of a stored record under the next identifier of a sequence, or Nothing.
-/// `renumber` gives the copy's children their placeholders; false if one could not be drawn. Traps nothing.
-template <class R, class Renumber = NoChildren>
+/// "Duplicate<class>": an unsaved copy of what `get` loads, under the next identifier of a sequence; `renumber` gives
+/// the copy's children theirs and tells whether it could. Traps nothing; a refusal is recorded on top of what the error
+/// record holds.
+template <class R, class Renumber>
 Ref<R> DuplicateRecord(CSession& session, std::string_view refusal, Ref<R> (CSession::*get)(std::int32_t),
-                       std::int32_t old_id, std::int32_t sequence, Renumber&& renumber = {}) {
+                       std::int32_t old_id, std::int32_t sequence, Renumber&& renumber) {
   if (Refused(session, refusal)) return nullptr;
   Ref<R> copy = (session.*get)(old_id);
   std::int32_t id = 0;
@@ -76,6 +70,13 @@ Ref<R> DuplicateRecord(CSession& session, std::string_view refusal, Ref<R> (CSes
   if (!renumber(*copy)) return nullptr;
   copy->ResetFlagsX(true, true);
   return copy;
+}
+
+/// The same for a class without children.
+template <class R>
+Ref<R> DuplicateRecord(CSession& session, std::string_view refusal, Ref<R> (CSession::*get)(std::int32_t),
+                       std::int32_t old_id, std::int32_t sequence) {
+  return DuplicateRecord(session, refusal, get, old_id, sequence, [](R&) { return true; });
 }
 
 /// A select with the client's condition, if there is one, and a fixed order behind it.
@@ -111,6 +112,15 @@ inline bool DeleteRow(CSession& session, std::string_view procedure, std::string
     session.ClearError();
     Execute(session, WithNumber(statement, id));
     return true;
+  });
+}
+
+/// The same for a class whose rows only those may delete who may write.
+inline bool DeleteGuardedRow(CSession& session, std::string_view procedure, std::string_view refusal,
+                             std::string_view statement, std::int32_t id) {
+  return Trapped(session, procedure, false, [&] {
+    session.ClearError();
+    return !Refused(session, refusal) && DeleteRow(session, procedure, statement, id);
   });
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <concepts>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "platform/value.h"
@@ -51,8 +53,17 @@ class Property {
   const T* operator->() const { return &value_; }
   friend bool operator==(const Property& a, const T& b) { return a.value_ == b; }
 
+  /// Setting a text to itself with more behind it, without copying what is there.
+  Property& operator+=(std::string_view more) requires std::same_as<T, std::string> {
+    value_ += more;
+    record_.modified_ |= !more.empty();
+    return *this;
+  }
+
   /// Stores without touching the flag: what comes from a row is no change.
   void Load(T value) { value_ = std::move(value); }
+  /// The same for what comes from a row in portions.
+  void LoadMore(std::string_view more) requires std::same_as<T, std::string> { value_ += more; }
 
  private:
   RecordFlags& record_;

@@ -57,18 +57,37 @@ class Record : public RefCounted<Derived>, public RecordFlags {
   Ref<CSession> session_;
 };
 
+/// Adds a long text at the end of a property, in portions; Null adds nothing.
+template <class R>
+void ReadPortions(R& record, const Column<R>& column, Field field) {
+  constexpr std::int32_t kPortion = 128;  // characters
+  auto& text = record.*std::get<Property<std::string> R::*>(column.member);
+  const std::int64_t size = field.ActualSize();
+  for (std::int64_t at = 0; at < size; at += kPortion) {
+    const Value portion = field.GetChunk(kPortion);
+    if (!IsNull(portion)) text.LoadMore(ToText(portion));
+  }
+}
+
 /// Copies the columns of the current row into the record, in the table's order, and leaves its flags alone. Raises 94
 /// for a Null in an unguarded column and 3265 for a missing column; the columns before it have been copied then.
 template <class R, std::size_t N>
-void ReadColumns(R& record, const Table<R, N>& table, const Recordset& rs) {
+void ReadColumns(R& record, const Table<R, N>& table, Recordset& rs) {
   const Positions positions = rs.Positions(table.names);
+  std::array<int, N> at_once;
+  for (std::size_t i = 0; i < N; ++i) at_once[i] = table.columns[i]->in_portions ? -1 : positions[i];
   std::array<Value, N> values;
-  rs.Read(positions, values);
+  rs.Read(at_once, values);
   std::size_t i = 0;
   try {
     for (; i < N; ++i) {
+      const Column<R>& column = *table.columns[i];
       if (positions[i] < 0) throw RunTimeError(FailureNumber::ItemNotFound);
-      ReadColumn(record, *table.columns[i], std::move(values[i]));
+      if (column.in_portions) {
+        ReadPortions(record, column, Field(rs, positions[i]));
+      } else {
+        ReadColumn(record, column, std::move(values[i]));
+      }
     }
   } catch (const RunTimeError& failure) {
     throw InColumn(failure, table.names[i]);

@@ -26,7 +26,6 @@ constexpr Column<CTask> kColumns[] = {
 };
 constexpr Table kTasks("Tasks", 25, kColumns);
 
-constexpr char kSave[] = "CTask.Save";
 constexpr char kFieldsArray[] = "CTask.GetFieldsArray";
 constexpr std::int32_t kNotFound = 102;
 
@@ -75,11 +74,8 @@ void CTask::GetValuesFromRS(const Ref<Recordset>& Rs) {
 }
 
 bool CTask::Save() {
-  return SaveInTransaction(kSave, [&](CSession& session) {
-    if (!SaveChildren(session)) return Outcome::Quiet;
-    const Outcome written = OwnModified() ? SaveRow(*this, kTasks, kFieldsArray) : Outcome::Done;
-    return written == Outcome::Done ? KeepDueDateEvent(session, *this) : written;
-  });
+  return SaveItem(kTasks, "CTask.Save", kFieldsArray,
+                  [this](CSession& session) { return KeepDueDateEvent(session, *this); });
 }
 
 bool CTask::Refresh() {

@@ -194,6 +194,75 @@ TEST_P(Recordsets, CutPortionsBetweenCharacters) {
   EXPECT_EQ(ToText(rs->Fields().Item("Note").GetChunk(2)), "ü");
 }
 
+TEST_P(Recordsets, GiveAMegabyteInPortionsToItsEnd) {
+  Execute("UPDATE Numbers SET Note='" + std::string(1'000'000, 'x') + "' WHERE N=1");
+  const Ref<Recordset> rs = Open("SELECT Note FROM Numbers WHERE N=1");
+  Field note = rs->Fields().Item("Note");
+  std::size_t size = 0;
+  for (Value portion = note.GetChunk(128); !IsNull(portion); portion = note.GetChunk(128)) {
+    size += ToText(portion).size();
+  }
+  EXPECT_EQ(size, 1'000'000u);
+}
+
+TEST_P(Recordsets, GivePortionsOfTheValueThatWasSetMeanwhile) {
+  Execute("UPDATE Numbers SET Note='old' WHERE N=1");
+  const Ref<Recordset> rs = Open("SELECT * FROM Numbers WHERE N=1");
+  Field note = rs->Fields().Item("Note");
+  EXPECT_EQ(ToText(note.GetChunk(2)), "ol");
+  note.SetValue(std::string("new one"));
+  EXPECT_EQ(note.ActualSize(), 7);
+  EXPECT_EQ(ToText(note.GetChunk(3)), "new");
+}
+
+TEST_P(Recordsets, GivePortionsOfEachRowFromItsBeginning) {
+  Execute("UPDATE Numbers SET Note='abc'");
+  const Ref<Recordset> rs = Open("SELECT Note FROM Numbers");
+  rs->Fields().Item("Note").GetChunk(2);
+  rs->MoveNext();
+  EXPECT_EQ(ToText(rs->Fields().Item("Note").GetChunk(2)), "ab");
+}
+
+TEST_P(Recordsets, EndBehindARowThatWasAdded) {
+  const Ref<Recordset> rs = Open("Numbers", adLockOptimistic, adCmdTable);
+  rs->AddNew();
+  rs->Fields().Item("N").SetValue(4);
+  rs->Update();
+  EXPECT_FALSE(rs->EndOfFile());
+  EXPECT_EQ(ToLong(rs->Fields().Item("N").Value()), 4);
+  rs->MoveNext();
+  EXPECT_TRUE(rs->EndOfFile());
+}
+
+TEST_P(Recordsets, KeepTheFieldsOfARowThatCouldNotBeAdded) {
+  const Ref<Recordset> rs = Open("Numbers", adLockOptimistic, adCmdTable);
+  rs->AddNew();
+  rs->Fields().Item("N").SetValue(1);
+  rs->Fields().Item("Word").SetValue(std::string("uno"));
+  EXPECT_NE(NumberOf([&] { rs->Update(); }), 0);
+  rs->Fields().Item("N").SetValue(4);
+  rs->Update();
+  EXPECT_EQ(Text("SELECT Word FROM Numbers WHERE N=4"), "uno");
+}
+
+TEST_P(Recordsets, KeepTheFieldsThatWereNotSetBehindAnUpdate) {
+  const Ref<Recordset> rs = Open("SELECT * FROM Numbers WHERE N<3 ORDER BY N");
+  rs->Fields().Item("Word").SetValue(std::string("eins"));
+  rs->Update();
+  EXPECT_EQ(ToText(rs->Fields().Item("Note").Value()), "a");
+  rs->MoveNext();
+  EXPECT_EQ(ToText(rs->Fields().Item("Word").Value()), "two");
+}
+
+TEST_P(Recordsets, WriteARowTwiceOverItsOldKey) {
+  const Ref<Recordset> rs = Open("SELECT * FROM Numbers WHERE N=2");
+  rs->Fields().Item("N").SetValue(1);
+  EXPECT_NE(NumberOf([&] { rs->Update(); }), 0);
+  rs->Fields().Item("N").SetValue(20);
+  rs->Update();
+  EXPECT_EQ(Text("SELECT Word FROM Numbers WHERE N=20"), "two");
+}
+
 TEST_P(Recordsets, TellNoSizeForNull) {
   const Ref<Recordset> rs = Open("SELECT Note FROM Numbers WHERE N=3");
   EXPECT_EQ(rs->Fields().Item("Note").ActualSize(), 0);

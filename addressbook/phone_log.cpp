@@ -1,0 +1,38 @@
+#include "addressbook/phone_log.h"
+
+namespace zef {
+namespace {
+
+constexpr Column<CPhoneLog> kColumns[] = {
+    Key<CPhoneLog>("PL_ID"),
+    Stored<CPhoneLog>("PL_ContactID", &CPhoneLog::ContactID, 0),
+    Stored<CPhoneLog>("PL_DateLastUpdate", &CPhoneLog::DateLastUpdate, 1),
+    Stored<CPhoneLog>("PL_Subject", &CPhoneLog::Subject, 2),
+    Stored<CPhoneLog>("PL_PhoneNumber", &CPhoneLog::PhoneNumber, 5),
+    Stored<CPhoneLog>("PL_Notes", &CPhoneLog::Notes, 3),
+    Stored<CPhoneLog>("PL_RecordDate", &CPhoneLog::RecordDate, 4),
+    Stored<CPhoneLog>("PL_Direction", &CPhoneLog::Direction, 6),
+};
+constexpr Table kPhoneLogs("PhoneLogs", 10, kColumns);
+
+constexpr char kSave[] = "CPhoneLog.Save";
+
+}  // namespace
+
+void CPhoneLog::GetValuesFromRS(const Ref<Recordset>& Rs) {
+  ReadColumns(*this, kPhoneLogs, Deref(Rs));
+  SetFlags(false, false);
+}
+
+bool CPhoneLog::Save() {
+  CSession& session = Deref(Session());
+  return Trapped(session, kSave, false, [&] {
+    session.ClearError();
+    if (Refused(session, kSave)) return false;
+    if (IsModified()) WriteRow(*this, kPhoneLogs, DatabaseRows(*this, kPhoneLogs));
+    SetFlags(false, false);
+    return true;
+  });
+}
+
+}  // namespace zef

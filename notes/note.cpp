@@ -1,0 +1,61 @@
+#include "notes/note.h"
+
+#include "platform/text_file.h"
+#include "session/operations.h"
+
+namespace zef {
+namespace {
+
+constexpr Column<CNote> kColumns[] = {
+    Key<CNote>("NOT_ID"),
+    {.name = "NOT_FolderID", .member = &CNote::FolderID, .row = 2, .form = Form::Plain, .guarded = false},
+    Stored<CNote>("NOT_CategoryID", &CNote::CategoryID, 3),
+    {.name = "NOT_Text", .member = &CNote::Text, .row = 1, .form = Form::Plain, .in_portions = true},
+    {.name = "NOT_Title", .member = &CNote::Title, .row = 0, .form = Form::Plain, .in_portions = true},
+    Stored<CNote>("NOT_DateLastUpdate", &CNote::DateLastUpdate, 4, Form::Stamp),
+};
+constexpr Table kNotes("Notes", 10, kColumns, 10);
+
+constexpr char kSave[] = "CNote.Save";
+constexpr char kFieldsArray[] = "CNote.GetFieldsArray";
+constexpr std::int32_t kNotFound = 101;
+
+}  // namespace
+
+void CNote::GetValuesFromRS(const Ref<Recordset>& Rs) {
+  ReadColumns(*this, kNotes, Deref(Rs));
+  SetFlags(false, false);
+}
+
+bool CNote::Save() {
+  CSession& session = Deref(Session());
+  return Trapped(session, kSave, false, [&] {
+    session.ClearError();
+    if (Refused(session, kSave)) return false;
+    if (IsModified() && SaveRow(*this, kNotes, kFieldsArray) != Outcome::Done) return false;
+    DateLastUpdate.Load(Date());
+    SetFlags(false, false);
+    return true;
+  });
+}
+
+bool CNote::ReadFromFile(const std::string& strFile) {
+  CSession& session = Deref(Session());
+  return Trapped(session, "CNote.ReadFromFile", false, [&] {
+    session.ClearError();
+    TextReader file(strFile);
+    Text = std::string();
+    for (std::string_view part = file.Next(); !part.empty(); part = file.Next()) Text += part;
+    return true;
+  });
+}
+
+bool CNote::Refresh() {
+  return RefreshRecord(*this, "CNote.Refresh", "SELECT * FROM Notes WHERE NOT_ID=", kNotFound, "No note found");
+}
+
+bool CNote::GetFieldsArray(FieldType enmType, FieldsArray& strFields, std::int32_t& lngFieldsCount) const {
+  return FillFieldsArray(*this, kNotes, kFieldsArray, enmType, strFields, lngFieldsCount);
+}
+
+}  // namespace zef

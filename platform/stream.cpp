@@ -1,0 +1,75 @@
+#include "platform/stream.h"
+
+#include <array>
+#include <limits>
+#include <utility>
+
+#include "platform/file.h"
+#include "platform/run_time_error.h"
+
+namespace zef {
+namespace {
+
+/// Runs `action`; a failure of the file keeps its sentence and takes the number that clients know from streams.
+template <class Action>
+auto Renumbered(FailureNumber number, Action&& action) -> decltype(action()) {
+  try {
+    return action();
+  } catch (const RunTimeError& failure) {
+    throw RunTimeError(number, failure.description());
+  }
+}
+
+/// What is in a file, to its end: it may have grown or shrunk since it was opened.
+Bytes ReadToEnd(InputFile& file) {
+  if (file.size() > static_cast<std::uint64_t>(std::numeric_limits<std::int32_t>::max())) {
+    throw RunTimeError(FailureNumber::FileNotRead, "The file is too large.");
+  }
+  Bytes bytes(static_cast<std::size_t>(file.size()));
+  bytes.resize(file.Read(bytes));
+  std::array<std::byte, 4096> more;
+  while (const std::size_t count = file.Read(more)) bytes.insert(bytes.end(), more.begin(), more.begin() + count);
+  return bytes;
+}
+
+}  // namespace
+
+void Stream::RequireOpen() const {
+  if (!open_) throw RunTimeError(FailureNumber::ObjectClosed);
+}
+
+void Stream::Open() {
+  if (open_) throw RunTimeError(FailureNumber::ObjectClosed, "The stream is open already.");
+  open_ = true;
+}
+
+void Stream::Close() {
+  RequireOpen();
+  bytes_ = Bytes();
+  open_ = false;
+}
+
+void Stream::LoadFromFile(const std::string& path) {
+  RequireOpen();
+  auto file = Renumbered(FailureNumber::FileNotOpened, [&] { return InputFile(path); });
+  bytes_ = Renumbered(FailureNumber::FileNotRead, [&] { return ReadToEnd(file); });
+}
+
+void Stream::SaveToFile(const std::string& path, SaveOption /*option*/) {
+  RequireOpen();
+  Renumbered(FailureNumber::FileNotWritten, [&] { WriteWholeFile(path, bytes_); });
+}
+
+Value Stream::Read() {
+  RequireOpen();
+  return std::exchange(bytes_, Bytes());
+}
+
+void Stream::Write(Value&& content) {
+  RequireOpen();
+  auto* bytes = std::get_if<Bytes>(&content);
+  if (bytes == nullptr) throw RunTimeError(FailureNumber::InvalidArgument);
+  bytes_ = std::move(*bytes);
+}
+
+}  // namespace zef

@@ -1,0 +1,195 @@
+#include "tests/notes/attachement_fixture.h"
+
+namespace zef::test {
+namespace {
+
+using AttachementCache = AttachementTest;
+
+// ---- GetNewCacheFileName
+
+TEST_F(AttachementCache, FirstNameIsNumberOneInTheTemporaryFolder) {
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  std::string name;
+  ASSERT_TRUE(attachement->GetNewCacheFileName(name));
+  EXPECT_EQ(name, CachePath("zef1.jpg"));
+}
+
+TEST_F(AttachementCache, NameWithoutADocTypeEndsInThePoint) {
+  std::string name;
+  ASSERT_TRUE(NewAttachement()->GetNewCacheFileName(name));
+  EXPECT_EQ(name, CachePath("zef1."));
+}
+
+TEST_F(AttachementCache, NameIsTheSameUntilItsFileExists) {
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  std::string first, second, third;
+  ASSERT_TRUE(attachement->GetNewCacheFileName(first));
+  ASSERT_TRUE(attachement->GetNewCacheFileName(second));
+  EXPECT_EQ(second, first);
+  std::ofstream(first) << "x";
+  ASSERT_TRUE(attachement->GetNewCacheFileName(third));
+  EXPECT_EQ(third, CachePath("zef2.jpg"));
+}
+
+TEST_F(AttachementCache, FirstGapIsTaken) {
+  for (const char* taken : {"zef1.jpg", "zef3.jpg", "zef2.txt"}) std::ofstream(CachePath(taken)) << "x";
+  std::string name;
+  ASSERT_TRUE(LoadedAttachement()->GetNewCacheFileName(name));
+  EXPECT_EQ(name, CachePath("zef2.jpg"));
+}
+
+TEST_F(AttachementCache, LinkThatLeadsNowhereTakesItsName) {
+  std::filesystem::create_symlink("nowhere", CachePath("zef1.jpg"));
+  std::string name;
+  ASSERT_TRUE(LoadedAttachement()->GetNewCacheFileName(name));
+  EXPECT_EQ(name, CachePath("zef2.jpg"));
+}
+
+TEST_F(AttachementCache, NameIsNotMadeAFile) {
+  std::string name;
+  ASSERT_TRUE(LoadedAttachement()->GetNewCacheFileName(name));
+  EXPECT_EQ(CacheFiles(), Texts{});
+}
+
+TEST_F(AttachementCache, DocTypeThatLeadsOutOfTheFolderIsRecordedAndLeavesTheArgument) {
+  const Ref<CAttachement> attachement = NewAttachement();
+  for (const char* type : {"x/../../evil", "/etc", "a/", "/"}) {
+    attachement->DocType = type;
+    std::string name = "mine";
+    EXPECT_FALSE(attachement->GetNewCacheFileName(name)) << type;
+    EXPECT_EQ(session->GetErrorProcedure(), "CAttachement.GetnewCacheFileName");
+    EXPECT_EQ(session->GetErrorCode(), 75);
+    EXPECT_EQ(name, "mine");
+  }
+}
+
+TEST_F(AttachementCache, DocTypeThatIsTooLongForAFileNameIsRecorded) {
+  const Ref<CAttachement> attachement = NewAttachement();
+  attachement->DocType = std::string(255, 'x');
+  std::string name;
+  EXPECT_FALSE(attachement->GetNewCacheFileName(name));
+  EXPECT_EQ(session->GetErrorCode(), 75);
+}
+
+TEST_F(AttachementCache, NameDoesNotClearAnOldError) {
+  LeaveAnOldError();
+  std::string name;
+  ASSERT_TRUE(NewAttachement()->GetNewCacheFileName(name));
+  EXPECT_EQ(session->GetErrorCode(), 77);
+}
+
+// ---- Cache2File
+
+TEST_F(AttachementCache, ContentIsWrittenUnderANewName) {
+  const Ref<CAttachement> attachement = LoadedAttachement("the content");
+  ASSERT_TRUE(attachement->Cache2File());
+  EXPECT_EQ(attachement->CacheFileName, CachePath("zef1.jpg"));
+  EXPECT_EQ(ContentOf(CachePath("zef1.jpg")), "the content");
+}
+
+TEST_F(AttachementCache, CacheFileIsPrivateToTheUser) {
+  ASSERT_TRUE(LoadedAttachement()->Cache2File());
+  EXPECT_EQ(std::filesystem::status(CachePath("zef1.jpg")).permissions(),
+            std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+}
+
+TEST_F(AttachementCache, CachingSelectsTheRow) {
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  ASSERT_TRUE(attachement->Cache2File());
+  EXPECT_EQ(SentInAll(), Texts{"SELECT * FROM Attachements where ATC_ID=1"});
+}
+
+TEST_F(AttachementCache, CachingMarksNothing) {
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  ASSERT_TRUE(attachement->Cache2File());
+  EXPECT_EQ(Flags(*attachement), "old clear");
+  EXPECT_FALSE(attachement->Cached);
+}
+
+TEST_F(AttachementCache, SecondCachingOverwritesTheSameFile) {
+  const Ref<CAttachement> attachement = LoadedAttachement("the content");
+  ASSERT_TRUE(attachement->Cache2File());
+  std::ofstream(CachePath("zef1.jpg")) << "something longer than that";
+  ASSERT_TRUE(attachement->Cache2File());
+  EXPECT_EQ(ContentOf(CachePath("zef1.jpg")), "the content");
+  EXPECT_EQ(CacheFiles(), Texts{"zef1.jpg"});
+}
+
+TEST_F(AttachementCache, OtherObjectOfTheSameRowTakesANewFile) {
+  ASSERT_TRUE(LoadedAttachement()->Cache2File());
+  ASSERT_TRUE(session->GetAttachement(1)->Cache2File());
+  EXPECT_THAT(CacheFiles(), testing::UnorderedElementsAre("zef1.jpg", "zef2.jpg"));
+}
+
+TEST_F(AttachementCache, NameGivenByTheClientIsUsedAsItStands) {
+  const Ref<CAttachement> attachement = LoadedAttachement("the content");
+  attachement->CacheFileName = CachePath("mine");
+  ASSERT_TRUE(attachement->Cache2File());
+  EXPECT_EQ(ContentOf(CachePath("mine")), "the content");
+}
+
+TEST_F(AttachementCache, LinkUnderTheNameIsReplacedAndNotFollowed) {
+  std::ofstream(CachePath("target")) << "untouched";
+  std::filesystem::create_symlink(CachePath("target"), CachePath("mine"));
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  attachement->CacheFileName = CachePath("mine");
+  ASSERT_TRUE(attachement->Cache2File());
+  EXPECT_EQ(ContentOf(CachePath("target")), "untouched");
+}
+
+TEST_F(AttachementCache, RowThatIsGoneGivesANameAndNoFile) {
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  Run("DELETE * FROM Attachements");
+  EXPECT_TRUE(attachement->Cache2File());
+  EXPECT_EQ(attachement->CacheFileName, CachePath("zef1.jpg"));
+  EXPECT_EQ(CacheFiles(), Texts{});
+  EXPECT_FALSE(session->GetErrorFlag());
+}
+
+TEST_F(AttachementCache, NullContentIsRecordedAndGivesNoFile) {
+  Run("INSERT INTO Attachements (ATC_ID) VALUES (81)");
+  const Ref<CAttachement> attachement = session->GetAttachement(81);
+  EXPECT_FALSE(attachement->Cache2File());
+  EXPECT_EQ(session->GetErrorProcedure(), "CAttachement.Cache2File");
+  EXPECT_EQ(session->GetErrorCode(), 3001);
+  EXPECT_EQ(CacheFiles(), Texts{});
+}
+
+TEST_F(AttachementCache, FolderThatIsGoneIsRecorded) {
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  std::filesystem::remove_all(CachePath(""));
+  EXPECT_FALSE(attachement->Cache2File());
+  EXPECT_EQ(session->GetErrorProcedure(), "CAttachement.Cache2File");
+  EXPECT_EQ(session->GetErrorCode(), 3004);
+}
+
+TEST_F(AttachementCache, NameThatCannotBeFoundEndsWithItsOwnRecord) {
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  attachement->DocType = "x/y";
+  EXPECT_FALSE(attachement->Cache2File());
+  EXPECT_EQ(session->GetErrorProcedure(), "CAttachement.GetnewCacheFileName");
+  EXPECT_EQ(attachement->CacheFileName, "");
+}
+
+TEST_F(AttachementCache, SelectThatFailsIsRecorded) {
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  Refuse("SELECT * FROM Attachements");
+  EXPECT_FALSE(attachement->Cache2File());
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[CAttachement.Cache2File] Error: -2147217900 - made to fail");
+}
+
+TEST_F(AttachementCache, CachingClearsAnOldError) {
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  LeaveAnOldError();
+  ASSERT_TRUE(attachement->Cache2File());
+  EXPECT_FALSE(session->GetErrorFlag());
+}
+
+TEST_F(AttachementCache, CachingIsOpenToASessionThatMayOnlyRead) {
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  session->UserRights = DataViewer;
+  EXPECT_TRUE(attachement->Cache2File());
+}
+
+}  // namespace
+}  // namespace zef::test
