@@ -29,9 +29,9 @@ struct Shape {
 /// Decimal. Empty texts are AsciiText. After a failure the shape holds nothing of use.
 void ReadShape(std::string_view statement, Shape& shape);
 
-/// Guesses the shape of a short statement without taking it apart: an integer behind a `=` at its end is its literal, or
-/// else it has none. The guess is right if a statement has been read before that has this key and no literal but that;
-/// false if no such key could be the statement's.
+/// Guesses the shape of a short statement without taking it apart: an integer behind a `=` at its end is its literal,
+/// or else it has none. The guess is right if a statement has been read before that has this key and no literal but
+/// that; false if no such key could be the statement's.
 bool GuessShape(std::string_view statement, Shape& shape);
 
 /// True if the statement begins with CREATE, ALTER or DROP: such statements are not cached.
