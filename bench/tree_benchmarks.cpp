@@ -169,7 +169,7 @@ void RegisterTree(World& world, const std::string& name, Operation timed) {
 void RegisterTrees(World& world) {
   RegisterTree(world, "CopyFolder", Operation::Copy);
   RegisterTree(world, "DeleteFolder", Operation::Delete);
-  RegisterAmounts("memory of CopyFolder, ten levels of 1000 tasks against one", 2 << 20, MeasureLevels);
+  RegisterAmounts("memory of CopyFolder, ten levels of 1000 tasks against one", 3 << 19, MeasureLevels);
 }
 
 }  // namespace zef::bench

@@ -15,6 +15,17 @@ inline constexpr std::string_view kNoRights = "You don't have rights to insert/e
 /// Runs `body` and returns its result. A failure is written to the session's error record under `procedure`, and the
 /// result is `fallback`. A failure of the recording itself, as without a connection, reaches the caller.
 template <class Result, class Body>
+Result Trapped(CSession& session, std::string_view procedure, Result fallback, Body&& body) {
+  try {
+    return body();
+  } catch (...) {
+    session.RecordError(std::string(procedure));
+    return fallback;
+  }
+}
+
+/// The same for a record's session; where that is Nothing, a failure reaches the caller as 91.
+template <class Result, class Body>
 Result Trapped(const Ref<CSession>& session, std::string_view procedure, Result fallback, Body&& body) {
   try {
     return body();
@@ -22,11 +33,6 @@ Result Trapped(const Ref<CSession>& session, std::string_view procedure, Result 
     Deref(session).RecordError(std::string(procedure));
     return fallback;
   }
-}
-
-template <class Result, class Body>
-Result Trapped(CSession& session, std::string_view procedure, Result fallback, Body&& body) {
-  return Trapped(Ref<CSession>(&session), procedure, std::move(fallback), std::forward<Body>(body));
 }
 
 /// True if the session may only read: then the refusal stands in the error record under `procedure`.

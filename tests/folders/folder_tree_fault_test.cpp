@@ -24,16 +24,20 @@ class FolderTreeFault : public FolderTreeTest {
 
 TEST_F(FolderTreeFault, EveryFailureOfACopyLeavesAllRows) {
   const auto copy = [&] { return session->CopyFolder(100, 200); };
-  EXPECT_GT(FailEachCall(database, *session, copy).size(), 100u);
+  // A copy's empty attachment is deleted under its placeholder; that this fails is no failure of the alarm's Save.
+  const auto failures = FailEachCall(database, *session, copy, {}, Unchanged::AllTables, "DELETE * FROM Attachements");
+  EXPECT_GT(failures.size(), 100u);
   EXPECT_EQ(Rows("Tasks"), 4);
-  EXPECT_EQ(Rows("Contacts") + Rows("Notes") + Rows("Alarms") + Rows("Alarms"), 6);
+  EXPECT_EQ(Rows("Contacts") + Rows("Notes") + Rows("Alarms"), 6);
 }
 
 TEST_F(FolderTreeFault, EveryFailureOfADeleteLeavesAllRows) {
   const auto remove = [&] { return session->DeleteFolder(100); };
   const auto failures = FailEachCall(database, *session, remove, {}, Unchanged::AllTables, "SELECT FLD_ID");
   EXPECT_GT(failures.size(), 40u);
-  EXPECT_EQ(Rows("Tasks") + Rows("Contacts") + Rows("Notes") + Rows("Folders WHERE FLD_ID>=100 AND FLD_ID<200"), 0);
+  EXPECT_EQ(Rows("Tasks") + Rows("Contacts") + Rows("Notes") + Rows("Alarms") +
+                Rows("Folders WHERE FLD_ID>=100 AND FLD_ID<200"),
+            0);
 }
 
 }  // namespace
