@@ -10,6 +10,7 @@ void RegisterSaving(World& world);
 void RegisterSequences(World& world);
 void RegisterCriteria(World& world);
 void RegisterRules(World& world);
+void RegisterContacts(World& world);
 void RegisterGrowth(World& world);
 void RegisterMemory(World& world);
 

@@ -22,9 +22,10 @@ int Run(int argc, char** argv) {
   zef::bench::World world(TakeQuick(argc, argv));
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
-  for (const auto register_rows : {zef::bench::RegisterReading, zef::bench::RegisterSaving,
-                                   zef::bench::RegisterSequences, zef::bench::RegisterCriteria,
-                                   zef::bench::RegisterRules, zef::bench::RegisterGrowth, zef::bench::RegisterMemory}) {
+  for (const auto register_rows :
+       {zef::bench::RegisterReading, zef::bench::RegisterSaving, zef::bench::RegisterSequences,
+        zef::bench::RegisterCriteria, zef::bench::RegisterRules, zef::bench::RegisterContacts,
+        zef::bench::RegisterGrowth, zef::bench::RegisterMemory}) {
     register_rows(world);
   }
   zef::bench::TableReporter reporter;
