@@ -11,6 +11,7 @@ void RegisterSequences(World& world);
 void RegisterCriteria(World& world);
 void RegisterRules(World& world);
 void RegisterNotes(World& world);
+void RegisterContacts(World& world);
 void RegisterGrowth(World& world);
 void RegisterMemory(World& world);
 void RegisterTrees(World& world);

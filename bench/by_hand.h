@@ -116,6 +116,9 @@ class HandDatabase {
   std::unique_ptr<sqlite3, Close> db_;
 };
 
+/// The local date and time as the database keeps it.
+double NowByHand();
+
 /// Reads folders and events.
 class HandReader {
  public:

@@ -24,14 +24,6 @@ constexpr char kInsertTask[] =
 constexpr char kSelectFolder[] =
     "SELECT FLD_ID FROM Folders WHERE FLD_Protected=1 AND FLD_Name='Tasks Due Dates' COLLATE NOCASE";
 
-/// The local date and time as the database keeps it.
-double Now() {
-  const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
-  return static_cast<double>(timegm(&local)) / 86400 + 25569;
-}
-
 int Bind(sqlite3_stmt* statement, int number, std::int32_t value) { return sqlite3_bind_int(statement, number, value); }
 int Bind(sqlite3_stmt* statement, int number, double value) { return sqlite3_bind_double(statement, number, value); }
 int Bind(sqlite3_stmt* statement, int number, const std::string& value) {
@@ -46,6 +38,13 @@ void BindAll(const HandStatement& statement, const Values&... values) {
 }
 
 }  // namespace
+
+double NowByHand() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  return static_cast<double>(timegm(&local)) / 86400 + 25569;
+}
 
 HandWriter::HandWriter(const HandDatabase& db)
     : db_(db),
@@ -85,14 +84,14 @@ std::int32_t HandWriter::DrawAlone(std::int32_t sequence) const {
 
 void HandWriter::UpdateEvent(const HandEvent& event) const {
   BindAll(update_event_, event.id, event.folder_id, event.category_id, event.notification_id, event.recurrence_id,
-          event.contact_id, event.text, event.start_date, event.reminder, Now(), event.location, event.end_date,
+          event.contact_id, event.text, event.start_date, event.reminder, NowByHand(), event.location, event.end_date,
           event.type, event.link_id);
   db_.Run(update_event_);
 }
 
 void HandWriter::InsertEvent(const HandEvent& event) const {
   BindAll(insert_event_, event.id, event.folder_id, event.category_id, event.notification_id, event.recurrence_id,
-          event.contact_id, event.text, event.start_date, event.reminder, Now(), event.end_date, event.type,
+          event.contact_id, event.text, event.start_date, event.reminder, NowByHand(), event.end_date, event.type,
           event.link_id);
   db_.Run(insert_event_);
 }
@@ -106,7 +105,7 @@ std::int32_t HandWriter::DueDatesFolder() const {
 void HandWriter::InsertTask(const HandTask& task) const {
   BindAll(insert_task_, task.id, task.folder_id, task.recurrence_id, task.notification_id, task.category_id,
           task.priority, task.status_id, task.name, task.description, task.due_date, task.start_date, task.assigned_to,
-          task.completed, task.date_completed, Now());
+          task.completed, task.date_completed, NowByHand());
   db_.Run(insert_task_);
   HandEvent event;
   event.id = Draw(kEventSequence);

@@ -4,8 +4,10 @@
 #include <string_view>
 
 #include "bench/by_hand.h"
+#include "bench/by_hand_contact.h"
 #include "calendar/event.h"
 #include "folders/folder.h"
+#include "session/collections.h"
 
 namespace zef::bench {
 
@@ -27,6 +29,10 @@ std::uint64_t DigestOf(const CFolder& folder);
 std::uint64_t DigestOf(const HandFolder& folder);
 std::uint64_t DigestOf(const CEvent& event);
 std::uint64_t DigestOf(const HandEvent& event);
+std::uint64_t DigestOf(const CContact& contact);
+std::uint64_t DigestOf(const HandContact& contact);
+std::uint64_t DigestOf(const CTag& tag);
+std::uint64_t DigestOf(const HandTag& tag);
 
 /// All records of a list of pointers, in order.
 template <class Records>

@@ -2,8 +2,11 @@
 
 #include <stdexcept>
 
+#include "addressbook/contact.h"
 #include "bench/benchmarks.h"
 #include "bench/by_hand.h"
+#include "bench/by_hand_contact.h"
+#include "bench/contact_texts.h"
 #include "bench/contest.h"
 #include "calendar/event.h"
 #include "session/collections.h"
@@ -15,6 +18,9 @@ std::size_t HeapInUse() {
   const struct mallinfo2 info = mallinfo2();
   return info.uordblks + info.hblkhd;
 }
+
+constexpr std::int32_t kRows = World::kFewEvents;
+static_assert(kRows == World::kFewContacts);
 
 /// What a text takes on the heap by itself; a short one lies within its record.
 std::size_t TextBytes(const std::string& text) { return text.size() > std::string().capacity() ? text.size() : 0; }
@@ -35,6 +41,18 @@ std::size_t TextBytes(const HandEvent& event) {
   return bytes;
 }
 
+std::size_t TextBytes(const CContact& contact) {
+  std::size_t bytes = 0;
+  for (const auto text : kContactTexts) bytes += TextBytes((contact.*text).get());
+  return bytes;
+}
+
+std::size_t TextBytes(const HandContact& contact) {
+  std::size_t bytes = 0;
+  for (const std::string& text : contact.texts) bytes += TextBytes(text);
+  return bytes;
+}
+
 /// Heap bytes of a record, its children and its place in the list, without the bytes of its texts. A first load fills
 /// the engine's own memory.
 template <class Load>
@@ -49,11 +67,11 @@ double BytesBesideTexts(Load load) {
     texts += TextBytes(*record);
     ++count;
   }
-  if (count != World::kFewEvents) throw std::runtime_error("a load did not give the rows that there are");
+  if (count != kRows) throw std::runtime_error("a load did not give the rows that there are");
   return static_cast<double>(held - texts) / static_cast<double>(count);
 }
 
-Amounts Measure(World& world) {
+Amounts MeasureEvents(World& world) {
   const Ref<CSession> session = OpenSession(world.Small());
   const HandDatabase db(world.Small());
   const HandReader reader(db);
@@ -67,10 +85,25 @@ Amounts Measure(World& world) {
   return amounts;
 }
 
+Amounts MeasureContacts(World& world) {
+  const Ref<CSession> session = OpenSession(world.SmallAddressBook());
+  const HandDatabase db(world.SmallAddressBook());
+  const HandContactReader reader(db);
+  Amounts amounts;
+  amounts.ours = BytesBesideTexts([&] {
+    auto contacts = MakeRef<CContacts>();
+    session->LoadContactsWithCriteria(contacts, "");
+    return contacts;
+  });
+  amounts.by_hand = BytesBesideTexts([&] { return std::make_unique<HandContacts>(reader.Load(0)); });
+  return amounts;
+}
+
 }  // namespace
 
 void RegisterMemory(World& world) {
-  RegisterAmounts("memory of a loaded event with two children, no texts", 1024, [&] { return Measure(world); });
+  RegisterAmounts("memory of a loaded event with two children, no texts", 1024, [&] { return MeasureEvents(world); });
+  RegisterAmounts("memory of a loaded contact, no texts", 2048, [&] { return MeasureContacts(world); });
 }
 
 }  // namespace zef::bench

@@ -56,22 +56,42 @@ void FillEvents(const HandDatabase& db, std::int32_t count) {
          count);
 }
 
-void SetSequences(const HandDatabase& db, std::int32_t folders, std::int32_t events) {
+/// People with a private address and a company; about half of the columns are filled, as in most address books.
+void FillContacts(const HandDatabase& db, std::int32_t count) {
+  Repeat(db,
+         "INSERT INTO Contacts (CNT_ID, CNT_FolderID, CNT_CategoryID, CNT_FirstName, CNT_LastName, CNT_MI, CNT_Dear, "
+         "CNT_Address, CNT_City, CNT_State, CNT_Country, CNT_PostalCode, CNT_Phone, CNT_MobilePhone, CNT_Email, "
+         "CNT_JobTitle, CNT_BirthDate, CNT_Anniversary, CNT_Company, CNT_WorkCity, CNT_WorkPhone, CNT_WorkFax, "
+         "CNT_WorkEmail, CNT_LastMeetingDate, CNT_Notes, CNT_DateLastUpdate) VALUES (?1, 2, ?1 % 7, "
+         "printf('Person %d', ?1 % 1000), printf('Family %07d', ?1 * 7919 % 1000003), 'J', 'Dear friend', "
+         "printf('%d Long Street', ?1 % 300), 'Springfield', 'Somewhere', 'Far away', printf('%05d', ?1 % 100000), "
+         "printf('555-1%07d', ?1), printf('555-2%07d', ?1), printf('person%d@example.org', ?1), 'Engineer', 0, 0, "
+         "printf('Company %d and Sons', ?1 % 500), 'Springfield', printf('555-3%07d', ?1), printf('555-4%07d', ?1), "
+         "printf('person%d@work.example.org', ?1), 45000.375 + ?1 % 1000, "
+         "printf('Met person %d at the fair of the year before the last.', ?1), 45000.25)",
+         count);
+}
+
+void SetSequences(const HandDatabase& db, const Sizes& sizes) {
   const std::string text = fmt::format(
-      "UPDATE Sequences SET SEQ_Value={} WHERE SEQ_ID IN (4, 7, 8); UPDATE Sequences SET SEQ_Value={} WHERE SEQ_ID=12",
-      events, kSystemFolders + folders);
+      "UPDATE Sequences SET SEQ_Value={} WHERE SEQ_ID=1; UPDATE Sequences SET SEQ_Value={} WHERE SEQ_ID IN (4, 7, 8); "
+      "UPDATE Sequences SET SEQ_Value={} WHERE SEQ_ID=12",
+      sizes.contacts, sizes.events, kSystemFolders + sizes.folders);
   db.Execute(text.c_str());
 }
 
 }  // namespace
 
-void MakeDatabase(const std::string& path, std::int32_t folders, std::int32_t events) {
+std::string MobilePhone(std::int32_t contact) { return fmt::format("555-2{:07}", contact); }
+
+void MakeDatabase(const std::string& path, const Sizes& sizes) {
   MakeTables(path);
   const HandDatabase db(path);
   db.Execute("BEGIN IMMEDIATE");
-  FillFolders(db, folders);
-  FillEvents(db, events);
-  SetSequences(db, folders, events);
+  FillFolders(db, sizes.folders);
+  FillEvents(db, sizes.events);
+  FillContacts(db, sizes.contacts);
+  SetSequences(db, sizes);
   db.Execute("COMMIT");
   db.Checkpoint();
 }

@@ -4,8 +4,6 @@
 
 #include <stdexcept>
 
-#include "bench/test_data.h"
-
 namespace zef::bench {
 
 TemporaryFolder::TemporaryFolder() {
@@ -19,9 +17,9 @@ TemporaryFolder::~TemporaryFolder() {
   std::filesystem::remove_all(path_, ignored);
 }
 
-const std::string& World::Made(const std::string& name, std::int32_t folders, std::int32_t events) {
+const std::string& World::Made(const std::string& name, const Sizes& sizes) {
   const auto [entry, fresh] = paths_.try_emplace(name, (folder_.path() / (name + ".db")).string());
-  if (fresh) MakeDatabase(entry->second, folders, events);
+  if (fresh) MakeDatabase(entry->second, sizes);
   return entry->second;
 }
 

@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 
+#include "bench/test_data.h"
 #include "session/session.h"
 
 namespace zef::bench {
@@ -36,15 +37,24 @@ class World {
   std::int32_t ManyEvents() const { return quick_ ? 100'000 : 1'000'000; }
   static constexpr std::int32_t kFewEvents = 10'000;
 
-  /// A database that is only read, with `LoadedRows` folders and events.
-  const std::string& Reading() { return Made("reading", LoadedRows(), LoadedRows()); }
-  /// One that is written to, with few events.
-  const std::string& Writing() { return Made("writing", 100, kFewEvents); }
-  const std::string& Small() { return Made("small", 0, kFewEvents); }
-  const std::string& Large() { return Made("large", 0, ManyEvents()); }
+  static constexpr std::int32_t kFewContacts = 10'000;
+  std::int32_t ManyContacts() const { return quick_ ? 100'000 : 1'000'000; }
+
+  /// A database that is only read, with `LoadedRows` folders, events and contacts.
+  const std::string& Reading() {
+    return Made("reading", {.folders = LoadedRows(), .events = LoadedRows(), .contacts = LoadedRows()});
+  }
+  /// One that is written to, with few events and contacts.
+  const std::string& Writing() {
+    return Made("writing", {.folders = 100, .events = kFewEvents, .contacts = kFewContacts});
+  }
+  const std::string& Small() { return Made("small", {.events = kFewEvents}); }
+  const std::string& Large() { return Made("large", {.events = ManyEvents()}); }
+  const std::string& SmallAddressBook() { return Made("small_book", {.contacts = kFewContacts}); }
+  const std::string& LargeAddressBook() { return Made("large_book", {.contacts = ManyContacts()}); }
 
  private:
-  const std::string& Made(const std::string& name, std::int32_t folders, std::int32_t events);
+  const std::string& Made(const std::string& name, const Sizes& sizes);
 
   bool quick_;
   TemporaryFolder folder_;
