@@ -9,7 +9,7 @@
 #include "client/place_file.h"
 #include "platform/connection.h"
 #include "platform/connection_string.h"
-#include "platform/database_file.h"
+#include "platform/engine.h"
 #include "platform/recordset.h"
 #include "platform/transaction_guard.h"
 #include "schema/schema_text.h"
@@ -65,9 +65,9 @@ void Fill(Connection& connection, std::string_view statements) {
 }
 
 void MakeDatabase(const fs::path& path, const std::string& password, std::string_view statements) {
-  CreateDatabaseFile(path.native(), password);
   std::string text = "Provider=SQLite;Data Source=" + QuotedConnectionValue(path.native());
   if (!password.empty()) text += ";Password=" + QuotedConnectionValue(password);
+  zef::CreateDatabase(text);
   const auto connection = MakeRef<Connection>();
   connection->Open(text);
   Fill(*connection, statements);

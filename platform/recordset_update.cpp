@@ -6,9 +6,9 @@ namespace zef {
 namespace {
 
 /// Runs a statement of the record set's own; what does not fit its column is told with the number of `Update`.
-std::int64_t Write(Connection& connection, const std::string& text, const std::vector<Value>& parameters) {
+Result Write(Connection& connection, const std::string& text, const std::vector<Value>& parameters) {
   try {
-    return connection.Run({.text = text, .parameters = parameters}).rows;
+    return connection.Run({.text = text, .parameters = parameters});
   } catch (const RunTimeError& failure) {
     if (failure.code() != FailureNumber::ValueDoesNotFit) throw;
     throw RunTimeError(FailureNumber::UpdateDoesNotFit, failure.description());
@@ -32,28 +32,19 @@ void Recordset::InsertRow() {
 
 void Recordset::UpdateRow() {
   const RowShape& shape = OpenShape();
-  const sql::CompiledStatement& statement = shape.statement();
-  std::string text;
-  text.reserve(128);
-  text.append("UPDATE [").append(statement.table).append("] SET ");
+  std::vector<int> columns;
   std::vector<Value> values;
-  values.reserve(pending_.size() + 2);
+  columns.reserve(pending_.size());
+  values.reserve(pending_.size() + shape.Identity().size());
   for (const auto& [position, value] : pending_) {
-    text.append(values.empty() ? "[" : ",[").append(shape.columns()[static_cast<std::size_t>(position)].name);
-    text.append("]=?");
+    columns.push_back(position);
     values.push_back(value);
   }
-  text += " WHERE ";
-  if (statement.hidden_row_id) {
-    text.append("[").append(statement.row_id).append("]=?");
-    values.push_back(StoredValue(static_cast<int>(shape.columns().size())));
-  }
-  for (std::size_t i = 0; i < statement.key_columns.size() && !statement.hidden_row_id; ++i) {
-    const std::size_t key = statement.key_columns[i];
-    text.append(i == 0 ? "[" : " AND [").append(shape.columns()[key].name).append("]=?");
-    values.push_back(StoredValue(static_cast<int>(key)));
-  }
-  if (Write(*connection_, text, values) == 0) throw RunTimeError(FailureNumber::RowVanished);
+  for (const int position : shape.Identity()) values.push_back(StoredValue(position));
+  Result result = Write(*connection_, shape.UpdateText(columns), values);
+  if (result.rows == 0) throw RunTimeError(FailureNumber::RowVanished);
+  // In an engine where writing moves a row, the next `Update` must find it at its new place.
+  if (result.row_id) pending_.emplace_back(shape.Identity().front(), std::move(*result.row_id));
 }
 
 }  // namespace zef

@@ -25,6 +25,18 @@ int WaitForLock(void* waiting_since, int times) {
   return 1;
 }
 
+struct FileName {
+  std::string path;
+  std::string password;
+};
+
+FileName FileOf(const ConnectionString& connection) {
+  connection.Require({"Provider", "Data Source", "User ID", "Password", "Jet OLEDB:Database Password", "Mode"});
+  std::string_view password = connection.Get("Jet OLEDB:Database Password");
+  if (password.empty()) password = connection.Get("Password");
+  return {std::string(connection.Get("Data Source")), std::string(password)};
+}
+
 void Exec(sqlite3* db, const char* text) { CheckSqlite(db, sqlite3_exec(db, text, nullptr, nullptr, nullptr)); }
 
 }  // namespace
@@ -130,11 +142,13 @@ void SqliteEngine::ChangeSchema(const sql::SchemaChange& change) {
 }
 
 std::unique_ptr<Engine> OpenSqlite(const ConnectionString& connection) {
-  connection.Require({"Provider", "Data Source", "User ID", "Password", "Jet OLEDB:Database Password", "Mode"});
-  std::string_view password = connection.Get("Jet OLEDB:Database Password");
-  if (password.empty()) password = connection.Get("Password");
-  DatabaseHandle db = OpenDatabaseFile(std::string(connection.Get("Data Source")), std::string(password));
-  return std::make_unique<SqliteEngine>(std::move(db));
+  const FileName file = FileOf(connection);
+  return std::make_unique<SqliteEngine>(OpenDatabaseFile(file.path, file.password));
+}
+
+void CreateSqlite(const ConnectionString& connection) {
+  const FileName file = FileOf(connection);
+  CreateDatabaseFile(file.path, file.password);
 }
 
 }  // namespace zef
