@@ -25,45 +25,37 @@ std::string Text(sqlite3_stmt* row, int column) {
 
 bool IsNull(sqlite3_stmt* row, int column) { return sqlite3_column_type(row, column) == SQLITE_NULL; }
 
+void Read(sqlite3_stmt* row, int column, std::int32_t& value) { value = sqlite3_column_int(row, column); }
+void Read(sqlite3_stmt* row, int column, double& value) { value = sqlite3_column_double(row, column); }
+void Read(sqlite3_stmt* row, int column, bool& value) { value = sqlite3_column_int(row, column) == 1; }
+void Read(sqlite3_stmt* row, int column, std::string& value) { value = Text(row, column); }
+
+/// Reads the columns of a row in order.
+template <class... Values>
+void ReadRow(sqlite3_stmt* row, Values&... values) {
+  int column = 0;
+  (Read(row, column++, values), ...);
+}
+
 std::unique_ptr<HandFolder> ReadFolder(sqlite3_stmt* row) {
   auto folder = std::make_unique<HandFolder>();
-  folder->id = sqlite3_column_int(row, 0);
-  folder->parent_id = sqlite3_column_int(row, 1);
-  folder->options = sqlite3_column_int(row, 2);
-  folder->name = Text(row, 3);
-  folder->description = Text(row, 4);
-  folder->items_type = sqlite3_column_int(row, 5);
-  folder->date_last_update = sqlite3_column_double(row, 6);
-  folder->is_protected = sqlite3_column_int(row, 7) == 1;
+  HandFolder& f = *folder;
+  ReadRow(row, f.id, f.parent_id, f.options, f.name, f.description, f.items_type, f.date_last_update, f.is_protected);
   return folder;
 }
 
 std::unique_ptr<HandRule> ReadRule(sqlite3_stmt* row) {
   auto rule = std::make_unique<HandRule>();
-  rule->id = sqlite3_column_int(row, 0);
-  rule->type = sqlite3_column_int(row, 1);
-  rule->occurrences = sqlite3_column_int(row, 2);
-  rule->options1 = sqlite3_column_int(row, 3);
-  rule->options2 = sqlite3_column_int(row, 4);
-  rule->sub_type = sqlite3_column_int(row, 5);
-  rule->days = sqlite3_column_int(row, 6);
-  rule->month = sqlite3_column_int(row, 7);
-  rule->week_number = sqlite3_column_int(row, 8);
-  rule->end_date = sqlite3_column_double(row, 9);
+  HandRule& r = *rule;
+  ReadRow(row, r.id, r.type, r.occurrences, r.options1, r.options2, r.sub_type, r.days, r.month, r.week_number,
+          r.end_date);
   return rule;
 }
 
 std::unique_ptr<HandNotification> ReadNotification(sqlite3_stmt* row) {
   auto notification = std::make_unique<HandNotification>();
-  notification->id = sqlite3_column_int(row, 0);
-  notification->subject = Text(row, 1);
-  notification->message = Text(row, 2);
-  notification->email = Text(row, 3);
-  notification->cc = Text(row, 4);
-  notification->bcc = Text(row, 5);
-  notification->type = sqlite3_column_int(row, 6);
-  notification->status = sqlite3_column_int(row, 7);
-  notification->sending_date = sqlite3_column_double(row, 8);
+  HandNotification& n = *notification;
+  ReadRow(row, n.id, n.subject, n.message, n.email, n.cc, n.bcc, n.type, n.status, n.sending_date);
   return notification;
 }
 
@@ -99,18 +91,9 @@ std::unique_ptr<HandEvent> HandReader::GetEvent(std::int32_t id) const {
 
 std::unique_ptr<HandEvent> HandReader::ReadEvent(sqlite3_stmt* row) const {
   auto event = std::make_unique<HandEvent>();
-  event->id = sqlite3_column_int(row, 0);
-  event->folder_id = sqlite3_column_int(row, 1);
-  event->category_id = sqlite3_column_int(row, 2);
-  event->notification_id = sqlite3_column_int(row, 3);
-  event->recurrence_id = sqlite3_column_int(row, 4);
-  event->contact_id = sqlite3_column_int(row, 5);
-  event->text = Text(row, 6);
-  event->location = Text(row, 7);
-  event->start_date = sqlite3_column_double(row, 8);
-  event->end_date = sqlite3_column_double(row, 9);
-  event->reminder = sqlite3_column_int(row, 10);
-  event->date_last_update = sqlite3_column_double(row, 11);
+  HandEvent& e = *event;
+  ReadRow(row, e.id, e.folder_id, e.category_id, e.notification_id, e.recurrence_id, e.contact_id, e.text, e.location,
+          e.start_date, e.end_date, e.reminder, e.date_last_update);
   event->type = IsNull(row, 12) ? "E" : Text(row, 12);
   event->link_id = IsNull(row, 13) ? -1 : sqlite3_column_int(row, 13);
   event->notification = GetOne(db_, notification_, event->notification_id, ReadNotification);

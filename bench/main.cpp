@@ -24,8 +24,8 @@ int Run(int argc, char** argv) {
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
   for (const auto register_rows :
        {zef::bench::RegisterReading, zef::bench::RegisterSaving, zef::bench::RegisterSequences,
-         zef::bench::RegisterCriteria, zef::bench::RegisterRules, zef::bench::RegisterContacts,
-         zef::bench::RegisterNotes, zef::bench::RegisterGrowth, zef::bench::RegisterMemory, zef::bench::RegisterTrees}) {
+        zef::bench::RegisterCriteria, zef::bench::RegisterRules, zef::bench::RegisterContacts,
+        zef::bench::RegisterNotes, zef::bench::RegisterGrowth, zef::bench::RegisterMemory, zef::bench::RegisterTrees}) {
     register_rows(world);
   }
   zef::bench::TableReporter reporter;

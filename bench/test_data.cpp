@@ -6,7 +6,7 @@
 
 #include "bench/by_hand.h"
 #include "platform/connection.h"
-#include "platform/database_file.h"
+#include "platform/engine.h"
 #include "platform/recordset.h"
 #include "platform/transaction_guard.h"
 #include "schema/schema_text.h"
@@ -16,9 +16,10 @@ namespace zef::bench {
 namespace {
 
 void MakeTables(const std::string& path) {
-  CreateDatabaseFile(path, {});
+  const std::string database = "Provider=SQLite;Data Source=" + path;
+  CreateDatabase(database);
   const auto connection = MakeRef<Connection>();
-  connection->Open("Provider=SQLite;Data Source=" + path);
+  connection->Open(database);
   TransactionGuard guard(*connection);
   for (const std::string& statement : schema::Statements(schema::Text("9.2.4"))) connection->Execute(statement);
   guard.Commit();

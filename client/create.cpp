@@ -11,7 +11,7 @@
 #include "client/place_file.h"
 #include "platform/connection.h"
 #include "platform/connection_string.h"
-#include "platform/database_file.h"
+#include "platform/engine.h"
 #include "platform/recordset.h"
 #include "platform/transaction_guard.h"
 #include "schema/schema_text.h"
@@ -88,9 +88,9 @@ void Fill(Connection& connection, std::string_view statements, const HeldSignals
 
 void MakeDatabase(const fs::path& path, const std::string& password, std::string_view statements,
                   const HeldSignals& signals) {
-  CreateDatabaseFile(path.native(), password);
   std::string text = "Provider=SQLite;Data Source=" + QuotedConnectionValue(path.native());
   if (!password.empty()) text += ";Password=" + QuotedConnectionValue(password);
+  zef::CreateDatabase(text);
   const auto connection = MakeRef<Connection>();
   connection->Open(text);
   Fill(*connection, statements, signals);

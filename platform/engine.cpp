@@ -1,5 +1,6 @@
 #include "platform/engine.h"
 
+#include <algorithm>
 #include <numeric>
 
 #include "platform/connection_string.h"
@@ -12,12 +13,21 @@ namespace {
 struct Provider {
   std::string_view name;
   std::unique_ptr<Engine> (*open)(const ConnectionString&);
+  void (*create)(const ConnectionString&);
 };
 
 constexpr Provider kProviders[] = {
-    {"Microsoft.Jet.OLEDB.4.0", &OpenSqlite},
-    {"SQLite", &OpenSqlite},
+    {"Microsoft.Jet.OLEDB.4.0", &OpenSqlite, &CreateSqlite},
+    {"SQLite", &OpenSqlite, &CreateSqlite},
 };
+
+const Provider& ProviderOf(const ConnectionString& connection) {
+  const std::string_view wanted = connection.Get("Provider");
+  for (const Provider& provider : kProviders) {
+    if (text::EqualNames(provider.name, wanted)) return provider;
+  }
+  throw RunTimeError(FailureNumber::ProviderNotFound);
+}
 
 }  // namespace
 
@@ -26,6 +36,23 @@ RowShape::RowShape(sql::CompiledStatement statement) : statement_(std::move(stat
   if (statement_.hidden_row_id) types_.push_back(sql::Type::Unknown);
   every_column_.resize(types_.size());
   std::iota(every_column_.begin(), every_column_.end(), 0);
+  if (statement_.hidden_row_id) {
+    identity_.push_back(every_column_.back());
+  } else {
+    identity_.assign(statement_.key_columns.begin(), statement_.key_columns.end());
+  }
+}
+
+const std::string& RowShape::UpdateText(zef::Positions written) const {
+  if (!update_text_.empty() && std::ranges::equal(updated_, written)) return update_text_;
+  const auto name = [&](int column) { return "[" + columns()[static_cast<std::size_t>(column)].name + "]=?"; };
+  std::string text = "UPDATE [" + statement_.table + "] SET ";
+  for (std::size_t i = 0; i < written.size(); ++i) text += (i == 0 ? "" : ",") + name(written[i]);
+  for (std::size_t i = 0; i < statement_.key_columns.size(); ++i) {
+    text += (i == 0 ? " WHERE " : " AND ") + name(identity_[i]);
+  }
+  updated_.assign(written.begin(), written.end());
+  return update_text_ = std::move(text);
 }
 
 int RowShape::Position(std::string_view name) const {
@@ -36,19 +63,21 @@ int RowShape::Position(std::string_view name) const {
 }
 
 Positions RowShape::Positions(ColumnNames names) const {
-  const auto [entry, fresh] = positions_.try_emplace(names.data());
-  if (fresh) {
-    for (const std::string_view name : names) entry->second.push_back(Position(name));
+  for (const auto& [list, positions] : positions_) {
+    if (list == names.data()) return positions;
   }
-  return entry->second;
+  auto& positions = positions_.emplace_back(names.data(), std::vector<int>()).second;
+  for (const std::string_view name : names) positions.push_back(Position(name));
+  return positions;
 }
 
 std::unique_ptr<Engine> OpenEngine(const ConnectionString& connection) {
-  const std::string_view wanted = connection.Get("Provider");
-  for (const Provider& provider : kProviders) {
-    if (text::EqualNames(provider.name, wanted)) return provider.open(connection);
-  }
-  throw RunTimeError(FailureNumber::ProviderNotFound);
+  return ProviderOf(connection).open(connection);
+}
+
+void CreateDatabase(const std::string& connection_string) {
+  const ConnectionString parsed = ParseConnectionString(connection_string);
+  ProviderOf(parsed).create(parsed);
 }
 
 }  // namespace zef

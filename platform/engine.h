@@ -4,10 +4,11 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "platform/sql/compile.h"
@@ -35,6 +36,12 @@ class RowShape {
   /// Positions of many columns, worked out once for a list of names that lives as long as the program: the list's
   /// address is remembered.
   zef::Positions Positions(ColumnNames names) const;
+  /// The statement that writes these columns of a row through placeholders, those of its key last; rows with a hidden
+  /// identifier are found by the command's option. The text that was made last is kept. Only for a select whose rows
+  /// have an identity.
+  const std::string& UpdateText(zef::Positions written) const;
+  /// Positions of the columns that identify a row: a hidden row identifier, or the key.
+  zef::Positions Identity() const { return identity_; }
   /// All positions, that of a hidden row identifier included.
   zef::Positions EveryColumn() const { return every_column_; }
   /// Their types.
@@ -44,7 +51,10 @@ class RowShape {
   sql::CompiledStatement statement_;
   std::vector<sql::Type> types_;
   std::vector<int> every_column_;
-  mutable std::unordered_map<const void*, std::vector<int>> positions_;
+  std::vector<int> identity_;
+  mutable std::vector<std::pair<const void*, std::vector<int>>> positions_;  ///< of the few lists that were asked for
+  mutable std::vector<int> updated_;                                         ///< the columns that `update_text_` writes
+  mutable std::string update_text_;
 };
 
 /// The rows of a select, walked forward. A cursor stands before the first row at first.
@@ -87,6 +97,8 @@ struct Command {
 struct Result {
   std::unique_ptr<Cursor> cursor;  ///< of a select; else null
   std::int64_t rows = 0;           ///< rows that were written
+  /// Of an UPDATE that found its row by a hidden row identifier: the new one, if the engine changes it by writing.
+  std::optional<Value> row_id;
 };
 
 class Engine {
@@ -108,5 +120,10 @@ class Engine {
 /// missing password, -2147467259 for a file that is missing, locked, damaged or no database, -2147217900 for a key or
 /// value that the provider does not know.
 std::unique_ptr<Engine> OpenEngine(const ConnectionString& connection);
+
+/// Makes the new, empty database that a connection string names; a file is private to the user (0600) and encrypted if
+/// a password is given. Raises 75 if something of that name exists or the file cannot be made; a link in its place is
+/// not followed. Raises 3706 and -2147217900 as `OpenEngine` does.
+void CreateDatabase(const std::string& connection_string);
 
 }  // namespace zef

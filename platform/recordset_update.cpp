@@ -6,10 +6,10 @@ namespace zef {
 namespace {
 
 /// Runs a statement of the record set's own; what does not fit its column is told with the number of `Update`.
-std::int64_t Write(Connection& connection, const std::string& text, const std::vector<Value>& parameters,
-                   bool by_row_id = false) {
+Result Write(Connection& connection, const std::string& text, const std::vector<Value>& parameters,
+             bool by_row_id = false) {
   try {
-    return connection.Run({.text = text, .parameters = parameters, .options = {.by_row_id = by_row_id}}).rows;
+    return connection.Run({.text = text, .parameters = parameters, .options = {.by_row_id = by_row_id}});
   } catch (const RunTimeError& failure) {
     if (failure.code() != FailureNumber::ValueDoesNotFit) throw;
     throw RunTimeError(FailureNumber::UpdateDoesNotFit, failure.description());
@@ -52,28 +52,23 @@ void Recordset::InsertRow() {
 
 void Recordset::UpdateRow() {
   const RowShape& shape = OpenShape();
-  const sql::CompiledStatement& statement = shape.statement();
-  std::string text;
-  text.reserve(128);
-  text.append("UPDATE [").append(statement.table).append("] SET ");
-  for (const char* separator = "["; const auto& [position, value] : pending_) {
-    text.append(separator).append(shape.columns()[static_cast<std::size_t>(position)].name).append("]=?");
-    separator = ",[";
+  const Positions identity = shape.Identity();
+  std::vector<int> columns;
+  columns.reserve(pending_.size());
+  for (const auto& field : pending_) {
+    columns.push_back(field.first);
+    const bool identifies = std::find(identity.begin(), identity.end(), field.first) != identity.end();
+    if (!identifies) cursor_->Drop(field.first);  // what was set hides it from now on
   }
-  Lent set(pending_);
-  std::vector<Value>& values = set.values;
-  if (statement.hidden_row_id) values.push_back(StoredValue(static_cast<int>(shape.columns().size())));
-  for (std::size_t i = 0; i < statement.key_columns.size(); ++i) {
-    const std::size_t key = statement.key_columns[i];
-    text.append(i == 0 ? " WHERE [" : " AND [").append(shape.columns()[key].name).append("]=?");
-    values.push_back(StoredValue(static_cast<int>(key)));
+  Result result;
+  {
+    Lent set(pending_);
+    for (const int position : identity) set.values.push_back(StoredValue(position));
+    result = Write(*connection_, shape.UpdateText(columns), set.values, shape.statement().hidden_row_id);
   }
-  for (const auto& [position, value] : pending_) {
-    const auto& keys = statement.key_columns;
-    const bool key = std::find(keys.begin(), keys.end(), static_cast<std::size_t>(position)) != keys.end();
-    if (!key) cursor_->Drop(position);  // what was set hides it from now on
-  }
-  if (Write(*connection_, text, values, statement.hidden_row_id) == 0) throw RunTimeError(FailureNumber::RowVanished);
+  if (result.rows == 0) throw RunTimeError(FailureNumber::RowVanished);
+  // In an engine where writing moves a row, the next `Update` must find it at its new place.
+  if (result.row_id) pending_.emplace_back(identity.front(), std::move(*result.row_id));
 }
 
 }  // namespace zef

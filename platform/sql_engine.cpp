@@ -10,6 +10,7 @@ namespace zef {
 namespace {
 
 constexpr std::size_t kIdleStatements = 4;
+constexpr int kMostRecent = 4;
 /// Behind the shape of a plan's key stand the options that it was compiled for.
 constexpr std::size_t kOptionBytes = 3;
 /// Another client that changes the schema again and again must not keep us here for ever.
@@ -18,6 +19,13 @@ constexpr int kSchemaRetries = 50;
 }  // namespace
 
 Ref<Plan> PlanCache::Find(std::string_view key) {
+  // The same few statements come in turn: comparing with those is quicker than working out a hash.
+  auto recent = entries_.begin();
+  for (int i = 0; i < kMostRecent && recent != entries_.end(); ++i, ++recent) {
+    if (recent->key != key) continue;
+    entries_.splice(entries_.begin(), entries_, recent);
+    return entries_.front().plan;
+  }
   const auto found = by_key_.find(key);
   if (found == by_key_.end()) return nullptr;
   entries_.splice(entries_.begin(), entries_, found->second);

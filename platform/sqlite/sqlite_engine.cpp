@@ -27,6 +27,22 @@ int WaitForLock(void* waiting_since, int times) {
   return 1;
 }
 
+struct FileName {
+  std::string path;
+  std::string password;
+};
+
+FileName FileOf(const ConnectionString& connection) {
+  // The keys of the last line are those that clients of this kind of provider commonly send; nothing here depends on
+  // them.
+  connection.Require({"Provider", "Data Source", "User ID", "Password", "Jet OLEDB:Database Password", "Mode",
+                      "Persist Security Info", "Extended Properties", "Locale Identifier", "OLE DB Services",
+                      "Jet OLEDB:Engine Type", "Jet OLEDB:System Database"});
+  std::string_view password = connection.Get("Jet OLEDB:Database Password");
+  if (password.empty()) password = connection.Get("Password");
+  return {std::string(connection.Get("Data Source")), std::string(password)};
+}
+
 void Exec(sqlite3* db, const char* text) { CheckSqlite(db, sqlite3_exec(db, text, nullptr, nullptr, nullptr)); }
 
 /// What the key "Mode" of a connection string asks for, by name or number.
@@ -143,17 +159,16 @@ void SqliteEngine::ChangeSchema(const sql::SchemaChange& change) {
 }
 
 std::unique_ptr<Engine> OpenSqlite(const ConnectionString& connection) {
-  // The keys of the last line are those that clients of this kind of provider commonly send; nothing here depends on
-  // them.
-  connection.Require({"Provider", "Data Source", "User ID", "Password", "Jet OLEDB:Database Password", "Mode",
-                      "Persist Security Info", "Extended Properties", "Locale Identifier", "OLE DB Services",
-                      "Jet OLEDB:Engine Type", "Jet OLEDB:System Database"});
-  std::string_view password = connection.Get("Jet OLEDB:Database Password");
-  if (password.empty()) password = connection.Get("Password");
+  const FileName file = FileOf(connection);
   const bool read_only = IsReadOnly(connection.Get("Mode"));
-  DatabaseHandle db = OpenDatabaseFile(std::string(connection.Get("Data Source")), std::string(password));
+  DatabaseHandle db = OpenDatabaseFile(file.path, file.password);
   if (read_only) Exec(db.get(), "PRAGMA query_only=ON");
   return std::make_unique<SqliteEngine>(std::move(db));
+}
+
+void CreateSqlite(const ConnectionString& connection) {
+  const FileName file = FileOf(connection);
+  CreateDatabaseFile(file.path, file.password);
 }
 
 }  // namespace zef

@@ -60,5 +60,7 @@ class SqliteEngine final : public SqlEngine {
 
 /// Opens the file that `Data Source` names; the password stands under `Jet OLEDB:Database Password` or `Password`.
 std::unique_ptr<Engine> OpenSqlite(const ConnectionString& connection);
+/// Makes that file, with write-ahead logging.
+void CreateSqlite(const ConnectionString& connection);
 
 }  // namespace zef

@@ -5,8 +5,6 @@
 #include <memory>
 #include <string>
 
-#include "platform/database_file.h"
-
 namespace zef {
 
 struct CloseDatabase {
@@ -18,5 +16,9 @@ using DatabaseHandle = std::unique_ptr<sqlite3, CloseDatabase>;
 /// wrong, missing or superfluous password and -2147467259 for a file that is missing, a directory, not permitted, no
 /// database, cut short or damaged; each case has its own sentence.
 DatabaseHandle OpenDatabaseFile(const std::string& path, const std::string& password);
+
+/// Makes a new, empty database file, private to the user (0600), with write-ahead logging, encrypted if a password is
+/// given. Raises 75 if something of that name exists or the file cannot be made; a link in its place is not followed.
+void CreateDatabaseFile(const std::string& path, const std::string& password);
 
 }  // namespace zef

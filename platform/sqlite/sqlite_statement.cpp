@@ -41,34 +41,34 @@ void ReadBytes(sqlite3_value* from, Value& value) {
 
 void ReadInteger(sqlite3_int64 number, sql::Type type, Value& value) {
   switch (type) {
-    case sql::Type::Boolean: value = number != 0; return;
-    case sql::Type::Date: value = Date(static_cast<double>(number)); return;
-    case sql::Type::Double: value = static_cast<double>(number); return;
+    case sql::Type::Boolean: value.emplace<bool>(number != 0); return;
+    case sql::Type::Date: value.emplace<Date>(static_cast<double>(number)); return;
+    case sql::Type::Double: value.emplace<double>(static_cast<double>(number)); return;
     case sql::Type::Byte:
       if (!std::in_range<std::uint8_t>(number)) break;
-      value = static_cast<std::uint8_t>(number);
+      value.emplace<std::uint8_t>(static_cast<std::uint8_t>(number));
       return;
     default: break;
   }
   if (std::in_range<std::int32_t>(number)) {
-    value = static_cast<std::int32_t>(number);
+    value.emplace<std::int32_t>(static_cast<std::int32_t>(number));
   } else {
-    value = static_cast<double>(number);
+    value.emplace<double>(static_cast<double>(number));
   }
 }
 
 void ReadDouble(double number, sql::Type type, Value& value) {
   switch (type) {
-    case sql::Type::Boolean: value = number != 0; return;
-    case sql::Type::Date: value = Date(number); return;
-    default: value = number;
+    case sql::Type::Boolean: value.emplace<bool>(number != 0); return;
+    case sql::Type::Date: value.emplace<Date>(number); return;
+    default: value.emplace<double>(number);
   }
 }
 
 /// A number comes as the type of its column tells; what another program stored there against the type stays what it is.
 void ReadValue(sqlite3_value* from, sql::Type type, Value& value) {
   switch (sqlite3_value_type(from)) {
-    case SQLITE_NULL: value = Null{}; return;
+    case SQLITE_NULL: value.emplace<Null>(); return;
     case SQLITE_INTEGER: return ReadInteger(sqlite3_value_int64(from), type, value);
     case SQLITE_FLOAT: return ReadDouble(sqlite3_value_double(from), type, value);
     case SQLITE_TEXT: return ReadText(from, value);

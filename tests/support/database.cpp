@@ -2,7 +2,7 @@
 
 #include <stdlib.h>
 
-#include "platform/database_file.h"
+#include "platform/engine.h"
 #include "platform/recordset.h"
 #include "platform/transaction_guard.h"
 #include "platform/value.h"
@@ -23,7 +23,7 @@ TemporaryFolder::~TemporaryFolder() {
 }
 
 Database::Database(std::string_view version, const std::string& password) : password_(password) {
-  CreateDatabaseFile(path(), password);
+  CreateDatabase(ConnectionString());
   const Ref<Connection> connection = Connect();
   TransactionGuard<Connection> guard(*connection);
   for (const std::string& statement : schema::Statements(schema::Text(version))) connection->Execute(statement);

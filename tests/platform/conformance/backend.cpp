@@ -1,6 +1,6 @@
 #include "tests/platform/conformance/backend.h"
 
-#include "platform/database_file.h"
+#include "platform/engine.h"
 
 namespace zef::test {
 namespace {
@@ -8,8 +8,8 @@ namespace {
 std::shared_ptr<void> MakeSqlite(std::string& connection_string, const std::string& password) {
   auto folder = std::make_shared<TemporaryFolder>();
   const std::string path = (folder->path() / "empty.db").string();
-  CreateDatabaseFile(path, password);
   connection_string = "Provider=SQLite;Data Source=" + path + (password.empty() ? "" : ";Password=" + password);
+  CreateDatabase(connection_string);
   return folder;
 }
 
