@@ -52,7 +52,7 @@ void Recordset::InsertRow() {
 
 void Recordset::UpdateRow() {
   const RowShape& shape = OpenShape();
-  const Positions identity = shape.Identity();
+  const zef::Positions identity = shape.Identity();
   std::vector<int> columns;
   columns.reserve(pending_.size());
   for (const auto& field : pending_) {

@@ -3,7 +3,7 @@
 #include <fstream>
 
 #include "platform/connection.h"
-#include "platform/database_file.h"
+#include "platform/engine.h"
 #include "platform/recordset.h"
 #include "tests/client/run_zef.h"
 
@@ -93,7 +93,7 @@ TEST_F(ZefPasswordTest, PasswordForAnOpenFileIsRefused) {
 class ZefForeignTest : public ZefTest {
  protected:
   ZefForeignTest() {
-    CreateDatabaseFile(File("o.db").string(), "");
+    zef::CreateDatabase("Provider=SQLite;Data Source=" + File("o.db").string());
     auto connection = MakeRef<Connection>();
     connection->Open("Provider=SQLite;Data Source=" + File("o.db").string());
     connection->Execute("CREATE TABLE Notes (N Long)");

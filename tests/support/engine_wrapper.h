@@ -23,6 +23,7 @@ struct OpenedRecordset {
 struct EngineLog {
   std::vector<std::string> texts;  ///< statements as the classes sent them, transactions as BEGIN, COMMIT and ROLLBACK
   std::vector<OpenedRecordset> opened;  ///< those of the statements that opened a record set of their own
+  std::vector<std::string> by_row_id;   ///< those of the statements that find their row by its identity
   int fail_at = 0;                      ///< fails the n-th call from now on, rollbacks not counted; 0 for none
   std::string spared;                   ///< calls whose text begins like this are not counted either; empty for none
   std::vector<std::string> refused;     ///< fails every call whose text begins like one of these
@@ -42,6 +43,7 @@ class EngineWrapper final : public Engine {
     if (command.request.cursor_type >= 0) {
       log_->opened.push_back({std::string(command.text), command.request, command.options});
     }
+    if (command.options.by_row_id) log_->by_row_id.emplace_back(command.text);
     Note(std::string(command.text));
     return engine_->Execute(command);
   }
