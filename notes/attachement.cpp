@@ -81,7 +81,7 @@ bool CAttachement::Save() {
     if (IsModified()) {
       const Ref<Recordset> rs = OpenRow(session, *this);
       if (!rs) {
-        session.RecordError(kSave);
+        RecordCallee(session, kSave);
         return false;
       }
       Stream content = OpenStream();

@@ -82,7 +82,7 @@ Recordset::~Recordset() {
 
 void Recordset::Open(const std::string& source, const Ref<Connection>& connection, std::int32_t cursor_type,
                      std::int32_t lock_type, std::int32_t options) {
-  if (IsOpen()) throw RunTimeError(FailureNumber::ObjectClosed, "The record set is open already.");
+  if (IsOpen()) throw RunTimeError(FailureNumber::ObjectOpen);
   Connection& opened = Deref(connection);
   cursor_.reset();  // of a connection that was closed
   LeaveRow();

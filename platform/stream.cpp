@@ -39,7 +39,7 @@ void Stream::RequireOpen() const {
 }
 
 void Stream::Open() {
-  if (open_) throw RunTimeError(FailureNumber::ObjectClosed, "The stream is open already.");
+  if (open_) throw RunTimeError(FailureNumber::ObjectOpen);
   open_ = true;
 }
 

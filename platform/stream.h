@@ -16,7 +16,7 @@ class Stream {
  public:
   StreamType Type = adTypeBinary;
 
-  /// Empty. Raises 3704 if it is open already.
+  /// Empty. Raises 3705 if it is open already.
   void Open();
   void Close();
 
