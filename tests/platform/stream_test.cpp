@@ -124,7 +124,7 @@ TEST_F(Streams, OpenAgainWithoutTheOldBytes) {
 }
 
 TEST_F(Streams, CannotBeOpenedTwice) {
-  EXPECT_EQ(NumberRaised([&] { stream_.Open(); }), 3704);
+  EXPECT_EQ(NumberRaised([&] { stream_.Open(); }), 3705);
 }
 
 }  // namespace
