@@ -5,8 +5,8 @@
 
 #include "addressbook/contact.h"
 #include "calendar/event.h"
-#include "tests/calendar/column_cases.h"
-#include "tests/calendar/record_fixture.h"
+#include "tests/support/column_cases.h"
+#include "tests/support/record_fixture.h"
 
 namespace zef::test {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "addressbook/phone_log.h"
-#include "tests/calendar/column_cases.h"
-#include "tests/calendar/record_fixture.h"
+#include "tests/support/column_cases.h"
+#include "tests/support/record_fixture.h"
 
 namespace zef::test {
 

@@ -3,8 +3,8 @@
 #include <string>
 
 #include "calendar/recurrence.h"
-#include "tests/calendar/column_cases.h"
-#include "tests/calendar/record_fixture.h"
+#include "tests/support/column_cases.h"
+#include "tests/support/record_fixture.h"
 
 namespace zef::test {
 

@@ -4,7 +4,7 @@
 
 #include "folders/category.h"
 #include "session/collections.h"
-#include "tests/calendar/record_fixture.h"
+#include "tests/support/record_fixture.h"
 
 namespace zef::test {
 

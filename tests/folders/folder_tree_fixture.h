@@ -3,9 +3,9 @@
 #include <string>
 
 #include "folders/folder.h"
-#include "tests/calendar/record_fixture.h"
 #include "tests/support/dump.h"
 #include "tests/support/fault_sweep.h"
+#include "tests/support/record_fixture.h"
 
 namespace zef::test {
 

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "notes/attachement.h"
-#include "tests/calendar/column_cases.h"
-#include "tests/calendar/record_fixture.h"
+#include "tests/support/column_cases.h"
+#include "tests/support/record_fixture.h"
 
 namespace zef::test {
 

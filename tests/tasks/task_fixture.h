@@ -4,8 +4,8 @@
 
 #include "calendar/event.h"
 #include "tasks/task.h"
-#include "tests/calendar/column_cases.h"
-#include "tests/calendar/record_fixture.h"
+#include "tests/support/column_cases.h"
+#include "tests/support/record_fixture.h"
 
 namespace zef::test {
 

@@ -48,10 +48,11 @@ class RecordTest : public SessionTest {
   Texts SentInAll() { return std::exchange(log_->texts, {}); }
   void Forget() { log_->texts.clear(); }
 
-  /// From now on every call that begins with this text fails: a statement, BEGIN, COMMIT or
-  /// ROLLBACK.
+  /// From now on every call that begins with this text fails: a statement, BEGIN, COMMIT or ROLLBACK.
   void Refuse(const std::string& beginning) { log_->refused = {beginning}; }
   void RefuseNothing() { log_->refused.clear(); }
+  /// The n-th call from now on fails, rollbacks not counted, and no other.
+  void FailCall(int number) { log_->fail_at = number; }
 
   /// Leaves something in the error record.
   void LeaveAnOldError() { session->RecordError("Earlier", 77, "an old error"); }
