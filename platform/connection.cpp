@@ -19,6 +19,7 @@ void Connection::Open(const std::string& connection_string, const std::string& /
     if (!password.empty() && !has_password) given.parts.emplace_back("Password", password);
     return OpenEngine(given);
   });
+  ++openings_;
 }
 
 void Connection::Close() {

@@ -33,6 +33,8 @@ class Connection : public RefCounted<Connection> {
   /// Rolls back what is open and closes the record sets of this connection.
   void Close();
   bool IsOpen() const { return engine_ != nullptr; }
+  /// Number of the running opening, from 1; 0 while closed. What belongs to an earlier one stays closed.
+  std::int32_t Opening() const { return engine_ ? openings_ : 0; }
 
   /// Opens a transaction, or a nested one, and returns the new depth.
   std::int32_t BeginTrans();
@@ -57,6 +59,7 @@ class Connection : public RefCounted<Connection> {
 
  private:
   std::unique_ptr<Engine> engine_;
+  std::int32_t openings_ = 0;  ///< so far
   zef::Errors errors_;
 };
 

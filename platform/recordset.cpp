@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/ignoring_failures.h"
 #include "platform/text.h"
 #include "platform/transaction_guard.h"
 
@@ -77,7 +78,7 @@ Field Fields::Item(std::int32_t index) const {
 Recordset::~Recordset() {
   cursor_.reset();
   // Closing the connection has undone an own transaction; there is nobody to tell if undoing it here fails.
-  if (lock_depth_ > 0 && connection_->IsOpen()) IgnoringFailures([&] { ReleaseLock(false); });
+  if (lock_depth_ > 0 && IsConnected()) IgnoringFailures([&] { ReleaseLock(false); });
 }
 
 void Recordset::Open(const std::string& source, const Ref<Connection>& connection, std::int32_t cursor_type,
@@ -105,6 +106,7 @@ void Recordset::Open(const std::string& source, const Ref<Connection>& connectio
 void Recordset::Attach(const Ref<Connection>& connection, std::unique_ptr<Cursor> cursor) {
   at_end_ = !connection->Guarded([&] { return cursor->Next(); });
   connection_ = connection;
+  opening_ = connection->Opening();
   cursor_ = std::move(cursor);
 }
 
@@ -132,7 +134,7 @@ void Recordset::Close() {
 }
 
 const RowShape& Recordset::OpenShape() const {
-  if (!cursor_ || !connection_->IsOpen()) throw RunTimeError(FailureNumber::ObjectClosed);
+  if (!IsOpen()) throw RunTimeError(FailureNumber::ObjectClosed);
   return cursor_->shape();
 }
 

@@ -66,12 +66,13 @@ class Recordset : public RefCounted<Recordset> {
   Recordset& operator=(const Recordset&) = delete;
 
   /// Opens a select, or a whole table by name with option adCmdTable, at its first row. A pessimistic one holds the
-  /// right to write from here until its `Update` or `Close`. Raises 91 for a connection that is Nothing.
+  /// right to write from here until its `Update` or `Close`. The cursor type plays no part: every record set reads
+  /// forward what its opening saw. Raises 91 for a connection that is Nothing.
   void Open(const std::string& source, const Ref<Connection>& connection, std::int32_t cursor_type = adOpenForwardOnly,
             std::int32_t lock_type = adLockReadOnly, std::int32_t options = adCmdUnspecified);
   void Close();
-  /// False once the connection is closed, too.
-  bool IsOpen() const { return cursor_ && connection_->IsOpen(); }
+  /// False for good once the connection is closed, even if that is opened again.
+  bool IsOpen() const { return cursor_ && IsConnected(); }
 
   /// True behind the last row (ADO's EOF, a name that the C library takes).
   bool EndOfFile() const;
@@ -110,6 +111,8 @@ class Recordset : public RefCounted<Recordset> {
     std::size_t fetched = 0;  ///< bytes
   };
 
+  /// True while its connection is still in the opening that it was opened in.
+  bool IsConnected() const { return connection_->Opening() == opening_; }
   const RowShape& OpenShape() const;
   Portioned& Portions(int position);
   void RequireRow() const;
@@ -124,6 +127,7 @@ class Recordset : public RefCounted<Recordset> {
   void ReleaseLock(bool keep);
 
   Ref<Connection> connection_;
+  std::int32_t opening_ = 0;  ///< of the connection
   std::unique_ptr<Cursor> cursor_;
   using SetFields = std::vector<std::pair<int, Value>>;
   SetFields pending_;                 ///< fields set and not yet written

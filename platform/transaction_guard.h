@@ -3,17 +3,9 @@
 #include <utility>
 
 #include "platform/connection.h"
+#include "platform/ignoring_failures.h"
 
 namespace zef {
-
-/// Runs `action` and drops its failure, where there is nobody to tell and nothing more to undo.
-template <class Action>
-void IgnoringFailures(Action&& action) noexcept {
-  try {
-    action();
-  } catch (...) {  // nothing to undo and nobody to tell
-  }
-}
 
 /// A transaction for the time of a block: rolled back at its end unless it was committed or kept. Without `wanted` it
 /// does nothing.

@@ -103,6 +103,24 @@ TEST_P(Recordsets, AreClosedByTheirConnection) {
   EXPECT_EQ(NumberOf([&] { rs->MoveNext(); }), 3704);
 }
 
+TEST_P(Recordsets, StayClosedWhenTheirConnectionIsOpenedAgain) {
+  const Ref<Recordset> rs = Open("SELECT N FROM Numbers");
+  connection_->Close();
+  connection_->Open(connection_string_);
+  EXPECT_FALSE(rs->IsOpen());
+  EXPECT_EQ(NumberOf([&] { rs->EndOfFile(); }), 3704);
+  EXPECT_EQ(NumberOf([&] { rs->ValueAt(0); }), 3704);
+}
+
+TEST_P(Recordsets, OpenAgainOnceTheirConnectionWasOpenedAgain) {
+  const Ref<Recordset> rs = Open("SELECT N FROM Numbers");
+  connection_->Close();
+  connection_->Open(connection_string_);
+  rs->Open("SELECT Word FROM Numbers WHERE N=2", connection_, adOpenStatic, adLockOptimistic);
+  EXPECT_TRUE(rs->IsOpen());
+  EXPECT_EQ(ToText(rs->ValueAt(0)), "two");
+}
+
 TEST_P(Recordsets, OfAStatementWithoutRowsAreClosed) {
   const Ref<Recordset> rs = Execute("DELETE FROM Numbers WHERE N=1");
   EXPECT_FALSE(rs->IsOpen());

@@ -245,5 +245,27 @@ TEST_P(PessimisticRecordset, AddsARowAndWritesItAgain) {
   EXPECT_EQ(Depth(), 0);
 }
 
+TEST_P(PessimisticRecordset, OfAnEarlierOpeningLeavesTheTransactionOfALaterOne) {
+  Ref<Recordset> rs = Opened();
+  connection_->Close();
+  connection_->Open(connection_string_);
+  connection_->BeginTrans();
+  Execute("UPDATE Numbers SET Word='new'");
+  rs.reset();
+  EXPECT_EQ(Depth(), 1);
+  connection_->CommitTrans();
+  EXPECT_EQ(Text("SELECT Word FROM Numbers"), "new");
+}
+
+TEST_P(PessimisticRecordset, OpenedAgainOnALaterOpeningLocksThere) {
+  const Ref<Recordset> rs = Opened();
+  connection_->Close();
+  connection_->Open(connection_string_);
+  rs->Open("SELECT * FROM Numbers", connection_, adOpenForwardOnly, adLockPessimistic);
+  EXPECT_EQ(Depth(), 1);
+  rs->Close();
+  EXPECT_EQ(Depth(), 0);
+}
+
 }  // namespace
 }  // namespace zef::test
