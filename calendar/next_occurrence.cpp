@@ -1,8 +1,9 @@
 #include "calendar/next_occurrence.h"
 
 #include <chrono>
-#include <limits>
 
+#include "calendar/recurrence_type.h"
+#include "platform/checked_number.h"
 #include "platform/date_parts.h"
 #include "platform/run_time_error.h"
 
@@ -16,18 +17,6 @@ using namespace date_parts;
 
 constexpr std::int32_t kMostDaysWalked = 30000;
 constexpr std::int32_t kLastWeek = 4;  ///< the week number that means the last one of a month
-
-/// A result that does not fit 32 bits is a failure, as the counters of a rule have 32 bits.
-std::int32_t To32Bits(std::int64_t value) {
-  if (value < std::numeric_limits<std::int32_t>::min() || value > std::numeric_limits<std::int32_t>::max()) {
-    throw RunTimeError(FailureNumber::Overflow);
-  }
-  return static_cast<std::int32_t>(value);
-}
-
-std::int32_t Sum(std::int32_t a, std::int32_t b) { return To32Bits(std::int64_t{a} + b); }
-std::int32_t Difference(std::int32_t a, std::int32_t b) { return To32Bits(std::int64_t{a} - b); }
-std::int32_t Product(std::int32_t a, std::int32_t b) { return To32Bits(std::int64_t{a} * b); }
 
 /// The remainder has the sign of the value.
 std::int32_t Modulo(std::int32_t value, std::int32_t divisor) {
@@ -209,10 +198,10 @@ Date YearlyByWeek(const Rule& rule, Date reference) {
 
 Date Unbounded(const Rule& rule, Date reference) {
   switch (rule.type) {
-    case 1: return Daily(rule, reference);
-    case 2: return Weekly(rule, reference);
-    case 3: return rule.sub_type == 0 ? MonthlyByDay(rule, reference) : MonthlyByWeek(rule, reference);
-    case 4: return rule.sub_type == 0 ? YearlyByDay(rule, reference) : YearlyByWeek(rule, reference);
+    case REC_DAILY: return Daily(rule, reference);
+    case REC_WEEKLY: return Weekly(rule, reference);
+    case REC_MONTHLY: return rule.sub_type == 0 ? MonthlyByDay(rule, reference) : MonthlyByWeek(rule, reference);
+    case REC_YEARLY: return rule.sub_type == 0 ? YearlyByDay(rule, reference) : YearlyByWeek(rule, reference);
     default: return {};
   }
 }

@@ -8,7 +8,7 @@ namespace zef {
 
 /// What a repetition rule is made of, as far as its next date is concerned.
 struct Rule {
-  std::int32_t type = 0;      ///< 1 daily, 2 weekly, 3 monthly, 4 yearly; anything else has no next date
+  std::int32_t type = 0;      ///< a `RecurrenceType`; anything else has no next date
   std::int32_t sub_type = 0;  ///< 0, or any other value for the second kind of a type
   std::int32_t options1 = 0;
   std::int32_t options2 = 0;

@@ -6,7 +6,7 @@
 namespace zef {
 namespace {
 
-constexpr char kSave[] = "CRecurrence.Save";
+constexpr char kFieldsArray[] = "CRecurrence.GetFieldsArray";
 
 }  // namespace
 
@@ -32,12 +32,11 @@ void CRecurrence::GetValuesFromRS(const Ref<Recordset>& Rs) {
 }
 
 bool CRecurrence::GetFieldsArray(FieldType enmType, FieldsArray& strFields, std::int32_t& lngFieldsCount) const {
-  return FillFieldsArray(*this, RecurrenceColumns::kTable, "CRecurrence.GetFieldsArray", enmType, strFields,
-                         lngFieldsCount);
+  return FillFieldsArray(*this, RecurrenceColumns::kTable, kFieldsArray, enmType, strFields, lngFieldsCount);
 }
 
 bool CRecurrence::Save() {
-  return SaveDrawingID(*this, RecurrenceColumns::kTable, kSave, "CRecurrence.GetFieldsArray", kRecurrenceSequence);
+  return SaveDrawingID(*this, RecurrenceColumns::kTable, "CRecurrence.Save", kFieldsArray, kRecurrenceSequence);
 }
 
 Date CRecurrence::NextOccuranceDate(Date dtmReference) const noexcept {
@@ -52,7 +51,7 @@ Date CRecurrence::NextOccuranceDate(Date dtmReference) const noexcept {
 }
 
 Ref<CRecurrence> CSession::GetRecurrence(std::int32_t lngRecurrenceID) {
-  return GetRecord<CRecurrence>(*this, "GetRecurrence", "SELECT * FROM Recurrences WHERE REC_ID=", lngRecurrenceID);
+  return GetRecord<CRecurrence>(*this, "GetRecurrence", CRecurrence::kSelectRow, lngRecurrenceID);
 }
 
 bool CSession::DeleteRecurrence(std::int32_t lngRecurrenceID) {

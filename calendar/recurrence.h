@@ -1,13 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
+#include "calendar/recurrence_type.h"
 #include "session/record.h"
 
 namespace zef {
-
-/// Kinds of repetition rule. Values are stored.
-enum RecurrenceType : std::int32_t { REC_EMPTY = 0, REC_DAILY = 1, REC_WEEKLY = 2, REC_MONTHLY = 3, REC_YEARLY = 4 };
 
 /// The sequence that numbers rules.
 inline constexpr std::int32_t kRecurrenceSequence = 8;
@@ -17,6 +16,9 @@ inline constexpr std::int32_t kRecurrenceSequence = 8;
 /// January; week number 4 is the last one. A rule does not know its owner.
 class CRecurrence : public Record<CRecurrence> {
  public:
+  /// Selects one row; its key follows.
+  static constexpr std::string_view kSelectRow = "SELECT * FROM Recurrences WHERE REC_ID=";
+
   CRecurrence() = default;
 
   /// The zero date means no end; a new rule ends at the moment of its creation until the client says otherwise.

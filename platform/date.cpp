@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "platform/checked_number.h"
 #include "platform/date_parts.h"
 #include "platform/text.h"
 
@@ -52,13 +53,6 @@ Interval IntervalOf(std::string_view name) {
 
 constexpr std::int64_t FloorDivide(std::int64_t value, std::int64_t divisor) {
   return value / divisor - (value % divisor < 0 ? 1 : 0);
-}
-
-std::int32_t To32Bits(std::int64_t value) {
-  if (value < std::numeric_limits<std::int32_t>::min() || value > std::numeric_limits<std::int32_t>::max()) {
-    throw RunTimeError(FailureNumber::Overflow);
-  }
-  return static_cast<std::int32_t>(value);
 }
 
 std::int64_t CheckedDayNumber(year_month_day day) {

@@ -1,5 +1,6 @@
+#include "platform/checked_number.h"
+#include "platform/ignoring_failures.h"
 #include "platform/recordset.h"
-#include "platform/transaction_guard.h"
 #include "platform/value.h"
 #include "session/session.h"
 #include "session/statements.h"
@@ -9,12 +10,6 @@ namespace zef {
 namespace {
 
 constexpr char kSelectSequence[] = "SELECT SEQ_Value FROM Sequences WHERE SEQ_ID=";
-
-std::int32_t Sum(std::int32_t a, std::int32_t b) {
-  std::int32_t sum = 0;
-  if (__builtin_add_overflow(a, b, &sum)) throw RunTimeError(FailureNumber::Overflow);
-  return sum;
-}
 
 }  // namespace
 
