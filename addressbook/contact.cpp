@@ -117,10 +117,7 @@ bool CContact::Save() {
   });
 }
 
-bool CContact::Refresh() {
-  return RefreshRecord(*this, "CContact.Refresh", "SELECT * FROM Contacts WHERE CNT_ID=", kNotFound,
-                       "No contact found");
-}
+bool CContact::Refresh() { return RefreshRecord(*this, "CContact.Refresh", kSelectRow, kNotFound, "No contact found"); }
 
 bool CContact::CopyCompanyInformation(const Ref<CContact>& conSource) {
   return Trapped(Session(), "CContact.CopyCompanyInformation", false, [&] {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "session/record.h"
 
@@ -11,6 +12,9 @@ namespace zef {
 /// of the two yearly dates has one generated event in the calendar, which `Save` keeps. Date value 0 means no date.
 class CContact : public Record<CContact> {
  public:
+  /// Selects one row; its key follows.
+  static constexpr std::string_view kSelectRow = "SELECT * FROM Contacts WHERE CNT_ID=";
+
   CContact() = default;
 
   Property<std::int32_t> FolderID{*this};

@@ -12,7 +12,7 @@ constexpr char kSelect[] = "SELECT * FROM Contacts";
 }  // namespace
 
 Ref<CContact> CSession::GetContact(std::int32_t ContactID) {
-  return GetRecord<CContact>(*this, "GetContact", "SELECT * FROM Contacts WHERE CNT_ID=", ContactID);
+  return GetRecord<CContact>(*this, "GetContact", CContact::kSelectRow, ContactID);
 }
 
 Ref<CContact> CSession::DuplicateContact(std::int32_t lngOldContactID) {
@@ -54,14 +54,14 @@ bool CSession::DeleteContact(std::int32_t lngContactID) {
   ClearError();
   if (Refused(*this, "CSession.DeleteContact")) return false;
   return InTransaction(*this, "DeleteContact", [&] {
-    Execute(*this, "DELETE * FROM Contacts WHERE CNT_ID=" + SqlNumber(lngContactID));
+    Execute(*this, WithNumber("DELETE * FROM Contacts WHERE CNT_ID=", lngContactID));
     DeleteDateEvents(*this, lngContactID);
     return Outcome::Done;
   });
 }
 
 bool CSession::GetObjectID(const std::string& strSearch, std::int32_t& lngID, std::int32_t& lngFolderID) {
-  const Ref<Recordset> rs = Deref(conDBConnection).Execute(strSearch, adCmdUnspecified);
+  const Ref<Recordset> rs = Select(*this, strSearch);
   if (rs->EndOfFile()) return true;
   lngID = ToLong(rs->Fields().Item("ID").Value());
   lngFolderID = ToLong(rs->Fields().Item("FolderID").Value());
@@ -72,7 +72,7 @@ std::int32_t CSession::GetContactIDByPhoneNumber(const std::string& strNumber) {
   return Trapped(*this, "GetContactIDByPhoneNumber", std::int32_t{-1}, [&] {
     const std::string text = "SELECT * FROM Contacts WHERE CNT_PHONE='" + strNumber + "' or CNT_MobilePhone='" +
                              strNumber + "' or CNT_WorkPhone='" + strNumber + "' or CNT_WorkFax='" + strNumber + "'";
-    const Ref<Recordset> rs = Deref(conDBConnection).Execute(text, adCmdUnspecified);
+    const Ref<Recordset> rs = Select(*this, text);
     return rs->EndOfFile() ? -1 : ToLong(rs->Fields().Item("CNT_ID").Value());
   });
 }

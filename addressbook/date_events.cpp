@@ -41,9 +41,12 @@ void WriteYearlyRule(Date date, CRecurrence& rule) {
 
 Outcome KeepEvent(CSession& session, const CContact& contact, const YearlyDate& yearly) {
   const Date date = contact.*yearly.date;
-  const auto text = [&] { return NameInEvents(contact).append(yearly.ending); };
-  const auto write_rule = [&](CRecurrence& rule) { WriteYearlyRule(date, rule); };
-  return KeepGeneratedEvent(session, yearly.kind, contact.ID, contact.IsNew(), date, text, write_rule);
+  return KeepGeneratedEvent(session, yearly.kind,
+                            {.owner = contact.ID,
+                             .owner_is_new = contact.IsNew(),
+                             .date = date,
+                             .text = [&] { return NameInEvents(contact).append(yearly.ending); },
+                             .write_rule = [&](CRecurrence& rule) { WriteYearlyRule(date, rule); }});
 }
 
 }  // namespace

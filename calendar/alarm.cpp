@@ -44,7 +44,7 @@ void CAlarm::ResetFlagsX(bool M, bool N) {
 
 void CAlarm::GetValuesFromRS(const Ref<Recordset>& Rs) {
   ReadColumns(*this, kAlarms, Deref(Rs));
-  ReadChild(Session(), Attachement, AttachementID, "SELECT * FROM Attachements WHERE ATC_ID=");
+  ReadChild(Session(), Attachement, AttachementID, CAttachement::kSelectRow);
   ReadChildren();
   SetFlags(false, false);
 }
@@ -55,9 +55,7 @@ bool CAlarm::SaveChildren(CSession& session) {
 
 bool CAlarm::Save() { return SaveItem(kAlarms, "CAlarm.Save", kFieldsArray); }
 
-bool CAlarm::Refresh() {
-  return RefreshRecord(*this, "CAlarm.Refresh", "SELECT * FROM Alarms WHERE ALA_ID=", kNotFound, "No alarm found");
-}
+bool CAlarm::Refresh() { return RefreshRecord(*this, "CAlarm.Refresh", kSelectRow, kNotFound, "No alarm found"); }
 
 bool CAlarm::GetFieldsArray(FieldType enmType, FieldsArray& strFields, std::int32_t& lngFieldsCount) const {
   return FillFieldsArray(*this, kAlarms, kFieldsArray, enmType, strFields, lngFieldsCount);

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "calendar/item.h"
 #include "notes/attachement.h"
@@ -13,6 +14,9 @@ namespace zef {
 /// one finds the notification empty and deletes it again.
 class CAlarm : public Item<CAlarm> {
  public:
+  /// Selects one row; its key follows.
+  static constexpr std::string_view kSelectRow = "SELECT * FROM Alarms WHERE ALA_ID=";
+
   CAlarm();
 
   /// Setting it replaces the object and changes no flag.

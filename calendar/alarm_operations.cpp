@@ -19,7 +19,7 @@ constexpr ChildColumn kChildren[] = {{"ALA_RecurrenceID", &CSession::DeleteRecur
 }  // namespace
 
 Ref<CAlarm> CSession::GetAlarm(std::int32_t AlarmID) {
-  return GetRecord<CAlarm>(*this, "GetAlarm", "SELECT * FROM Alarms WHERE ALA_ID=", AlarmID);
+  return GetRecord<CAlarm>(*this, "GetAlarm", CAlarm::kSelectRow, AlarmID);
 }
 
 Ref<CAlarm> CSession::DuplicateAlarm(std::int32_t lngOldAlarmID) {

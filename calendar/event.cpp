@@ -1,6 +1,6 @@
 #include "calendar/event.h"
 
-#include "platform/transaction_guard.h"
+#include "platform/ignoring_failures.h"
 #include "session/operations.h"
 
 namespace zef {
@@ -37,9 +37,7 @@ void CEvent::GetValuesFromRS(const Ref<Recordset>& Rs) {
 
 bool CEvent::Save() { return SaveItem(kEvents, "CEvent.Save", kFieldsArray); }
 
-bool CEvent::Refresh() {
-  return RefreshRecord(*this, "CEvent.Refresh", "SELECT * FROM Events WHERE EVE_ID=", kNotFound, "No event found");
-}
+bool CEvent::Refresh() { return RefreshRecord(*this, "CEvent.Refresh", kSelectRow, kNotFound, "No event found"); }
 
 bool CEvent::GetFieldsArray(FieldType enmType, FieldsArray& strFields, std::int32_t& lngFieldsCount) const {
   return FillFieldsArray(*this, kEvents, kFieldsArray, enmType, strFields, lngFieldsCount);

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "calendar/item.h"
 
@@ -12,6 +13,9 @@ namespace zef {
 /// whose identifier `LinkID` holds.
 class CEvent : public Item<CEvent> {
  public:
+  /// Selects one row; its key follows.
+  static constexpr std::string_view kSelectRow = "SELECT * FROM Events WHERE EVE_ID=";
+
   CEvent() = default;
 
   /// Scratch space for clients that lay events out in a grid; no part of the row.

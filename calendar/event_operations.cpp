@@ -12,7 +12,7 @@ constexpr ChildColumn kChildren[] = {{"EVE_RecurrenceID", &CSession::DeleteRecur
 }  // namespace
 
 Ref<CEvent> CSession::GetEvent(std::int32_t EventID) {
-  return GetRecord<CEvent>(*this, "GetEvent", "SELECT * FROM Events WHERE EVE_ID=", EventID);
+  return GetRecord<CEvent>(*this, "GetEvent", CEvent::kSelectRow, EventID);
 }
 
 bool CSession::LoadEvents4Folder(const Ref<CEvents>& udtEvents, std::int32_t lngFolderID) {

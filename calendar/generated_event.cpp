@@ -6,53 +6,53 @@
 namespace zef {
 namespace {
 
-/// The condition that all events of one kind and record in one folder meet.
-std::string OfRecord(const GeneratedKind& kind, std::int32_t link, std::int32_t folder) {
-  return " FROM Events WHERE EVE_Type='" + std::string(kind.type) + "' and EVE_LinkID=" + SqlNumber(link) +
-         " AND EVE_FolderID=" + SqlNumber(folder);
+/// Below 1 without the kind's folder.
+std::int32_t FolderOf(CSession& session, const GeneratedKind& kind) {
+  return session.GetFolderIDByCriteria(std::string(kind.folder_criteria));
+}
+
+/// The rest, behind the verb, of a statement on all events of one kind and record in the kind's folder.
+std::string OfOwner(CSession& session, const GeneratedKind& kind, std::int32_t owner) {
+  return " FROM Events WHERE EVE_Type='" + std::string(kind.type) + "' and EVE_LinkID=" + SqlNumber(owner) +
+         " AND EVE_FolderID=" + SqlNumber(FolderOf(session, kind));
 }
 
 /// The day of a date, through its short text form, which drops the time of day.
 Date DayOf(Date date) { return ToDate(Value(ShortDateText(date))); }
 
-bool RefreshEvent(CEvent& event, Date date, const std::function<void(CRecurrence&)>& write_rule) {
+Outcome SaveEvent(CEvent& event, const DateOfOwner& of) {
   event.Reminder = 0;
-  event.StartDate = DayOf(date);
+  event.StartDate = DayOf(of.date);
   event.EndDate = event.StartDate;
-  write_rule(Deref(event.Recurrence));
-  return event.Save();
+  of.write_rule(Deref(event.Recurrence));
+  return event.Save() ? Outcome::Done : Outcome::Quiet;
+}
+
+Outcome MakeEvent(CSession& session, const GeneratedKind& kind, const DateOfOwner& of) {
+  const Ref<CEvent> event = session.CreateEvent();
+  Deref(event).LinkID = of.owner;
+  event->EType = std::string(kind.type);
+  event->Text = of.text();
+  event->FolderID = FolderOf(session, kind);
+  return event->FolderID < 1 ? Outcome::Quiet : SaveEvent(*event, of);
 }
 
 }  // namespace
 
-Outcome KeepGeneratedEvent(CSession& session, const GeneratedKind& kind, std::int32_t link, bool link_is_new, Date date,
-                           const std::function<std::string()>& text,
-                           const std::function<void(CRecurrence&)>& write_rule) {
-  if (date.IsZero()) {
-    if (!link_is_new) DeleteGeneratedEvents(session, kind, link);
+Outcome KeepGeneratedEvent(CSession& session, const GeneratedKind& kind, const DateOfOwner& of) {
+  if (of.date.IsZero()) {
+    if (!of.owner_is_new) DeleteGeneratedEvents(session, kind, of.owner);
     return Outcome::Done;
   }
-  const std::string folder_criteria(kind.folder_criteria);
-  if (!link_is_new) {
-    const std::int32_t folder = session.GetFolderIDByCriteria(folder_criteria);
-    const Ref<Recordset> found = Deref(session.conDBConnection).Execute("SELECT EVE_ID" + OfRecord(kind, link, folder));
-    if (!found->EndOfFile()) {
-      const Ref<CEvent> event = session.GetEvent(ToLong(found->Fields().Item("EVE_ID").Value()));
-      return RefreshEvent(Deref(event), date, write_rule) ? Outcome::Done : Outcome::Quiet;
-    }
-  }
-  const Ref<CEvent> event = session.CreateEvent();
-  Deref(event).LinkID = link;
-  event->EType = std::string(kind.type);
-  event->Text = text();
-  event->FolderID = session.GetFolderIDByCriteria(folder_criteria);
-  if (event->FolderID < 1) return Outcome::Quiet;
-  return RefreshEvent(*event, date, write_rule) ? Outcome::Done : Outcome::Quiet;
+  if (of.owner_is_new) return MakeEvent(session, kind, of);
+  const Ref<Recordset> found = Select(session, "SELECT EVE_ID" + OfOwner(session, kind, of.owner));
+  if (found->EndOfFile()) return MakeEvent(session, kind, of);
+  const Ref<CEvent> event = session.GetEvent(ToLong(found->Fields().Item("EVE_ID").Value()));
+  return SaveEvent(Deref(event), of);
 }
 
-void DeleteGeneratedEvents(CSession& session, const GeneratedKind& kind, std::int32_t link) {
-  const std::int32_t folder = session.GetFolderIDByCriteria(std::string(kind.folder_criteria));
-  Execute(session, "DELETE" + OfRecord(kind, link, folder));
+void DeleteGeneratedEvents(CSession& session, const GeneratedKind& kind, std::int32_t owner) {
+  Execute(session, "DELETE" + OfOwner(session, kind, owner));
 }
 
 }  // namespace zef

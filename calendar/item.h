@@ -10,7 +10,8 @@
 namespace zef {
 
 /// What events, alarms and tasks share: a rule and a notification of their own from the first moment on, which are
-/// read, saved and reset with them.
+/// read, saved and reset with them. A `Save` that answers False may have saved a child already, which believes in its
+/// row even if that was undone: drop such an item, or if it is new call `ResetFlags`, before it is saved again.
 template <class Derived>
 class Item : public Record<Derived> {
  public:
@@ -42,8 +43,8 @@ class Item : public Record<Derived> {
  protected:
   /// A reference without a row leaves its child as it was.
   void ReadChildren() {
-    ReadChild(this->Session(), Notification, NotificationID, "SELECT * FROM Notifications WHERE NTF_ID=");
-    ReadChild(this->Session(), Recurrence, RecurrenceID, "SELECT * FROM Recurrences WHERE REC_ID=");
+    ReadChild(this->Session(), Notification, NotificationID, CNotification::kSelectRow);
+    ReadChild(this->Session(), Recurrence, RecurrenceID, CRecurrence::kSelectRow);
   }
   /// False if a child's own `Save` failed, which that has recorded.
   bool SaveChildren(CSession& session) {

@@ -18,6 +18,8 @@ constexpr Column<CNotification> kColumns[] = {
 };
 constexpr Table kNotifications("Notifications", 15, kColumns);
 
+constexpr char kFieldsArray[] = "CNotification.GetFieldsArray";
+
 }  // namespace
 
 bool CNotification::IsEmpty() const {
@@ -30,17 +32,15 @@ void CNotification::GetValuesFromRS(const Ref<Recordset>& Rs) {
 }
 
 bool CNotification::GetFieldsArray(FieldType enmType, FieldsArray& strFields, std::int32_t& lngFieldsCount) const {
-  return FillFieldsArray(*this, kNotifications, "CNotification.GetFieldsArray", enmType, strFields, lngFieldsCount);
+  return FillFieldsArray(*this, kNotifications, kFieldsArray, enmType, strFields, lngFieldsCount);
 }
 
 bool CNotification::Save() {
-  return SaveDrawingID(*this, kNotifications, "CNotification.Save", "CNotification.GetFieldsArray",
-                       kNotificationSequence);
+  return SaveDrawingID(*this, kNotifications, "CNotification.Save", kFieldsArray, kNotificationSequence);
 }
 
 Ref<CNotification> CSession::GetNotification(std::int32_t lngNotificationID) {
-  return GetRecord<CNotification>(*this, "GetNotification",
-                                  "SELECT * FROM Notifications WHERE NTF_ID=", lngNotificationID);
+  return GetRecord<CNotification>(*this, "GetNotification", CNotification::kSelectRow, lngNotificationID);
 }
 
 bool CSession::DeleteNotification(std::int32_t lngNotificationID) {

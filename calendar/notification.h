@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "session/record.h"
 
@@ -19,6 +20,9 @@ inline constexpr std::int32_t kNotificationSequence = 7;
 /// One mail message to be sent when something falls due. This library stores it; sending is the client's.
 class CNotification : public Record<CNotification> {
  public:
+  /// Selects one row; its key follows.
+  static constexpr std::string_view kSelectRow = "SELECT * FROM Notifications WHERE NTF_ID=";
+
   CNotification() = default;
 
   Property<std::string> Subject{*this};

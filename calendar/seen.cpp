@@ -23,7 +23,7 @@ bool SeenByUser(CSession& session, const SeenTable& table, std::string_view proc
   return Trapped(session, procedure, false, [&] {
     const std::string text = Joined({"SELECT * FROM ", table.name, " WHERE ", table.item, "=", SqlNumber(item), " AND ",
                                      table.user, "=", SqlNumber(session.UserID)});
-    const Ref<Recordset> rs = Deref(session.conDBConnection).Execute(text);
+    const Ref<Recordset> rs = Select(session, text);
     show = true;
     for (; !rs->EndOfFile(); rs->MoveNext()) {
       const Value seen = rs->Fields().Item(table.date).Value();

@@ -43,8 +43,7 @@ bool CSession::DeleteCategory(std::int32_t lngCategoryID) {
   }
   ClearError();
   return InConnectionTransaction(*this, "DeleteCategory", [&] {
-    for (const std::string_view statement : kDeletion)
-      Execute(*this, std::string(statement) + SqlNumber(lngCategoryID));
+    for (const std::string_view statement : kDeletion) Execute(*this, WithNumber(statement, lngCategoryID));
     return true;
   });
 }

@@ -47,7 +47,7 @@ bool CFolder::Save() {
   session.ClearError();
   if (Refused(session, kRefusal)) return false;
   const bool saved = InTransaction(session, kSave, [&] {
-    if (!Deref(session.conDBConnection).Execute(SameNameSelect(*this))->EndOfFile()) {
+    if (!Select(session, SameNameSelect(*this))->EndOfFile()) {
       session.RecordError(kSave, kNameTaken, "A folder with this name already exists");
       return Outcome::Quiet;
     }

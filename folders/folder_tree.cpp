@@ -19,7 +19,7 @@ constexpr std::int32_t kBelowItself = 107;
 bool NameTaken(CSession& session, const CFolder& source, std::int32_t new_parent) {
   const std::string select = "SELECT * FROM Folders WHERE FLD_Name=" + SqlQuoted(source.Name.get()) +
                              " AND FLD_ParentID=" + SqlNumber(new_parent);
-  if (Deref(session.conDBConnection).Execute(select)->EndOfFile()) return false;
+  if (Select(session, select)->EndOfFile()) return false;
   session.RecordError(kCopy, kNameTaken, "The destination folder contains a folder with the same name");
   return true;
 }
@@ -108,7 +108,7 @@ bool CSession::DeleteFolderRecursive(std::int32_t folder, const TreeWalk& walk) 
   for (const Ref<CFolder>& child : *children) {
     if (!DeleteFolderRecursive(child->ID, walk.Below(child->ID))) return false;
   }
-  Execute(*this, "DELETE * FROM Folders WHERE FLD_ID=" + SqlNumber(folder));
+  Execute(*this, WithNumber("DELETE * FROM Folders WHERE FLD_ID=", folder));
   return true;
 }
 

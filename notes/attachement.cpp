@@ -128,7 +128,7 @@ bool CAttachement::Cache2File() {
 }
 
 Ref<CAttachement> CSession::GetAttachement(std::int32_t lngAttachementID) {
-  return GetRecord<CAttachement>(*this, "GetAttachement", "SELECT * FROM Attachements WHERE ATC_ID=", lngAttachementID);
+  return GetRecord<CAttachement>(*this, "GetAttachement", CAttachement::kSelectRow, lngAttachementID);
 }
 
 bool CSession::DeleteAttachement(std::int32_t lngAttachementID) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "session/record.h"
 
@@ -14,6 +15,9 @@ inline constexpr std::int32_t kAttachementSequence = 10;
 /// takes it from the file named by `FileName`, `Cache2File` makes it a file again. Each passes through memory whole.
 class CAttachement : public Record<CAttachement> {
  public:
+  /// Selects one row; its key follows.
+  static constexpr std::string_view kSelectRow = "SELECT * FROM Attachements WHERE ATC_ID=";
+
   CAttachement() = default;
 
   Property<std::string> Name{*this};

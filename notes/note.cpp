@@ -50,9 +50,7 @@ bool CNote::ReadFromFile(const std::string& strFile) {
   });
 }
 
-bool CNote::Refresh() {
-  return RefreshRecord(*this, "CNote.Refresh", "SELECT * FROM Notes WHERE NOT_ID=", kNotFound, "No note found");
-}
+bool CNote::Refresh() { return RefreshRecord(*this, "CNote.Refresh", kSelectRow, kNotFound, "No note found"); }
 
 bool CNote::GetFieldsArray(FieldType enmType, FieldsArray& strFields, std::int32_t& lngFieldsCount) const {
   return FillFieldsArray(*this, kNotes, kFieldsArray, enmType, strFields, lngFieldsCount);

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "session/record.h"
 
@@ -10,6 +11,9 @@ namespace zef {
 /// A titled piece of free text in a folder. Both texts may be as long as the database holds.
 class CNote : public Record<CNote> {
  public:
+  /// Selects one row; its key follows.
+  static constexpr std::string_view kSelectRow = "SELECT * FROM Notes WHERE NOT_ID=";
+
   CNote() = default;
 
   Property<std::int32_t> FolderID{*this};

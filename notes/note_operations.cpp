@@ -10,7 +10,7 @@ constexpr std::int32_t kNoteSequence = 3;
 }  // namespace
 
 Ref<CNote> CSession::GetNote(std::int32_t NoteID) {
-  return GetRecord<CNote>(*this, "GetNote", "SELECT * FROM Notes WHERE NOT_ID=", NoteID, adCmdText | adAsyncFetch);
+  return GetRecord<CNote>(*this, "GetNote", CNote::kSelectRow, NoteID, adCmdText | adAsyncFetch);
 }
 
 Ref<CNote> CSession::CreateNote() { return CreateRecord<CNote>(*this, "CSession.CreateNote", kNoteSequence); }

@@ -7,9 +7,10 @@
 
 #include "platform/recordset.h"
 #include "session/bas_global.h"
-#include "session/operations.h"
+#include "session/executing.h"
 #include "session/property.h"
 #include "session/session.h"
+#include "session/statements.h"
 
 /// What owners of a rule, a notification or another child record share.
 namespace zef {
@@ -23,7 +24,7 @@ inline std::int32_t ChildReference(Recordset& rs, std::string_view column) {
 template <class Child>
 void ReadChild(const Ref<CSession>& session, const Ref<Child>& child, std::int32_t reference, std::string_view select) {
   if (reference <= 0) return;
-  const Ref<Recordset> rs = Deref(Deref(session).conDBConnection).Execute(WithNumber(select, reference));
+  const Ref<Recordset> rs = SelectByKey(Deref(session), select, reference);
   if (!rs->EndOfFile()) Deref(child).GetValuesFromRS(rs);
 }
 
@@ -68,8 +69,8 @@ struct ChildColumn {
 /// could not be deleted.
 inline bool DeleteOwner(CSession& session, std::string_view from, std::span<const ChildColumn> children,
                         std::int32_t id) {
-  const std::string row = std::string(from) + SqlNumber(id);
-  const Ref<Recordset> rs = Deref(session.conDBConnection).Execute("SELECT *" + row);
+  const std::string row = WithNumber(from, id);
+  const Ref<Recordset> rs = Select(session, "SELECT *" + row);
   if (rs->EndOfFile()) return true;
   for (const ChildColumn& child : children) {
     if (!(session.*child.remove)(ChildReference(*rs, child.name))) return false;

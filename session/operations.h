@@ -8,6 +8,7 @@
 #include "platform/recordset.h"
 #include "platform/transaction_guard.h"
 #include "session/collections.h"
+#include "session/executing.h"
 #include "session/session.h"
 #include "session/statements.h"
 #include "session/trap.h"
@@ -21,11 +22,6 @@ inline Ref<Recordset> OpenSelect(CSession& session, const std::string& text, std
   auto rs = MakeRef<Recordset>();
   rs->Open(text, session.conDBConnection, adOpenStatic, adLockOptimistic, options);
   return rs;
-}
-
-/// Runs a statement for its effect.
-inline void Execute(CSession& session, const std::string& text) {
-  Deref(session.conDBConnection).Execute(text, adCmdUnspecified);
 }
 
 /// "Get<class>": the record of one row, or Nothing with a clear error record if there is no such row.
@@ -158,7 +154,7 @@ bool RefreshRecord(R& record, std::string_view procedure, std::string_view selec
                    const char* message) {
   CSession& session = Deref(record.Session());
   return Trapped(session, procedure, false, [&] {
-    const Ref<Recordset> rs = Deref(session.conDBConnection).Execute(WithNumber(select, record.ID));
+    const Ref<Recordset> rs = SelectByKey(session, select, record.ID);
     if (rs->EndOfFile()) {
       session.RecordError(std::string(procedure), code, message);
       return false;

@@ -10,6 +10,7 @@
 #include "platform/reference.h"
 #include "session/bas_global.h"
 #include "session/columns.h"
+#include "session/executing.h"
 #include "session/property.h"
 #include "session/session.h"
 #include "session/statements.h"
@@ -117,7 +118,7 @@ template <class R, std::size_t N>
 void WriteRow(const R& record, const Table<R, N>& table, const FieldRows& rows) {
   const std::string text = record.IsNew() ? InsertText(table.name, table.key(), record.ID, rows)
                                           : UpdateText(table.name, table.key(), record.ID, rows);
-  Deref(Deref(record.Session()).conDBConnection).Execute(text, adCmdUnspecified);
+  Execute(Deref(record.Session()), text);
 }
 
 /// The rows of a statement as `GetFieldsArray` gives them to `Save`; nothing if a value has no SQL form, which is
@@ -138,6 +139,7 @@ Outcome SaveRow(const R& record, const Table<R, N>& table, std::string_view arra
 }
 
 /// `Save` of a class that checks no rights, has no transaction of its own and draws its identifier at its first row.
+/// Without an identifier the record names this `Save`, which is what the client called, with the sequence's own reason.
 template <class R, std::size_t N>
 bool SaveDrawingID(R& record, const Table<R, N>& table, std::string_view procedure, std::string_view array_procedure,
                    std::int32_t sequence) {
@@ -148,7 +150,7 @@ bool SaveDrawingID(R& record, const Table<R, N>& table, std::string_view procedu
       const std::optional<FieldRows> rows = TrappedRows(record, table, array_procedure);
       if (!rows) return false;
       if (record.IsNew() && session.GetUniqueIDFromSeq(sequence, record.ID, 1) == 0) {
-        session.RecordError(std::string(procedure));
+        RecordCallee(session, procedure);
         return false;
       }
       WriteRow(record, table, *rows);

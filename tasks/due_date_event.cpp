@@ -29,9 +29,12 @@ void CopyRule(const CRecurrence& from, CRecurrence& to) {
 }  // namespace
 
 Outcome KeepDueDateEvent(CSession& session, const CTask& task) {
-  const auto copy_rule = [&](CRecurrence& rule) { CopyRule(Deref(task.Recurrence), rule); };
-  const auto text = [&] { return task.Name.get() + " Due Date"; };
-  return KeepGeneratedEvent(session, kDueDate, task.ID, task.IsNew(), task.DueDate, text, copy_rule);
+  return KeepGeneratedEvent(session, kDueDate,
+                            {.owner = task.ID,
+                             .owner_is_new = task.IsNew(),
+                             .date = task.DueDate,
+                             .text = [&] { return task.Name.get() + " Due Date"; },
+                             .write_rule = [&](CRecurrence& rule) { CopyRule(Deref(task.Recurrence), rule); }});
 }
 
 void DeleteDueDateEvent(CSession& session, std::int32_t task) { DeleteGeneratedEvents(session, kDueDate, task); }

@@ -1,6 +1,6 @@
 #include "tasks/task.h"
 
-#include "platform/transaction_guard.h"
+#include "platform/ignoring_failures.h"
 #include "session/operations.h"
 #include "tasks/due_date_event.h"
 
@@ -78,9 +78,7 @@ bool CTask::Save() {
                   [this](CSession& session) { return KeepDueDateEvent(session, *this); });
 }
 
-bool CTask::Refresh() {
-  return RefreshRecord(*this, "CTask.Refresh", "SELECT * FROM Tasks WHERE TSK_ID=", kNotFound, "No task found");
-}
+bool CTask::Refresh() { return RefreshRecord(*this, "CTask.Refresh", kSelectRow, kNotFound, "No task found"); }
 
 bool CTask::GetFieldsArray(FieldType enmType, FieldsArray& strFields, std::int32_t& lngFieldsCount) const {
   return FillFieldsArray(*this, kTasks, kFieldsArray, enmType, strFields, lngFieldsCount);

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "calendar/item.h"
 
@@ -14,6 +15,9 @@ inline constexpr std::int32_t kTaskSequence = 2;
 /// folder "Tasks Due Dates", which `Save` keeps.
 class CTask : public Item<CTask> {
  public:
+  /// Selects one row; its key follows.
+  static constexpr std::string_view kSelectRow = "SELECT * FROM Tasks WHERE TSK_ID=";
+
   CTask() = default;
 
   Property<std::int32_t> FolderID{*this};

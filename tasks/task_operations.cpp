@@ -13,7 +13,7 @@ constexpr ChildColumn kChildren[] = {{"TSK_RecurrenceID", &CSession::DeleteRecur
 }  // namespace
 
 Ref<CTask> CSession::GetTask(std::int32_t TaskID) {
-  return GetRecord<CTask>(*this, "GetTask", "SELECT * FROM Tasks WHERE TSK_ID=", TaskID);
+  return GetRecord<CTask>(*this, "GetTask", CTask::kSelectRow, TaskID);
 }
 
 Ref<CTask> CSession::CreateTask() { return CreateRecord<CTask>(*this, "CSession.CreateTask", kTaskSequence); }

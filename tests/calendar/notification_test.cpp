@@ -1,7 +1,7 @@
 #include "calendar/notification.h"
 
-#include "tests/calendar/column_cases.h"
-#include "tests/calendar/record_fixture.h"
+#include "tests/support/column_cases.h"
+#include "tests/support/record_fixture.h"
 
 namespace zef::test {
 namespace {
@@ -273,11 +273,12 @@ TEST_F(NotificationRecord, SubjectThatDoesNotFitFailsTheSave) {
   EXPECT_EQ(session->GetErrorCode(), -2147217833);
 }
 
-TEST_F(NotificationRecord, SaveWithoutASequenceFailsInItsOwnName) {
+TEST_F(NotificationRecord, SaveWithoutASequenceFailsInItsOwnNameForTheSequencesReason) {
   Run("DELETE * FROM Sequences WHERE SEQ_ID=7");
   const Ref<CNotification> message = FullMessage();
   EXPECT_FALSE(message->Save());
   EXPECT_EQ(session->GetErrorProcedure(), "CNotification.Save");
+  EXPECT_EQ(session->GetErrorCode(), 3021);
   EXPECT_EQ(Flags(*message), "new modified");
 }
 
@@ -346,6 +347,13 @@ TEST_F(NotificationRecord, DeleteNotificationLeavesItsOwnersColumn) {
   EXPECT_TRUE(session->DeleteNotification(41));
   EXPECT_EQ(Rows("Notifications"), 0);
   EXPECT_EQ(Stored("SELECT TSK_NotificationID FROM Tasks"), "41");
+}
+
+TEST_F(NotificationRecord, DeleteNotificationIsOpenToASessionThatMayOnlyRead) {
+  Run("INSERT INTO Notifications (NTF_ID) VALUES (41)");
+  session->UserRights = DataViewer;
+  EXPECT_TRUE(session->DeleteNotification(41));
+  EXPECT_EQ(Rows("Notifications"), 0);
 }
 
 TEST_F(NotificationRecord, DeleteNotificationThatFailsIsRecorded) {

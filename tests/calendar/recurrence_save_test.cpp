@@ -170,11 +170,12 @@ TEST_F(RecurrenceSave, FailedSaveCanBeRepeated) {
   EXPECT_EQ(Rows("Recurrences"), 1);
 }
 
-TEST_F(RecurrenceSave, SaveWithoutASequenceFailsInItsOwnName) {
+TEST_F(RecurrenceSave, SaveWithoutASequenceFailsInItsOwnNameForTheSequencesReason) {
   Run("DELETE * FROM Sequences WHERE SEQ_ID=8");
   const Ref<CRecurrence> rule = FullRule();
   EXPECT_FALSE(rule->Save());
   EXPECT_EQ(session->GetErrorProcedure(), "CRecurrence.Save");
+  EXPECT_EQ(session->GetErrorCode(), 3021);
   EXPECT_EQ(Flags(*rule), "new modified");
   EXPECT_EQ(Rows("Recurrences"), 0);
 }

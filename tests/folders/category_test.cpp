@@ -153,6 +153,7 @@ TEST_F(CategoryRecord, SaveWithoutItsSequenceFailsInTheNameOfTheSequence) {
   const Ref<CCategory> category = NewCategory("Home");
   EXPECT_FALSE(category->Save());
   EXPECT_EQ(session->GetErrorProcedure(), "GetUniqueIDFromSeq");
+  EXPECT_EQ(session->GetErrorCode(), 3021);
   EXPECT_EQ(Flags(*category), "new modified");
   EXPECT_EQ(Rows("Categories"), 0);
 }

@@ -196,6 +196,14 @@ TEST_F(FolderSave, TakesTheFreeTypeToo) {
   EXPECT_EQ(session->GetFolder(folder->ID)->ItemsType.get(), 5);
 }
 
+TEST_F(FolderSave, OnAClosedConnectionIsRecordedInItsOwnName) {
+  const Ref<CFolder> folder = NewFolder("Recipes");
+  connection().Close();
+  EXPECT_FALSE(folder->Save());
+  EXPECT_EQ(session->GetErrorProcedure(), "CFolder.Save");
+  EXPECT_EQ(session->GetErrorCode(), 3704);
+}
+
 TEST_F(FolderSave, TakesAParentThatDoesNotExist) { EXPECT_TRUE(NewFolder("Orphan", 4711)->Save()); }
 
 TEST_F(FolderSave, RenamesAProtectedFolder) {

@@ -207,11 +207,12 @@ TEST_F(AttachementSave, RowThatIsGoneIsRecorded) {
   EXPECT_EQ(Flags(*attachement), "old modified");
 }
 
-TEST_F(AttachementSave, MissingSequenceIsRecordedInTheNameOfTheSave) {
+TEST_F(AttachementSave, MissingSequenceIsRecordedInTheNameOfTheSaveWithItsReason) {
   Run("DELETE * FROM Sequences WHERE SEQ_ID=10");
   const Ref<CAttachement> attachement = FullAttachement();
   EXPECT_FALSE(attachement->Save());
   EXPECT_EQ(session->GetErrorProcedure(), "CAttachement.Save");
+  EXPECT_EQ(session->GetErrorCode(), 3021);
   EXPECT_EQ(Rows("Attachements"), 0);
 }
 
