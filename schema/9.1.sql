@@ -126,7 +126,7 @@ CREATE TABLE Tasks (
   TSK_CategoryID Long,
   TSK_PriorityID Long,
   TSK_StatusID Long,
-  TSK_Name Text(255),
+  TSK_Name Text(246),
   TSK_Description Memo,
   TSK_DueDate DateTime,
   TSK_StartDate DateTime,

@@ -128,7 +128,7 @@ CREATE TABLE Tasks (
   TSK_CategoryID Long,
   TSK_Priority Text(64),
   TSK_StatusID Long,
-  TSK_Name Text(255),
+  TSK_Name Text(246),
   TSK_Description Memo,
   TSK_DueDate DateTime,
   TSK_StartDate DateTime,

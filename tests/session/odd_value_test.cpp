@@ -96,7 +96,7 @@ TEST_P(OddPropertyText, OfInvalidBytesIsRefused) {
 
 const Place<std::string> kLimitedTexts[] = {
     PlaceOf("FolderName", "FLD_Name", &CFolder::Name, 255),
-    PlaceOf("TaskName", "TSK_Name", &CTask::Name, 255),
+    PlaceOf("TaskName", "TSK_Name", &CTask::Name, 246),
     PlaceOf("TaskPriority", "TSK_Priority", &CTask::Priority, 64),
     PlaceOf("TaskAssignedTo", "TSK_AssignedTo", &CTask::AssignedTo, 255),
     PlaceOf("EventText", "EVE_Text", &CEvent::Text, 255),

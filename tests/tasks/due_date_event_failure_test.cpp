@@ -30,6 +30,12 @@ TEST_F(DueDateEventFailure, UnprotectedFolderOfThatNameDoesNotCount) {
   EXPECT_FALSE(FullTask(On("6/7/2024"))->Save());
 }
 
+TEST_F(DueDateEventFailure, FolderWithIdentifierZeroDoesNotCount) {
+  Run("UPDATE Folders SET FLD_ID=0 WHERE FLD_Name='Tasks Due Dates'");
+  EXPECT_FALSE(FullTask(On("6/7/2024"))->Save());
+  EXPECT_EQ(Rows("Tasks") + Rows("Events"), 0);
+}
+
 TEST_F(DueDateEventFailure, MissingFolderDoesNotMatterWithoutADueDate) {
   Run("DELETE * FROM Folders WHERE FLD_Name='Tasks Due Dates'");
   EXPECT_TRUE(FullTask()->Save());
@@ -62,6 +68,14 @@ TEST_F(DueDateEventFailure, FailedFolderLookUpFailsAnOldTaskWithADueDateInItsOwn
   EXPECT_EQ(Rows("Events"), 1);
 }
 
+TEST_F(DueDateEventFailure, FolderLookUpThatFailsOnceGivesAnOldTaskASecondEvent) {
+  const Ref<CTask> task = LoadedTask();
+  FailCall(2);  // behind BEGIN
+  EXPECT_TRUE(task->Save());
+  EXPECT_FALSE(session->GetErrorFlag());
+  EXPECT_EQ(Rows("Events WHERE EVE_Type='T' AND EVE_LinkID=1 AND EVE_FolderID=9"), 2);
+}
+
 TEST_F(DueDateEventFailure, NameWhoseTextJustFitsIsSaved) {
   const Ref<CTask> task = NewTask();
   task->Name = std::string(246, 'n');
@@ -70,29 +84,28 @@ TEST_F(DueDateEventFailure, NameWhoseTextJustFitsIsSaved) {
   EXPECT_EQ(Of("Len(EVE_Text)"), "255");
 }
 
-TEST_F(DueDateEventFailure, NameWhoseTextIsTooLongFailsInTheNameOfTheEvent) {
+TEST_F(DueDateEventFailure, NameWhoseTextWouldNotFitFailsInTheNameOfTheTaskAndItsColumn) {
   const Ref<CTask> task = NewTask();
   task->Name = std::string(247, 'n');
   task->DueDate = On("6/7/2024");
   EXPECT_FALSE(task->Save());
-  EXPECT_EQ(session->GetErrorProcedure(), "CEvent.Save");
-  EXPECT_EQ(session->GetErrorCode(), -2147217833);
-}
-
-TEST_F(DueDateEventFailure, NameWhoseTextIsTooLongUndoesTheTask) {
-  const Ref<CTask> task = NewTask();
-  task->Name = std::string(247, 'n');
-  task->DueDate = On("6/7/2024");
-  EXPECT_FALSE(task->Save());
-  EXPECT_FALSE(session->TransactionStarted());
+  EXPECT_EQ(session->GetEntireErrorDesc(),
+            "[CTask.Save] Error: -2147217833 - A text is too long for the column 'TSK_Name', which takes 246 "
+            "characters.");
   EXPECT_EQ(Rows("Tasks"), 0);
   EXPECT_EQ(Flags(*task), "new modified");
 }
 
-TEST_F(DueDateEventFailure, NameWhoseTextIsTooLongCanBeGivenToATaskThatHasItsEvent) {
-  const Ref<CTask> task = LoadedTask();
-  task->Name = std::string(255, 'n');
-  EXPECT_TRUE(task->Save());
+TEST_F(DueDateEventFailure, TextThatDoesNotFitFailsInTheNameOfTheEventAndUndoesTheTask) {
+  Run("ALTER TABLE Events ALTER COLUMN EVE_Text Text(20)");
+  const Ref<CTask> task = NewTask();
+  task->Name = std::string(12, 'n');
+  task->DueDate = On("6/7/2024");
+  EXPECT_FALSE(task->Save());
+  EXPECT_EQ(session->GetErrorProcedure(), "CEvent.Save");
+  EXPECT_EQ(session->GetErrorCode(), -2147217833);
+  EXPECT_FALSE(session->TransactionStarted());
+  EXPECT_EQ(Rows("Tasks"), 0);
 }
 
 TEST_F(DueDateEventFailure, EventThatCannotBeRefreshedUndoesTheTasksUpdate) {
@@ -103,6 +116,14 @@ TEST_F(DueDateEventFailure, EventThatCannotBeRefreshedUndoesTheTasksUpdate) {
   EXPECT_EQ(session->GetErrorProcedure(), "CEvent.Save");
   EXPECT_EQ(Stored("SELECT TSK_DueDate FROM Tasks"), "6/7/2024 8:09:10 AM");
   EXPECT_EQ(Flags(*task), "old modified");
+}
+
+TEST_F(DueDateEventFailure, EventThatCannotBeReadIsRecordedInTheNameOfTheTask) {
+  const Ref<CTask> task = LoadedTask();
+  Refuse("SELECT * FROM Events");
+  EXPECT_FALSE(task->Save());
+  EXPECT_EQ(session->GetErrorProcedure(), "CTask.Save");
+  EXPECT_FALSE(session->TransactionStarted());
 }
 
 TEST_F(DueDateEventFailure, SearchThatFailsIsRecordedInTheNameOfTheTask) {
