@@ -94,6 +94,16 @@ TEST_F(DateEventsFailure, FailedLookUpFailsAContactWithThatDateInItsOwnName) {
   EXPECT_EQ(Rows("Contacts WHERE CNT_City='Leeds'"), 0);
 }
 
+TEST_F(DateEventsFailure, LookUpThatFailsOnceGivesAnOldContactASecondEvent) {
+  const Ref<CContact> contact = AnnLee();
+  contact->City = "Leeds";
+  FailCall(3);  // behind BEGIN and the update
+  EXPECT_TRUE(contact->Save());
+  EXPECT_FALSE(session->GetErrorFlag());
+  EXPECT_EQ(Rows("Events WHERE EVE_Type='A' AND EVE_LinkID=1"), 2);
+  EXPECT_EQ(Rows("Events WHERE EVE_Type='B' AND EVE_LinkID=1"), 1);
+}
+
 // ---- texts that do not fit
 
 TEST_F(DateEventsFailure, NamesWhoseTextJustFitsAreSaved) {

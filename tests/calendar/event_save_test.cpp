@@ -1,7 +1,6 @@
 #include "calendar/event.h"
 
 #include "tests/calendar/event_fixture.h"
-#include "tests/support/fault_sweep.h"
 
 namespace zef::test {
 namespace {
@@ -151,7 +150,18 @@ TEST_F(EventSave, SaveClearsAnOldError) {
   EXPECT_FALSE(session->GetErrorFlag());
 }
 
-TEST_F(EventSave, SavedEventAfterResetFlagsIsInsertedAgainUnderItsIdentifier) {
+TEST_F(EventSave, SavedEventAfterResetFlagsViolatesItsKeyAndKeepsItsFlags) {
+  const Ref<CEvent> event = FullEvent();
+  ASSERT_TRUE(event->Save());
+  event->ResetFlags();
+  EXPECT_FALSE(event->Save());
+  EXPECT_EQ(session->GetErrorProcedure(), "CEvent.Save");
+  EXPECT_EQ(session->GetErrorCode(), -2147217873);
+  EXPECT_EQ(Flags(*event), "new modified");
+  EXPECT_EQ(Rows("Events"), 1);
+}
+
+TEST_F(EventSave, SavedEventThatIsNewAgainIsInsertedUnderTheIdentifierThatItWasGiven) {
   const Ref<CEvent> event = FullEvent();
   ASSERT_TRUE(event->Save());
   event->ResetFlagsX(true, true);
@@ -255,6 +265,15 @@ TEST_F(EventSave, NotificationThatCannotBeDeletedDoesNotStopTheSave) {
   EXPECT_EQ(Rows("Notifications"), 1);
 }
 
+TEST_F(EventSave, ChildThatCannotBeDeletedStaysOnRecordAfterTheSave) {
+  const Ref<CEvent> event = session->GetEvent(EventWithChildren()->ID);
+  event->Notification->Subject = "";
+  Refuse("DELETE * FROM Notifications");
+  EXPECT_TRUE(event->Save());
+  EXPECT_TRUE(session->GetErrorFlag());
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[DeleteNotification] Error: -2147217900 - made to fail");
+}
+
 TEST_F(EventSave, RuleThatCannotBeDeletedDoesNotStopTheSave) {
   const Ref<CEvent> event = session->GetEvent(EventWithChildren()->ID);
   event->Recurrence->RType = REC_EMPTY;
@@ -335,6 +354,14 @@ TEST_F(EventSave, BeginThatFailsIsRecordedInTheNameOfTheSave) {
   EXPECT_EQ(Flags(*event), "new modified");
 }
 
+TEST_F(EventSave, ClosedConnectionIsRecordedInTheNameOfTheSave) {
+  const Ref<CEvent> event = FullEvent();
+  connection().Close();
+  EXPECT_FALSE(event->Save());
+  EXPECT_EQ(session->GetErrorProcedure(), "CEvent.Save");
+  EXPECT_EQ(session->GetErrorCode(), 3704);
+}
+
 TEST_F(EventSave, CommitThatFailsIsRecordedInTheNameOfTheSaveAndUndone) {
   const Ref<CEvent> event = FullEvent();
   Refuse("COMMIT");
@@ -343,130 +370,6 @@ TEST_F(EventSave, CommitThatFailsIsRecordedInTheNameOfTheSaveAndUndone) {
   EXPECT_FALSE(session->TransactionStarted());
   EXPECT_EQ(Flags(*event), "new modified");
   EXPECT_EQ(Rows("Events"), 0);
-}
-
-// ---- failures
-
-TEST_F(EventSave, RefusedInsertUndoesTheChildrensRows) {
-  const Ref<CEvent> event = FullEvent();
-  event->Recurrence->RType = REC_DAILY;
-  event->Notification->Subject = "s";
-  Refuse("INSERT INTO Events");
-  EXPECT_FALSE(event->Save());
-  EXPECT_EQ(session->GetEntireErrorDesc(), "[CEvent.Save] Error: -2147217900 - made to fail");
-  EXPECT_EQ(Rows("Recurrences") + Rows("Notifications"), 0);
-  EXPECT_EQ(Flags(*event), "new modified");
-}
-
-TEST_F(EventSave, RefusedUpdateLeavesTheFlags) {
-  const Ref<CEvent> event = session->GetEvent(EventWithChildren()->ID);
-  event->Text = "b";
-  Refuse("UPDATE Events");
-  EXPECT_FALSE(event->Save());
-  EXPECT_EQ(Flags(*event), "old modified");
-  EXPECT_EQ(event->DateLastUpdate, now_);
-}
-
-TEST_F(EventSave, NotificationThatCannotBeSavedEndsTheSaveWithItsOwnRecord) {
-  const Ref<CEvent> event = FullEvent();
-  event->Notification->Subject = "s";
-  Refuse("INSERT INTO Notifications");
-  EXPECT_FALSE(event->Save());
-  EXPECT_EQ(session->GetErrorProcedure(), "CNotification.Save");
-  EXPECT_FALSE(session->TransactionStarted());
-  EXPECT_EQ(Rows("Events"), 0);
-}
-
-TEST_F(EventSave, RuleThatCannotBeSavedEndsTheSaveWithItsOwnRecordAndUndoesTheNotification) {
-  const Ref<CEvent> event = FullEvent();
-  event->Notification->Subject = "s";
-  event->Recurrence->RType = REC_DAILY;
-  Refuse("INSERT INTO Recurrences");
-  EXPECT_FALSE(event->Save());
-  EXPECT_EQ(session->GetErrorProcedure(), "CRecurrence.Save");
-  EXPECT_EQ(Rows("Notifications"), 0);
-}
-
-TEST_F(EventSave, DateOutOfRangeIsRecordedByTheFieldsAndUndoesTheChildren) {
-  const Ref<CEvent> event = FullEvent();
-  event->StartDate = Date(3e6);
-  event->Recurrence->RType = REC_DAILY;
-  EXPECT_FALSE(event->Save());
-  EXPECT_EQ(session->GetErrorProcedure(), "CEvent.GetFieldsArray");
-  EXPECT_FALSE(session->TransactionStarted());
-  EXPECT_EQ(Rows("Recurrences"), 0);
-}
-
-TEST_F(EventSave, ChildStaysAsSavedInMemoryWhenTheEventsStatementFailsInTheClientsTransaction) {
-  const Ref<CEvent> event = FullEvent();
-  event->Recurrence->RType = REC_DAILY;
-  ASSERT_TRUE(session->BeginTransaction());
-  Refuse("INSERT INTO Events");
-  EXPECT_FALSE(event->Save());
-  ASSERT_TRUE(session->RollbackTransaction());
-  EXPECT_EQ(event->Recurrence->ID, 1);
-  EXPECT_EQ(Flags(*event->Recurrence), "old clear");
-  EXPECT_EQ(Rows("Recurrences"), 0);
-}
-
-TEST_F(EventSave, SessionThatMayOnlyReadIsRefused) {
-  const Ref<CEvent> event = FullEvent();
-  session->UserRights = Administrator | DataViewer;
-  EXPECT_FALSE(event->Save());
-  EXPECT_EQ(session->GetEntireErrorDesc(), "[CEvent.Save] Error: 105 - You don't have rights to insert/edit data");
-}
-
-TEST_F(EventSave, RefusedSessionSendsNothingAndKeepsTheFlags) {
-  const Ref<CEvent> event = FullEvent();
-  event->Recurrence->RType = REC_DAILY;
-  session->UserRights = DataViewer;
-  EXPECT_FALSE(event->Save());
-  EXPECT_EQ(SentInAll(), Texts{});
-  EXPECT_EQ(Flags(*event), "new modified");
-}
-
-TEST_F(EventSave, EveryFailureOfANewEventsSaveLeavesNothingBehind) {
-  std::string flags = "new modified";
-  const auto save = [&] {
-    const Ref<CEvent> event = session->CreateEvent();
-    if (!event) return false;
-    event->Text = "Choir";
-    event->Recurrence->RType = REC_WEEKLY;
-    event->Notification->Subject = "Sing";
-    const bool saved = event->Save();
-    if (!saved) flags = Flags(*event);
-    return saved;
-  };
-  const auto failures = FailEachCall(
-      database, *session, save, [&] { return flags; }, Unchanged::AllButSequences);
-  EXPECT_EQ(failures.size(), 17u) << "three identifiers of four calls each, and five of the save itself";
-}
-
-TEST_F(EventSave, EveryFailureOfAnUpdateLeavesTheRowsAndTheFlags) {
-  const std::int32_t id = EventWithChildren()->ID;
-  std::string flags = "old modified";
-  const auto save = [&] {
-    const Ref<CEvent> event = session->GetEvent(id);
-    if (!event) return false;
-    event->Text = "Orchestra";
-    event->Recurrence->RType = REC_DAILY;
-    event->Notification->Subject = "Play";
-    const bool saved = event->Save();
-    if (!saved) flags = Flags(*event);
-    return saved;
-  };
-  EXPECT_EQ(FailEachCall(database, *session, save, [&] { return flags; }).size(), 8u);
-}
-
-TEST_F(EventSave, EveryFailureOfAChangedEventsSaveCanBeRepeated) {
-  const std::int32_t id = EventWithChildren()->ID;
-  const Ref<CEvent> event = session->GetEvent(id);
-  event->Text = "Orchestra";
-  const auto failures = FailEachCall(
-      database, *session, [&] { return event->Save(); }, [&] { return Flags(*event); });
-  EXPECT_EQ(failures.size(), 3u) << "BEGIN, update, COMMIT";
-  for (const InjectedFailure& failure : failures) EXPECT_EQ(failure.procedure, "CEvent.Save") << failure.call;
-  EXPECT_EQ(Stored("SELECT EVE_Text FROM Events"), "Orchestra");
 }
 
 }  // namespace

@@ -3,10 +3,16 @@
 #include <functional>
 #include <string>
 
+#include "addressbook/contact.h"
+#include "addressbook/phone_log.h"
+#include "calendar/alarm.h"
 #include "calendar/event.h"
 #include "calendar/notification.h"
 #include "calendar/recurrence.h"
+#include "folders/category.h"
 #include "folders/folder.h"
+#include "notes/attachement.h"
+#include "notes/note.h"
 #include "session/collections.h"
 #include "tasks/task.h"
 #include "tests/support/engine_wrapper.h"
@@ -57,6 +63,13 @@ const Opening kOpenings[] = {
     {"GetFolder", [](CSession& s) { s.GetFolder(8); }, kReading},
     {"GetTask", [](CSession& s) { s.GetTask(5); }, kReading},
     {"GetEvent", [](CSession& s) { s.GetEvent(6); }, kReading},
+    {"GetCategory", [](CSession& s) { s.GetCategory(1); }, kReading},
+    {"GetAlarm", [](CSession& s) { s.GetAlarm(1); }, kReading},
+    {"GetContact", [](CSession& s) { s.GetContact(1); }, kReading},
+    {"GetPhoneLog", [](CSession& s) { s.GetPhoneLog(1); }, kReading},
+    {"GetAttachement", [](CSession& s) { s.GetAttachement(1); }, kReading},
+    {"GetNote", [](CSession& s) { s.GetNote(1); }, "3 3 33 updatable"},
+    {"GetCategoryID4Name", [](CSession& s) { s.GetCategoryID4Name("Home"); }, kReading},
     {"GetRecurrence", [](CSession& s) { s.GetRecurrence(1); }, kReading},
     {"GetNotification", [](CSession& s) { s.GetNotification(1); }, kReading},
     {"GetFolderIDByCriteria", [](CSession& s) { s.GetFolderIDByCriteria("FLD_ID=8"); }, kReading},
@@ -65,6 +78,9 @@ const Opening kOpenings[] = {
     {"LoadFoldersWithCriteria", [](CSession& s) { s.LoadFoldersWithCriteria(MakeRef<CFolders>(), ""); }, kReading},
     {"LoadTasksWithCriteria", [](CSession& s) { s.LoadTasksWithCriteria(MakeRef<CTasks>(), ""); }, kReading},
     {"LoadEventsWithCriteria", [](CSession& s) { s.LoadEventsWithCriteria(MakeRef<CEvents>(), ""); }, kReading},
+    {"LoadNotesWithCriteria", [](CSession& s) { s.LoadNotesWithCriteria(MakeRef<CNotes>(), ""); }, kReading},
+    {"LoadContactsWithCriteria", [](CSession& s) { s.LoadContactsWithCriteria(MakeRef<CContacts>(), ""); }, kReading},
+    {"LoadContactTags", [](CSession& s) { s.LoadContactTagsWithCriteria(MakeRef<CTags>(), ""); }, kReading},
     {"CreateTask", [](CSession& s) { s.CreateTask(); }, kSequence},
     {"DuplicateEvent", [](CSession& s) { s.DuplicateEvent(6); },
      kReading + "; " + kSequence + "; " + kSequence + "; " + kSequence},

@@ -72,6 +72,13 @@ TEST_F(DueDateEvent, EventOfADueDateOneSecondBeforeMidnightStaysOnThatDay) {
   EXPECT_EQ(Of("EVE_StartDate"), "6/7/2024");
 }
 
+TEST_F(DueDateEvent, EventOfADueDateThatRoundsToMidnightStandsOnTheDayThatIsStored) {
+  const Ref<CTask> task = FullTask(Date(On("6/7/2024").value() + 86399.7 / 86400));
+  ASSERT_TRUE(task->Save());
+  EXPECT_EQ(Stored("SELECT TSK_DueDate FROM Tasks"), "6/8/2024");
+  EXPECT_EQ(Of("EVE_StartDate"), "6/8/2024");
+}
+
 TEST_F(DueDateEvent, EventOfADueDateBeforeDayZeroLiesOnItsDay) {
   const Ref<CTask> task = FullTask(Date(-1.25));
   ASSERT_TRUE(task->Save());
@@ -97,6 +104,14 @@ TEST_F(DueDateEvent, NewTaskWithoutADueDateGetsNoneAndLooksForNoFolder) {
   ASSERT_TRUE(task->Save());
   EXPECT_EQ(Sent().size(), 1u);
   EXPECT_EQ(Rows("Events"), 0);
+}
+
+TEST_F(DueDateEvent, UnmodifiedNewTaskWithADueDateGetsItsEventWithoutARowOfItsOwn) {
+  const Ref<CTask> task = FullTask(On("6/7/2024"));
+  task->ResetFlagsX(false, true);
+  ASSERT_TRUE(task->Save());
+  EXPECT_EQ(Rows("Tasks"), 0);
+  EXPECT_EQ(Rows("Events WHERE EVE_LinkID=1"), 1);
 }
 
 TEST_F(DueDateEvent, NewTasksEventIsMadeWithoutLookingForAnOldOne) {

@@ -250,6 +250,14 @@ TEST_F(TaskSave, ChildrenThatCannotBeDeletedDoNotStopTheSave) {
   EXPECT_EQ(Rows("Notifications") + Rows("Recurrences"), 2);
 }
 
+TEST_F(TaskSave, ChildrenThatCannotBeDeletedAreOffTheRecordAfterTheLookUpOfTheFolder) {
+  const Ref<CTask> task = session->GetTask(TaskWithChildren()->ID);
+  task->Notification->Subject = "";
+  Refuse("DELETE * FROM Notifications");
+  EXPECT_TRUE(task->Save());
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[] Error: 0 - ");
+}
+
 TEST_F(TaskSave, UnchangedNewChildrenCauseNothing) {
   const Ref<CTask> task = NewTask();
   task->Name = "a";
@@ -318,6 +326,14 @@ TEST_F(TaskSave, BeginThatFailsIsRecordedInTheNameOfTheSave) {
   EXPECT_FALSE(task->Save());
   EXPECT_EQ(session->GetEntireErrorDesc(), "[CTask.Save] Error: -2147217900 - made to fail");
   EXPECT_EQ(Flags(*task), "new modified");
+}
+
+TEST_F(TaskSave, ClosedConnectionIsRecordedInTheNameOfTheSave) {
+  const Ref<CTask> task = FullTask();
+  connection().Close();
+  EXPECT_FALSE(task->Save());
+  EXPECT_EQ(session->GetErrorProcedure(), "CTask.Save");
+  EXPECT_EQ(session->GetErrorCode(), 3704);
 }
 
 TEST_F(TaskSave, CommitThatFailsIsRecordedInTheNameOfTheSaveAndUndone) {

@@ -1,0 +1,133 @@
+#include "calendar/event.h"
+#include "tests/calendar/event_fixture.h"
+#include "tests/support/fault_sweep.h"
+
+namespace zef::test {
+namespace {
+
+using EventSaveFailure = EventTest;
+
+TEST_F(EventSaveFailure, RefusedInsertUndoesTheChildrensRows) {
+  const Ref<CEvent> event = FullEvent();
+  event->Recurrence->RType = REC_DAILY;
+  event->Notification->Subject = "s";
+  Refuse("INSERT INTO Events");
+  EXPECT_FALSE(event->Save());
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[CEvent.Save] Error: -2147217900 - made to fail");
+  EXPECT_EQ(Rows("Recurrences") + Rows("Notifications"), 0);
+  EXPECT_EQ(Flags(*event), "new modified");
+}
+
+TEST_F(EventSaveFailure, RefusedUpdateLeavesTheFlags) {
+  const Ref<CEvent> event = session->GetEvent(EventWithChildren()->ID);
+  event->Text = "b";
+  Refuse("UPDATE Events");
+  EXPECT_FALSE(event->Save());
+  EXPECT_EQ(Flags(*event), "old modified");
+  EXPECT_EQ(event->DateLastUpdate, now_);
+}
+
+TEST_F(EventSaveFailure, NotificationThatCannotBeSavedEndsTheSaveWithItsOwnRecord) {
+  const Ref<CEvent> event = FullEvent();
+  event->Notification->Subject = "s";
+  Refuse("INSERT INTO Notifications");
+  EXPECT_FALSE(event->Save());
+  EXPECT_EQ(session->GetErrorProcedure(), "CNotification.Save");
+  EXPECT_FALSE(session->TransactionStarted());
+  EXPECT_EQ(Rows("Events"), 0);
+}
+
+TEST_F(EventSaveFailure, RuleThatCannotBeSavedEndsTheSaveWithItsOwnRecordAndUndoesTheNotification) {
+  const Ref<CEvent> event = FullEvent();
+  event->Notification->Subject = "s";
+  event->Recurrence->RType = REC_DAILY;
+  Refuse("INSERT INTO Recurrences");
+  EXPECT_FALSE(event->Save());
+  EXPECT_EQ(session->GetErrorProcedure(), "CRecurrence.Save");
+  EXPECT_EQ(Rows("Notifications"), 0);
+}
+
+TEST_F(EventSaveFailure, DateOutOfRangeIsRecordedByTheFieldsAndUndoesTheChildren) {
+  const Ref<CEvent> event = FullEvent();
+  event->StartDate = Date(3e6);
+  event->Recurrence->RType = REC_DAILY;
+  EXPECT_FALSE(event->Save());
+  EXPECT_EQ(session->GetErrorProcedure(), "CEvent.GetFieldsArray");
+  EXPECT_FALSE(session->TransactionStarted());
+  EXPECT_EQ(Rows("Recurrences"), 0);
+}
+
+TEST_F(EventSaveFailure, ChildStaysAsSavedInMemoryWhenTheEventsStatementFailsInTheClientsTransaction) {
+  const Ref<CEvent> event = FullEvent();
+  event->Recurrence->RType = REC_DAILY;
+  ASSERT_TRUE(session->BeginTransaction());
+  Refuse("INSERT INTO Events");
+  EXPECT_FALSE(event->Save());
+  ASSERT_TRUE(session->RollbackTransaction());
+  EXPECT_EQ(event->Recurrence->ID, 1);
+  EXPECT_EQ(Flags(*event->Recurrence), "old clear");
+  EXPECT_EQ(Rows("Recurrences"), 0);
+}
+
+TEST_F(EventSaveFailure, SessionThatMayOnlyReadIsRefused) {
+  const Ref<CEvent> event = FullEvent();
+  session->UserRights = Administrator | DataViewer;
+  EXPECT_FALSE(event->Save());
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[CEvent.Save] Error: 105 - You don't have rights to insert/edit data");
+}
+
+TEST_F(EventSaveFailure, RefusedSessionSendsNothingAndKeepsTheFlags) {
+  const Ref<CEvent> event = FullEvent();
+  event->Recurrence->RType = REC_DAILY;
+  session->UserRights = DataViewer;
+  EXPECT_FALSE(event->Save());
+  EXPECT_EQ(SentInAll(), Texts{});
+  EXPECT_EQ(Flags(*event), "new modified");
+}
+
+TEST_F(EventSaveFailure, EveryFailureOfANewEventsSaveLeavesNothingBehind) {
+  std::string flags = "new modified";
+  const auto save = [&] {
+    const Ref<CEvent> event = session->CreateEvent();
+    if (!event) return false;
+    event->Text = "Choir";
+    event->Recurrence->RType = REC_WEEKLY;
+    event->Notification->Subject = "Sing";
+    const bool saved = event->Save();
+    if (!saved) flags = Flags(*event);
+    return saved;
+  };
+  const auto failures = FailEachCall(
+      database, *session, save, [&] { return flags; }, Unchanged::AllButSequences);
+  EXPECT_EQ(failures.size(), 17u) << "three identifiers of four calls each, and five of the save itself";
+}
+
+TEST_F(EventSaveFailure, EveryFailureOfAnUpdateLeavesTheRowsAndTheFlags) {
+  const std::int32_t id = EventWithChildren()->ID;
+  std::string flags = "old modified";
+  const auto save = [&] {
+    const Ref<CEvent> event = session->GetEvent(id);
+    if (!event) return false;
+    event->Text = "Orchestra";
+    event->Recurrence->RType = REC_DAILY;
+    event->Notification->Subject = "Play";
+    const bool saved = event->Save();
+    if (!saved) flags = Flags(*event);
+    return saved;
+  };
+  EXPECT_EQ(FailEachCall(database, *session, save, [&] { return flags; }).size(), 8u);
+}
+
+TEST_F(EventSaveFailure, EveryFailureOfAChangedEventsSaveCanBeRepeated) {
+  const std::int32_t id = EventWithChildren()->ID;
+  const Ref<CEvent> event = session->GetEvent(id);
+  event->Text = "Orchestra";
+  const auto failures = FailEachCall(
+      database, *session, [&] { return event->Save(); }, [&] { return Flags(*event); });
+  EXPECT_EQ(failures.size(), 3u) << "BEGIN, update, COMMIT";
+  for (const InjectedFailure& failure : failures) EXPECT_EQ(failure.procedure, "CEvent.Save") << failure.call;
+  EXPECT_EQ(Stored("SELECT EVE_Text FROM Events"), "Orchestra");
+}
+
+}  // namespace
+}  // namespace zef::test
