@@ -1,11 +1,11 @@
 #include "platform/sqlite/schema_change.h"
 
 #include "platform/sql/writing.h"
+#include "platform/sqlite/declaration_text.h"
 #include "platform/sqlite/sqlite_error.h"
 #include "platform/sqlite/sqlite_statement.h"
 #include "platform/sqlite/table_description.h"
 #include "platform/sqlite/table_text.h"
-#include "platform/text.h"
 
 namespace zef {
 namespace {
@@ -45,35 +45,6 @@ class Change {
   const sql::SchemaChange& change_;
   std::optional<RunTimeError>& failure_;
 };
-
-std::string Names(const std::vector<std::string>& names) {
-  std::string text;
-  for (const std::string& name : names) text += (text.empty() ? "" : ", ") + QuotedName(name);
-  return text;
-}
-
-/// Texts are declared with the one collation of stock SQLite that ignores letter case: searches for plain texts use
-/// indexes through it, and other tools find the same rows.
-std::string Collation(sql::Type type) { return sql::IsText(type) ? " COLLATE NOCASE" : ""; }
-
-std::string ColumnText(const sql::ColumnDefinition& column) {
-  std::string text = QuotedName(column.name) + " " + DeclaredType(column.type, column.length) + Collation(column.type);
-  if (column.required || column.primary_key) text += " NOT NULL";
-  if (column.primary_key) text += " PRIMARY KEY";
-  if (column.unique) text += " UNIQUE";
-  return text;
-}
-
-std::string ConstraintText(const sql::Constraint& constraint) {
-  std::string text = constraint.name.empty() ? "" : "CONSTRAINT " + QuotedName(constraint.name) + " ";
-  switch (constraint.kind) {
-    case sql::Constraint::Kind::PrimaryKey: return text + "PRIMARY KEY (" + Names(constraint.columns) + ")";
-    case sql::Constraint::Kind::Unique: return text + "UNIQUE (" + Names(constraint.columns) + ")";
-    case sql::Constraint::Kind::ForeignKey: break;
-  }
-  text += "FOREIGN KEY (" + Names(constraint.columns) + ") REFERENCES " + QuotedName(constraint.foreign_table);
-  return constraint.foreign_columns.empty() ? text : text + " (" + Names(constraint.foreign_columns) + ")";
-}
 
 void Change::Run(const std::string& text) {
   failure_.reset();
@@ -120,8 +91,8 @@ void Change::MakeIndex(const std::string& name, bool unique,
   std::string items;
   for (const auto& column : columns) {
     const sql::ColumnInfo& info = Column(table, column.name);
-    items += (items.empty() ? "" : ", ") + QuotedName(info.name) + (sql::IsText(info.type) ? " COLLATE NOCASE" : "") +
-             (column.descending ? " DESC" : "");
+    items +=
+        (items.empty() ? "" : ", ") + QuotedName(info.name) + Collation(info.type) + (column.descending ? " DESC" : "");
   }
   const std::string on = " ON " + QuotedName(table.name);
   Run((unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") + QuotedName(name) + on + " (" + items + ")");
