@@ -29,7 +29,7 @@ class CAlarm : public Item<CAlarm> {
   /// Also sets the session of the children.
   void SetSession(const Ref<CSession>& session);
   /// True if the alarm's own flag is set or a child reports a change.
-  bool IsModified() const { return Item::IsModified() || ChildModified(Attachement); }
+  bool IsModified() const { return OwnModified() || ChildModified(Attachement) || Item::IsModified(); }
   void ResetFlagsX(bool M, bool N);
 
   /// Reads the children's rows too; a reference without a row leaves its child as it was.

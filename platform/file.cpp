@@ -44,7 +44,9 @@ FailureNumber NumberOf(int error, const std::string& path) {
 }
 
 [[noreturn]] void RefuseFor(int error, const std::string& path) {
-  Refuse(NumberOf(error, path), path, std::strerror(error));
+  const FailureNumber number = NumberOf(error, path);
+  const char* const reason = strerrordesc_np(error);  // in English, whatever the process's locale
+  Refuse(number, path, number == FailureNumber::PathNotFound ? "its folder does not exist" : reason);
 }
 
 /// The system would read a path only up to a zero character in it, and use another file.
@@ -115,8 +117,8 @@ std::size_t InputFile::Read(std::span<std::byte> buffer) {
   while (done < buffer.size()) {
     const ssize_t part = read(file_, buffer.data() + done, std::min(buffer.size() - done, kLongestTransfer));
     if (part < 0 && errno == EINTR) continue;
-    if (part < 0) RefuseFor(errno, path_);
-    if (part == 0) break;
+    if (part < 0 && done == 0) RefuseFor(errno, path_);
+    if (part <= 0) break;  // a failure is told by the next call, once the caller has what came before it
     done += static_cast<std::size_t>(part);
   }
   return done;
@@ -148,7 +150,7 @@ std::string TemporaryFolder() {
 std::string PathInFolder(const std::string& folder, const std::string& name) {
   const std::filesystem::path file(name);
   if (file.filename() != file) {
-    throw RunTimeError(FailureNumber::PathFileAccess, "The name of the file would lead out of its folder.");
+    throw RunTimeError(FailureNumber::PathFileAccess, "The file name '" + name + "' would lead out of its folder.");
   }
   return (std::filesystem::path(folder) / file).string();
 }

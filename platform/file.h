@@ -19,7 +19,7 @@ class InputFile {
 
   /// Bytes in the file when it was opened.
   std::uint64_t size() const { return size_; }
-  /// Fills the buffer as far as the file reaches and tells how far; 0 at its end.
+  /// Fills the buffer as far as the file reaches, or can be read, and tells how far; 0 at its end.
   std::size_t Read(std::span<std::byte> buffer);
 
  private:

@@ -15,15 +15,18 @@ class TextReader {
   /// Raises what `InputFile` does.
   explicit TextReader(const std::string& path) : file_(path) {}
 
-  /// The next portion in UTF-8, good until the next call; empty at the end.
+  /// The next portion in UTF-8, good until the next call; empty at the end. Raises 75 behind a thousand million
+  /// characters, more than a column holds.
   const std::string& Next();
 
  private:
   static constexpr std::size_t kPortion = 1 << 16;
+  static constexpr std::size_t kMost = 1'000'000'000;
 
   InputFile file_;
   std::array<std::byte, kPortion> bytes_;
   std::string portion_;
+  std::size_t read_ = 0;
 };
 
 }  // namespace zef
