@@ -18,10 +18,13 @@ constexpr Reference kReferences[] = {{"CategoryID", RecordType::Category}, {"Con
 
 constexpr std::string_view kNames[] = {"FirstName", "LastName", "Company"};
 
+bool IsText(const Assignment& value, std::string_view property, bool empty) {
+  return value.first == property && std::get<std::string>(value.second).empty() == empty;
+}
+
 bool Holds(const std::vector<Assignment>& values, std::string_view property) {
-  return std::any_of(values.begin(), values.end(), [&](const Assignment& value) {
-    return value.first == property && !std::get<std::string>(value.second).empty();
-  });
+  return std::any_of(values.begin(), values.end(),
+                     [&](const Assignment& value) { return IsText(value, property, false); });
 }
 
 /// Raises unless the folder may lie in the parent: 0, or a folder that is neither itself nor below it.
@@ -47,8 +50,15 @@ void RequireTitle(const RecordKind& kind, const std::vector<Assignment>& values)
   if (!Holds(values, kind.title)) throw Failure(kWrongUse, fmt::format("{}: it is empty.", kind.options[0].name));
 }
 
+void RequireTitleKept(const RecordKind& kind, const std::vector<Assignment>& values) {
+  const bool lost = std::any_of(values.begin(), values.end(),
+                                [&](const Assignment& value) { return IsText(value, kind.title, true); });
+  if (lost) throw Failure(kWrongUse, fmt::format("{}: it is empty.", kind.title));
+}
+
 void RequireReferences(Store& store, const RecordKind& kind, std::int32_t id, const std::vector<Assignment>& values) {
   for (const auto& [name, value] : values) {
+    if (name == "Priority" && Holds(values, name)) store.Priority(std::get<std::string>(value));
     const auto* const number = std::get_if<std::int32_t>(&value);
     if (number == nullptr) continue;
     if (name == "FolderID") RequireHolder(store.Folder(std::to_string(*number), kind.holder));

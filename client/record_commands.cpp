@@ -32,14 +32,14 @@ std::string Sentence(const char* done, const RecordValues& record) {
 /// System folders are found by their names, and what looks for one fails without it.
 void RequireOwn(const RecordValues& record) {
   if (record.type != RecordType::Folder || !std::get<bool>(record["Protected"])) return;
-  throw Failure(kRefused, fmt::format("F{} belongs to the system and stays as it is.", Called(record).substr(1)));
+  throw Failure(kRefused, fmt::format("F{}, belongs to the system and stays as it is.", Called(record).substr(1)));
 }
 
 void RequireConsent(const RecordValues& folder, bool yes) {
   if (yes) return;
   const bool is_protected = std::get<bool>(folder["Protected"]);
   throw Failure(kRefused,
-                fmt::format("F{} {} with all that is in and below it only with --yes.", Called(folder).substr(1),
+                fmt::format("F{}, {} with all that is in and below it only with --yes.", Called(folder).substr(1),
                             is_protected ? "belongs to the system, which looks for it by its name; it goes" : "goes"));
 }
 
@@ -88,10 +88,12 @@ std::string ShowRecord(const Arguments& arguments, const Screen& screen) {
 }
 
 std::string SetRecord(const Arguments& arguments, const Screen& /*screen*/) {
+  const RecordKind& kind = KindOf(arguments.type);
+  RequireTitleKept(kind, arguments.values);
   const auto store = Open(arguments);
-  RequireOwn(store->Record(arguments.type, arguments.id));
-  RequireReferences(*store, KindOf(arguments.type), arguments.id, arguments.values);
-  const RecordValues changed = store->SetRecord(arguments.type, arguments.id, arguments.values);
+  RequireOwn(store->Record(kind.type, arguments.id));
+  RequireReferences(*store, kind, arguments.id, arguments.values);
+  const RecordValues changed = store->SetRecord(kind.type, arguments.id, arguments.values);
   return arguments.json ? JsonLine(JsonOf(changed)) : Sentence("Changed", changed);
 }
 

@@ -45,9 +45,10 @@ void AddLines(Table& table, std::string_view name, std::string_view text) {
   }
 }
 
+/// 0 and -1 are references to nothing.
 bool SaysNothing(const PropertyValue& value) {
   const auto* const number = std::get_if<std::int32_t>(&value);
-  return number != nullptr ? *number == 0 : ValueText(value).empty();
+  return number != nullptr ? *number == 0 || *number == -1 : ValueText(value).empty();
 }
 
 }  // namespace

@@ -15,6 +15,8 @@ namespace {
 /// Turns a task that was done into the next instance of its series; false if that has come to its end. The library
 /// counts from the start, so a task that has none goes on from its due date, and one without dates from today.
 bool RollOn(const Store::Session& session, CTask& task, Date today) {
+  const CRecurrence& rule = *task.Recurrence;
+  if (rule.OccurencesNo == 1 && rule.EndDate->IsZero()) return false;  // this one was the last that counts
   const std::int32_t id = task.ID;
   const bool only_due = task.StartDate->IsZero() && !task.DueDate->IsZero();
   if (task.StartDate->IsZero()) task.StartDate = only_due ? task.DueDate.get() : today;
@@ -75,6 +77,7 @@ void Store::SaveAttachment(std::int32_t alarm, const std::string& path) {
   if (!record) session_->RefuseAsRecorded(fmt::format("There is no alarm {}.", alarm));
   const std::filesystem::path place(path);
   if (!place.has_filename()) Refuse(fmt::format("'{}' names no file.", path));
+  RequireWritableFolder(place.has_parent_path() ? place.parent_path() : std::filesystem::path("."));
   if (NameIsTaken(place)) Refuse(fmt::format("'{}' exists already.", path));
   CAttachement& file = *record->Attachement;
   const std::filesystem::path temporary = TemporaryNameBeside(place);
