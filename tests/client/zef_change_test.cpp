@@ -6,6 +6,7 @@ namespace zef::test {
 namespace {
 
 using testing::AllOf;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
@@ -157,12 +158,9 @@ TEST_F(ZefDoneTest, SeriesWithoutDatesGoesOnFromToday) {
 TEST_F(ZefDoneTest, EachInstanceIsOnceInTheCalendar) {
   AddTask({"--due", "2024-05-03", "--every", "week", "--on", "fri"});
   Done();
-  EXPECT_EQ(Printed({"agenda", "people.db", "--today", "2024-05-01", "--days", "12"}),
-            "From 2024-05-01 to 2024-05-12:\n"
-            "\n"
-            "DAY             TIME  EVENT  WHAT            KIND      WHERE  REPEATS\n"
-            "Fri 2024-05-03            1  Water Due Date  due date\n"
-            "Fri 2024-05-10            2  Water Due Date  due date         every week on Friday\n");
+  EXPECT_THAT(Printed({"agenda", "people.db", "--today", "2024-05-01", "--days", "12"}),
+              EndsWith("Fri 2024-05-03            1  Water Due Date  due date\n"
+                       "Fri 2024-05-10            2  Water Due Date  due date         every week on Friday\n"));
 }
 
 TEST_F(ZefDoneTest, IsToldAsJsonWithTheNextInstance) {
