@@ -1,6 +1,5 @@
 #pragma once
 
-#include <concepts>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -8,6 +7,7 @@
 
 #include "client/record_values.h"
 #include "session/collections.h"
+#include "session/property.h"
 #include "session/session.h"
 
 /// The library's classes of record as tables of data, for the store alone.

@@ -106,10 +106,8 @@ Ref<R> Create(CSession& session, const RecordClass<R>& known) {
 }
 
 template <class R>
-Ref<R> Found(CSession& session, const RecordClass<R>& known, std::int32_t id) {
-  Ref<R> record = (session.*known.get)(id);
-  if (record) return record;
-  Refuse(session.GetErrorFlag() ? session.GetErrorDescription() : fmt::format("There is no {} {}.", known.name, id));
+Ref<R> Found(const Store::Session& session, const RecordClass<R>& known, std::int32_t id) {
+  return session.Existing((*session.it.*known.get)(id), known.name, id);
 }
 
 template <class R>
@@ -151,7 +149,7 @@ std::vector<RecordValues> Store::Records(RecordType type, const std::optional<Fo
 }
 
 RecordValues Store::Record(RecordType type, std::int32_t id) {
-  return WithClass(type, [&](const auto& known) { return ValuesOf(type, known, *Found(*session_->it, known, id)); });
+  return WithClass(type, [&](const auto& known) { return ValuesOf(type, known, *Found(*session_, known, id)); });
 }
 
 RecordValues Store::AddRecord(RecordType type, const std::vector<Assignment>& values) {
@@ -166,17 +164,19 @@ RecordValues Store::AddRecord(RecordType type, const std::vector<Assignment>& va
 
 RecordValues Store::SetRecord(RecordType type, std::int32_t id, const std::vector<Assignment>& values) {
   return WithClass(type, [&]<class R>(const RecordClass<R>& known) {
-    const Ref<R> record = Found(*session_->it, known, id);
-    Assign(known, *record, values);
-    if (record->IsModified()) Stamp(*record);
-    session_->Require(record->Save(), CouldNotBeSaved(known));
+    session_->InTransaction([&] {  // so that nobody changes the row between reading and writing it
+      const Ref<R> record = Found(*session_, known, id);
+      Assign(known, *record, values);
+      if (record->IsModified()) Stamp(*record);
+      session_->Require(record->Save(), CouldNotBeSaved(known));
+    });
     return Record(type, id);
   });
 }
 
 void Store::DeleteRecord(RecordType type, std::int32_t id) {
   WithClass(type, [&](const auto& known) {
-    Found(*session_->it, known, id);
+    Found(*session_, known, id);
     session_->Require(Telling([&] { return (*session_->it.*known.remove)(id); }),
                       fmt::format("The {} could not be deleted.", known.name));
   });

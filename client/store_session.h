@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -82,11 +83,14 @@ class Store::Session {
     return InfosOf(*folders);
   }
 
-  Ref<CEvent> Event(std::int32_t id) const {
-    Ref<CEvent> event = it->GetEvent(id);
-    if (!event) RefuseAsRecorded(fmt::format("There is no event {}.", id));
-    return event;
+  /// The record that was read, or why there is none.
+  template <class Record>
+  Ref<Record> Existing(Ref<Record> record, std::string_view kind, std::int32_t id) const {
+    if (!record) RefuseAsRecorded(fmt::format("There is no {} {}.", kind, id));
+    return record;
   }
+
+  Ref<CEvent> Event(std::int32_t id) const { return Existing(it->GetEvent(id), "event", id); }
 
   /// Raises for a database that another program has made.
   std::string Version() const {

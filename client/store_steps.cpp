@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <filesystem>
 
 #include "addressbook/contact.h"
@@ -33,11 +32,7 @@ bool RollOn(const Store::Session& session, CTask& task, Date today) {
 }  // namespace
 
 std::optional<RecordValues> Store::FinishTask(std::int32_t id, Date today) {
-  const auto find = [&] {
-    Ref<CTask> task = session_->it->GetTask(id);
-    if (!task) session_->RefuseAsRecorded(fmt::format("There is no task {}.", id));
-    return task;
-  };
+  const auto find = [&] { return session_->Existing(session_->it->GetTask(id), "task", id); };
   const auto save = [&](CTask& task) { session_->Require(task.Save(), "The task could not be saved."); };
   std::int32_t next_id = 0;
   session_->InTransaction([&] {
@@ -45,12 +40,12 @@ std::optional<RecordValues> Store::FinishTask(std::int32_t id, Date today) {
     if (task->Completed > 0) Refuse(fmt::format("Task {} is done already.", id));
     task->Completed = 1;
     task->DateCompleted = today;
-    save(*task);
     const Ref<CTask> next = find();
-    if (!RollOn(*session_, *next, today)) return;
-    save(*next);
-    next_id = next->ID;
-    task->Recurrence->RType = REC_EMPTY;  // else its due date, too, would go on repeating in the calendar
+    if (RollOn(*session_, *next, today)) {
+      save(*next);
+      next_id = next->ID;
+      task->Recurrence->RType = REC_EMPTY;  // else its due date, too, would go on repeating in the calendar
+    }
     save(*task);
   });
   if (next_id == 0) return std::nullopt;
@@ -64,7 +59,7 @@ FolderInfo Store::CopyFolder(const FolderInfo& folder, const FolderInfo& target)
 }
 
 std::optional<RecordValues> Store::ContactWithNumber(const std::string& number) {
-  std::string quoted = SqlQuoted(number);  // the library takes the number as it comes and sets the outer quotes itself
+  const std::string quoted = SqlQuoted(number);  // the library sets the outer quotes itself and escapes nothing
   session_->it->ClearError();
   const std::int32_t id = session_->it->GetContactIDByPhoneNumber(quoted.substr(1, quoted.size() - 2));
   if (session_->it->GetErrorFlag()) session_->RefuseAsRecorded("The contacts could not be searched.");
@@ -73,8 +68,7 @@ std::optional<RecordValues> Store::ContactWithNumber(const std::string& number) 
 }
 
 void Store::SaveAttachment(std::int32_t alarm, const std::string& path) {
-  const Ref<CAlarm> record = session_->it->GetAlarm(alarm);
-  if (!record) session_->RefuseAsRecorded(fmt::format("There is no alarm {}.", alarm));
+  const Ref<CAlarm> record = session_->Existing(session_->it->GetAlarm(alarm), "alarm", alarm);
   const std::filesystem::path place(path);
   if (!place.has_filename()) Refuse(fmt::format("'{}' names no file.", path));
   RequireWritableFolder(place.has_parent_path() ? place.parent_path() : std::filesystem::path("."));
