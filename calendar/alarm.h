@@ -37,6 +37,12 @@ class CAlarm : public Item<CAlarm> {
   bool Save();
   bool Refresh();
   bool GetFieldsArray(FieldType enmType, FieldsArray& strFields, std::int32_t& lngFieldsCount) const;
+  /// Writes the labelled fields, then those of the children, to a text file, in place of what stands there. If that
+  /// fails on the way, the file stays open under its number.
+  bool Save2File(const std::string& strFile) const;
+  /// What a column shows to people, or a category's name for "CAT_NAME", letter case ignored; empty for any other name.
+  /// Traps nothing.
+  std::string Field2String(const std::string& strFldName) const;
 
   /// As those of an event.
   bool SeenByUser(Date dtmDate, bool& blnShow);

@@ -58,6 +58,28 @@ const char* CheckedPath(const std::string& path) {
   return path.c_str();
 }
 
+[[noreturn]] void RefuseKind(const struct stat& status, const std::string& path) {
+  Refuse(FailureNumber::PathFileAccess, path, S_ISDIR(status.st_mode) ? "it is a folder" : "it is no regular file");
+}
+
+void WriteAll(int file, std::span<const std::byte> content, const std::string& path) {
+  while (!content.empty()) {
+    const ssize_t written = write(file, content.data(), std::min(content.size(), kLongestTransfer));
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) RefuseFor(errno, path);
+    content = content.subspan(static_cast<std::size_t>(written));
+  }
+}
+
+/// Opens or makes a file and cuts nothing off it: what it is has to be known first.
+int OpenedToWrite(const std::string& path) {
+  struct stat status {};
+  if (lstat(CheckedPath(path), &status) == 0 && !S_ISREG(status.st_mode)) RefuseKind(status, path);
+  const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  if (file < 0) RefuseFor(errno, path);
+  return file;
+}
+
 /// A file beside the one that is to be written. It goes away unless it takes that one's place.
 class Draft {
  public:
@@ -74,14 +96,7 @@ class Draft {
   Draft(const Draft&) = delete;
   Draft& operator=(const Draft&) = delete;
 
-  void Write(std::span<const std::byte> content) {
-    while (!content.empty()) {
-      const ssize_t written = write(file_, content.data(), std::min(content.size(), kLongestTransfer));
-      if (written < 0 && errno == EINTR) continue;
-      if (written < 0) RefuseFor(errno, path_);
-      content = content.subspan(static_cast<std::size_t>(written));
-    }
-  }
+  void Write(std::span<const std::byte> content) { WriteAll(file_, content, path_); }
   void TakePlace() {
     if (fsync(file_) != 0) RefuseFor(errno, path_);
     if (close(std::exchange(file_, -1)) != 0) RefuseFor(errno, path_);
@@ -107,7 +122,7 @@ InputFile::InputFile(const std::string& path) : path_(path) {
     return;
   }
   close(file_);
-  Refuse(FailureNumber::PathFileAccess, path, S_ISDIR(status.st_mode) ? "it is a folder" : "it is no regular file");
+  RefuseKind(status, path);
 }
 
 InputFile::~InputFile() { close(file_); }
@@ -124,6 +139,26 @@ std::size_t InputFile::Read(std::span<std::byte> buffer) {
   return done;
 }
 
+OutputFile::OutputFile(const std::string& path) : OutputFile(path, OpenedToWrite(path)) {
+  struct stat status {};
+  if (fstat(file_, &status) != 0) RefuseFor(errno, path);
+  if (!S_ISREG(status.st_mode)) RefuseKind(status, path);
+  if (ftruncate(file_, 0) != 0) RefuseFor(errno, path);
+}
+
+OutputFile::~OutputFile() {
+  if (file_ >= 0) close(file_);
+}
+
+OutputFile::OutputFile(OutputFile&& other) noexcept
+    : path_(std::move(other.path_)), file_(std::exchange(other.file_, -1)) {}
+
+void OutputFile::Write(std::span<const std::byte> content) { WriteAll(file_, content, path_); }
+
+void OutputFile::Close() {
+  if (close(std::exchange(file_, -1)) != 0) RefuseFor(errno, path_);
+}
+
 bool PathExists(const std::string& path) {
   struct stat status {};
   if (lstat(CheckedPath(path), &status) == 0) return true;
@@ -135,7 +170,7 @@ void WriteWholeFile(const std::string& path, std::span<const std::byte> content)
   struct stat status {};
   const bool taken = lstat(CheckedPath(path), &status) == 0;
   if (taken && !S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode)) {
-    Refuse(FailureNumber::PathFileAccess, path, S_ISDIR(status.st_mode) ? "it is a folder" : "it is no regular file");
+    RefuseKind(status, path);
   }
   Draft draft(path);
   draft.Write(content);

@@ -171,14 +171,16 @@ bool SaveDrawingID(R& record, const Table<R, N>& table, std::string_view procedu
   });
 }
 
-/// The member `GetFieldsArray` of a class: clears the array to the class's size and fills the rows of `FN_DATABASE`. A
-/// failure is recorded under `procedure`.
+/// The member `GetFieldsArray` of a class: clears the array to the class's size and fills the rows that are asked for;
+/// those of `FN_SERIALIZE` come from the class's `FillLabels`. A failure is recorded under `procedure`, and the rows
+/// filled until then stay.
 template <class R, std::size_t N>
 bool FillFieldsArray(const R& record, const Table<R, N>& table, std::string_view procedure, FieldType enmType,
                      FieldsArray& strFields, std::int32_t& lngFieldsCount) {
   return Trapped(record.Session(), procedure, false, [&] {
     lngFieldsCount = table.rows;
     strFields = FieldsArray(table.rows, table.last_column);
+    if (enmType == FN_SERIALIZE) FillLabels(record, strFields);
     if (enmType != FN_DATABASE) return true;
     int row = 0;
     EachRow(record, table, [&](std::string_view name, std::string value) {
