@@ -240,6 +240,21 @@ class CSession : public RefCounted<CSession> {
   Ref<CTag> GetStateTag(std::int32_t lngStateID);
   Ref<CTag> GetCountryTag(std::int32_t lngCountryID);
 
+  // The version of the database, and the steps that bring an older one to 9.2.4. A client calls those that it needs, in
+  // their order. They use no transaction: each statement stands once it has run, and a step that failed can be run
+  // again. A failure may leave its sentence in the description alone, with the error flag not set. `strErrorMsg` is
+  // neither read nor written.
+
+  /// The version and kind of the database; without a row both arguments stay.
+  bool GetDBInfo(std::string& strVersion, std::string& strType);
+  /// From any version that begins with "9.1."; True without any work for another. On success this and the next three
+  /// set `strVersion` to the version reached, else it stays.
+  bool UpgradeDBToVersion9_2_1(std::string& strVersion, std::string& strErrorMsg);
+  /// These three run whatever the version is: the client makes sure that it is the one before.
+  bool UpgradeDBToVersion9_2_2(std::string& strVersion, std::string& strErrorMsg);
+  bool UpgradeDBToVersion9_2_3(std::string& strVersion, std::string& strErrorMsg);
+  bool UpgradeDBToVersion9_2_4(std::string& strVersion, std::string& strErrorMsg);
+
  private:
   bool CopyFolderRecursive(std::int32_t source, std::int32_t new_parent, const TreeWalk& walk);
   bool DeleteFolderRecursive(std::int32_t folder, const TreeWalk& walk);
