@@ -121,6 +121,9 @@ class HeapWatch final : public Engine {
     *most_ = std::max(*most_, info.uordblks + info.hblkhd);
     return engine_->Execute(command);
   }
+  std::optional<std::vector<std::string>> Relationships(std::string_view table) override {
+    return engine_->Relationships(table);
+  }
   void BeginTrans() override { engine_->BeginTrans(); }
   void CommitTrans() override { engine_->CommitTrans(); }
   void RollbackTrans() override { engine_->RollbackTrans(); }

@@ -2,6 +2,7 @@
 
 #include "platform/ignoring_failures.h"
 #include "session/operations.h"
+#include "textviews/labels.h"
 
 namespace zef {
 namespace {

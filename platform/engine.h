@@ -107,6 +107,9 @@ class Engine {
   /// Runs one statement. A statement that fails changes nothing and leaves a running transaction usable. Outside a
   /// transaction a writing statement is its own, committed durably.
   virtual Result Execute(const Command& command) = 0;
+  /// The names of the relationships by which a table refers to others, in the order of their making; nothing if there
+  /// is no such table. Unnamed ones are left out.
+  virtual std::optional<std::vector<std::string>> Relationships(std::string_view table) = 0;
   /// Opens a transaction that holds the right to write, or a nested one; waits up to 5 s for other clients.
   virtual void BeginTrans() = 0;
   /// Ends the innermost transaction; the outermost commit is durable. Both raise -2147168242 with none open.

@@ -3,6 +3,7 @@
 #include "platform/ignoring_failures.h"
 #include "session/operations.h"
 #include "tasks/due_date_event.h"
+#include "textviews/labels.h"
 
 namespace zef {
 namespace {

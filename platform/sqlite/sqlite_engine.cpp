@@ -109,6 +109,11 @@ void SqliteEngine::RequireUsable() const {
   }
 }
 
+std::optional<std::vector<std::string>> SqliteEngine::Relationships(std::string_view table) {
+  RequireUsable();
+  return RelationshipsOf(db_.get(), table);
+}
+
 void SqliteEngine::BeginTrans() {
   DetachCursors();
   if (depth_ == 0) {

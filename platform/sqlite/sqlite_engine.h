@@ -20,6 +20,7 @@ class SqliteEngine final : public SqlEngine {
   explicit SqliteEngine(DatabaseHandle db);
   ~SqliteEngine() override;
 
+  std::optional<std::vector<std::string>> Relationships(std::string_view table) override;
   void BeginTrans() override;
   void CommitTrans() override;
   void RollbackTrans() override;

@@ -5,6 +5,7 @@
 
 #include "platform/sqlite/sqlite_error.h"
 #include "platform/sqlite/sqlite_statement.h"
+#include "platform/sqlite/table_text.h"
 #include "platform/text.h"
 
 namespace zef {
@@ -105,6 +106,19 @@ sql::TableInfo DescribeTable(sqlite3* db, std::string_view table) {
         });
   info.row_id = RowIdOf(db, info);
   return info;
+}
+
+/// The engine lists the columns of relationships, but only the stored text of the table has their names.
+std::optional<std::vector<std::string>> RelationshipsOf(sqlite3* db, std::string_view table) {
+  std::optional<std::vector<std::string>> names;
+  Query(db,
+        "SELECT type='table', sql FROM sqlite_schema WHERE type IN ('table','view') AND name NOT GLOB 'sqlite_*' AND "
+        "name=?1 COLLATE NOCASE",
+        table, [&](sqlite3_stmt* row) {
+          names.emplace();
+          if (sqlite3_column_int(row, 0) != 0) names = TableText(TextAt(row, 1)).Relationships();
+        });
+  return names;
 }
 
 std::string DeclaredType(sql::Type type, int length) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "platform/text.h"
 
@@ -57,6 +58,19 @@ std::string Unquoted(std::string_view token) {
   return name;
 }
 
+/// The name of a constraint, and the word behind it that tells its kind; both empty for a column.
+struct NamedConstraint {
+  std::string name;
+  std::string_view kind;
+};
+
+NamedConstraint ConstraintIn(std::string_view item) {
+  const std::vector<Piece> tokens = Tokens(item);
+  const auto token = [&](std::size_t i) { return item.substr(tokens[i].begin, tokens[i].end - tokens[i].begin); };
+  if (tokens.size() < 3 || !text::EqualNames(token(0), "CONSTRAINT")) return {};
+  return {Unquoted(token(1)), token(2)};
+}
+
 bool EndsType(std::string_view word) {
   constexpr std::array<std::string_view, 11> kWords = {
       "CONSTRAINT", "PRIMARY", "NOT", "NULL", "UNIQUE", "CHECK", "DEFAULT", "COLLATE", "REFERENCES", "GENERATED", "AS"};
@@ -104,13 +118,19 @@ bool TableText::ChangeType(std::string_view column, std::string_view type) {
 
 void TableText::AddConstraint(std::string_view text) { items_.emplace_back(text); }
 
+std::vector<std::string> TableText::Relationships() const {
+  std::vector<std::string> names;
+  for (const std::string& item : items_) {
+    NamedConstraint constraint = ConstraintIn(item);
+    if (text::EqualNames(constraint.kind, "FOREIGN")) names.push_back(std::move(constraint.name));
+  }
+  return names;
+}
+
 bool TableText::RemoveConstraint(std::string_view name) {
   const auto found = std::find_if(items_.begin(), items_.end(), [&](const std::string& item) {
-    const std::vector<Piece> tokens = Tokens(item);
-    const auto token = [&](std::size_t i) {
-      return std::string_view(item).substr(tokens[i].begin, tokens[i].end - tokens[i].begin);
-    };
-    return tokens.size() > 2 && text::EqualNames(token(0), "CONSTRAINT") && text::EqualNames(Unquoted(token(1)), name);
+    const NamedConstraint constraint = ConstraintIn(item);
+    return !constraint.kind.empty() && text::EqualNames(constraint.name, name);
   });
   if (found == items_.end()) return false;
   items_.erase(found);

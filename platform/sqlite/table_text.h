@@ -16,6 +16,8 @@ class TableText {
 
   /// Replaces the declared type of a column; false if there is no such column.
   bool ChangeType(std::string_view column, std::string_view type);
+  /// The names of the constraints that refer to other tables.
+  std::vector<std::string> Relationships() const;
   void AddConstraint(std::string_view text);
   /// Removes the constraint of that name, letter case ignored; false if the table has none.
   bool RemoveConstraint(std::string_view name);

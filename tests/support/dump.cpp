@@ -42,15 +42,20 @@ std::vector<std::string> TableNames() {
   return names;
 }
 
+std::string DumpRows(Connection& connection, const std::string& select) {
+  std::string text;
+  const Ref<Recordset> rs = connection.Execute(select);
+  for (; !rs->EndOfFile(); rs->MoveNext()) {
+    for (int i = 0; i < rs->Fields().Count(); ++i) text += "  " + ValueText(rs->ValueAt(i));
+    text += "\n";
+  }
+  return text;
+}
+
 std::string Dump(Connection& connection, const std::vector<std::string>& tables) {
   std::string text;
   for (const std::string& table : tables) {
-    text += table + "\n";
-    const Ref<Recordset> rs = connection.Execute("SELECT * FROM [" + table + "] ORDER BY 1");
-    for (; !rs->EndOfFile(); rs->MoveNext()) {
-      for (int i = 0; i < rs->Fields().Count(); ++i) text += "  " + ValueText(rs->ValueAt(i));
-      text += "\n";
-    }
+    text += table + "\n" + DumpRows(connection, "SELECT * FROM [" + table + "] ORDER BY 1");
   }
   return text;
 }

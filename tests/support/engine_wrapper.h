@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -21,7 +22,8 @@ struct OpenedRecordset {
 
 /// What the wrapper has seen and what it is to do; shared with the test.
 struct EngineLog {
-  std::vector<std::string> texts;  ///< statements as the classes sent them, transactions as BEGIN, COMMIT and ROLLBACK
+  std::vector<std::string> texts;  ///< statements as the classes sent them, transactions as BEGIN, COMMIT and ROLLBACK,
+                                   ///< and a question for a table's relationships as RELATIONSHIPS with its name
   std::vector<OpenedRecordset> opened;  ///< those of the statements that opened a record set of their own
   std::vector<std::string> by_row_id;   ///< those of the statements that find their row by its identity
   int fail_at = 0;                      ///< fails the n-th call from now on, rollbacks not counted; 0 for none
@@ -46,6 +48,10 @@ class EngineWrapper final : public Engine {
     if (command.options.by_row_id) log_->by_row_id.emplace_back(command.text);
     Note(std::string(command.text));
     return engine_->Execute(command);
+  }
+  std::optional<std::vector<std::string>> Relationships(std::string_view table) override {
+    Note("RELATIONSHIPS " + std::string(table));
+    return engine_->Relationships(table);
   }
   void BeginTrans() override {
     Note("BEGIN");

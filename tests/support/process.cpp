@@ -1,5 +1,6 @@
 #include "tests/support/process.h"
 
+#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -45,6 +46,8 @@ Process::Process(const std::function<std::string()>& work) {
   close(ends[1]);
   result_ = ends[0];
 }
+
+void Process::Kill() { kill(child_, SIGKILL); }
 
 Process::~Process() { Result(); }
 

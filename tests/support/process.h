@@ -19,6 +19,8 @@ class Process {
   /// Waits for the end and gives what the work returned; "raised " and the sentence if it raised a failure, nothing if
   /// it died.
   std::string Result();
+  /// Ends it at once, as `kill -9` does; it gets no chance to clean up.
+  void Kill();
 
  private:
   pid_t child_ = -1;

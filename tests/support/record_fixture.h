@@ -30,6 +30,8 @@ std::string Flags(const R& record) {
 /// looks at the database from outside, where only what was committed is seen.
 class RecordTest : public SessionTest {
  protected:
+  using SessionTest::SessionTest;
+
   /// Runs a statement from outside.
   Ref<Recordset> Run(const std::string& statement) { return outside_->Execute(statement); }
   /// The first value of a select, seen from outside.
