@@ -1,0 +1,154 @@
+#include "tests/textviews/full_records.h"
+
+namespace zef::test {
+namespace {
+
+using Labels = FullRecords;
+
+/// What `GetFieldsArray` says is the number of rows.
+template <class R>
+std::int32_t RowCount(const R& record) {
+  FieldsArray fields;
+  std::int32_t count = 0;
+  EXPECT_TRUE(record.GetFieldsArray(FN_SERIALIZE, fields, count));
+  return count;
+}
+
+TEST_F(Labels, NoteHasTenRowsThoughFiveAreFilled) {
+  EXPECT_EQ(RowCount(*FullNote()), 10);
+  EXPECT_EQ(Rows(*FullNote()).size(), 5u);
+}
+
+TEST_F(Labels, OtherClassesHaveTheirFixedNumberOfRows) {
+  EXPECT_EQ(RowCount(*New<CAlarm>()), 15);
+  EXPECT_EQ(RowCount(*New<CAttachement>()), 10);
+  EXPECT_EQ(RowCount(*New<CContact>()), 50);
+  EXPECT_EQ(RowCount(*New<CEvent>()), 15);
+  EXPECT_EQ(RowCount(*New<CNotification>()), 15);
+  EXPECT_EQ(RowCount(*New<CRecurrence>()), 15);
+  EXPECT_EQ(RowCount(*New<CTask>()), 25);
+}
+
+TEST_F(Labels, TaskWithoutAStatusHasAnEmptyOneAndMakesNoLookup) {
+  EXPECT_EQ(Row(*New<CTask>(), 4), "Status:|");
+  EXPECT_EQ(Sent(), Texts{});
+}
+
+TEST_F(Labels, NamesCostOneQueryEach) {
+  Rows(*FullTask());
+  EXPECT_EQ(Sent(), (Texts{"SELECT * FROM Folders WHERE FLD_ID=900", "SELECT * FROM Categories WHERE CAT_ID=901",
+                           "SELECT * FROM lstTaskStatus WHERE TS_ID=902"}));
+}
+
+TEST_F(Labels, CategoryWithoutARowIsEmpty) {
+  const Ref<CNote> note = New<CNote>();
+  note->CategoryID = 12345;
+  EXPECT_EQ(Row(*note, 3), "Category:|");
+}
+
+TEST_F(Labels, NegativeReminderIsEmpty) {
+  const Ref<CAlarm> alarm = New<CAlarm>();
+  alarm->Reminder = -1;
+  EXPECT_EQ(Row(*alarm, 4), "Reminder:|");
+}
+
+TEST_F(Labels, StartOfAnAlarmThatIsZeroIsEmpty) {
+  const Ref<CAlarm> alarm = New<CAlarm>();
+  alarm->StartDate = Date();
+  EXPECT_EQ(Row(*alarm, 3), "Start date:|");
+}
+
+TEST_F(Labels, DatesOfAnEventThatAreZeroAreEmpty) {
+  const Ref<CEvent> event = New<CEvent>();
+  event->StartDate = Date();
+  event->EndDate = Date();
+  EXPECT_EQ(Row(*event, 1), "Start date:|");
+  EXPECT_EQ(Row(*event, 2), "End date:|");
+}
+
+TEST_F(Labels, DatesOfAContactThatAreZeroAreShown) { EXPECT_EQ(Row(*New<CContact>(), 40), "Birth date|12/30/1899"); }
+
+TEST_F(Labels, SendingDateThatIsZeroIsEmpty) {
+  const Ref<CNotification> notification = New<CNotification>();
+  notification->SendingDate = Date();
+  EXPECT_EQ(Row(*notification, 6), "Sending date|");
+}
+
+TEST_F(Labels, StatusOfANotificationIsAWord) {
+  const Ref<CNotification> notification = New<CNotification>();
+  const Texts words = {"Not sent", "Sent OK", "Errors", "Inactive"};
+  for (std::int32_t status = 0; status < 4; ++status) {
+    notification->Status = status;
+    EXPECT_EQ(Row(*notification, 5), "Status:|" + words[static_cast<std::size_t>(status)]);
+  }
+}
+
+TEST_F(Labels, StatusOfANotificationThatIsUnknownIsEmpty) {
+  const Ref<CNotification> notification = New<CNotification>();
+  for (const std::int32_t status : {9, 4, -1}) {
+    notification->Status = status;
+    EXPECT_EQ(Row(*notification, 5), "Status:|") << status;
+  }
+}
+
+// ---- Failures
+
+/// Expects that the rows of a record cannot be had, and gives those that were filled.
+template <class R>
+FieldsArray RowsOfFailure(const R& record) {
+  FieldsArray fields;
+  std::int32_t count = 0;
+  EXPECT_FALSE(record.GetFieldsArray(FN_SERIALIZE, fields, count));
+  return fields;
+}
+
+TEST_F(Labels, LookupOfAFolderThatFailsIsRecorded) {
+  Refuse("SELECT * FROM Folders");
+  RowsOfFailure(*FullNote());
+  EXPECT_EQ(session->GetErrorProcedure(), "CNote.GetFieldsArray");
+  EXPECT_EQ(session->GetErrorDescription(), "made to fail");
+}
+
+TEST_F(Labels, LookupOfACategoryThatFailsIsRecorded) {
+  Refuse("SELECT * FROM Categories");
+  RowsOfFailure(*FullEvent());
+  EXPECT_EQ(session->GetErrorProcedure(), "CEvent.GetFieldsArray");
+}
+
+TEST_F(Labels, LookupOfAStatusThatFailsIsRecorded) {
+  Refuse("SELECT * FROM lstTaskStatus");
+  RowsOfFailure(*FullTask());
+  EXPECT_EQ(session->GetErrorProcedure(), "CTask.GetFieldsArray");
+}
+
+TEST_F(Labels, FolderWithoutARowIsAFailure) {
+  const Ref<CAlarm> alarm = New<CAlarm>();
+  alarm->FolderID = 12345;
+  RowsOfFailure(*alarm);
+  EXPECT_EQ(session->GetErrorProcedure(), "CAlarm.GetFieldsArray");
+  EXPECT_EQ(session->GetErrorCode(), 91);
+}
+
+TEST_F(Labels, StatusWithoutARowIsAFailure) {
+  const Ref<CTask> task = New<CTask>();
+  task->StatusID = 12345;
+  RowsOfFailure(*task);
+  EXPECT_EQ(session->GetErrorCode(), 91);
+}
+
+TEST_F(Labels, RowsBeforeAFailureStay) {
+  Refuse("SELECT * FROM Categories");
+  const FieldsArray fields = RowsOfFailure(*FullNote());
+  EXPECT_EQ(fields(2, 0) + fields(2, 1), "Folder:Müller's");
+  EXPECT_EQ(fields(4, 0) + fields(4, 1), "");
+}
+
+TEST_F(Labels, DateOutOfRangeIsAFailure) {
+  const Ref<CTask> task = New<CTask>();
+  task->DueDate = Date(1e9);
+  RowsOfFailure(*task);
+  EXPECT_EQ(session->GetErrorCode(), 5);
+}
+
+}  // namespace
+}  // namespace zef::test
