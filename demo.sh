@@ -51,6 +51,37 @@ show zef seen people.db 1 2024-05-10 --mark
 show zef seen people.db 1 2024-05-10
 show zef seen people.db 1 2024-05-17
 
+tell "Ann has a birthday. Saving her as a contact is enough for it to be in the calendar every year."
+show zef add contact people.db --first-name Ann --last-name Lee --birthday 1980-05-17 --mobile "555 0100"
+show zef agenda people.db --today 2024-05-13 --days 7
+show zef find people.db "555 0100"
+
+tell "The plants were watered. The series goes on with a task of its own, due a week later."
+show zef done people.db 1 --today 2024-05-03
+show zef tasks people.db
+
+tell "Notes hold text; any property of any record can be changed by its name."
+show zef add note people.db "Tomatoes" --text "Sow in March, plant out after the last frost."
+show zef set note people.db 1 Title="Tomatoes and beans"
+show zef show note people.db 1
+
+tell "An alarm can carry a file. It lives in the database, whatever becomes of the one that it came from."
+echo "Tap, shed, greenhouse" >round.txt
+show zef add alarm people.db "Close the taps" --start "2024-10-31 18:00" --every year --attach round.txt
+rm round.txt
+show zef alarms people.db
+show zef attachment save people.db 1 round-again.txt
+show cat round-again.txt
+
+tell "A folder can be copied with all that is in and below it, due dates in the calendar included."
+show zef add folder people.db "Plans for 2025" --parent Tasks
+show zef copy folder people.db Garden "Plans for 2025"
+show zef folders people.db
+
+tell "What takes more along than was named goes only with --yes."
+show zef delete folder people.db 14 || echo "(exit status $?)"
+show zef delete folder people.db 14 --yes
+
 tell "Every command speaks JSON to programs."
 show zef tasks people.db --where "TSK_DueDate < #6/1/2024#" --json
 

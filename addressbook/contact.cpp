@@ -4,6 +4,7 @@
 
 #include "addressbook/date_events.h"
 #include "session/operations.h"
+#include "textviews/labels.h"
 
 namespace zef {
 namespace {

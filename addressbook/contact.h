@@ -71,6 +71,12 @@ class CContact : public Record<CContact> {
   /// the job title stays. Nothing as the source changes nothing.
   bool CopyCompanyInformation(const Ref<CContact>& conSource);
   bool GetFieldsArray(FieldType enmType, FieldsArray& strFields, std::int32_t& lngFieldsCount) const;
+  /// The labelled fields, one a line. Empty if they could not be made; traps nothing else.
+  std::string ToString() const;
+  /// Writes that text and an empty line to a text file, in place of what stands there.
+  bool Save2File(const std::string& strFile) const;
+  /// As that of an event.
+  std::string Field2String(const std::string& strFldName) const;
   /// True if the contact carries nothing worth keeping; `FolderID` and `DateLastUpdate` do not count.
   bool IsEmpty() const;
 };

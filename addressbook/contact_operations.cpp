@@ -29,21 +29,16 @@ bool CSession::LoadContactsWithCriteria(const Ref<CContacts>& udtContacts, const
 }
 
 bool CSession::LoadContactTagsWithCriteria(const Ref<CTags>& udtContactTags, const std::string& strCriteria) {
-  return Trapped(*this, "LoadContactTagsWithCriteria", false, [&] {
-    ClearError();
-    const Ref<Recordset> rs = OpenSelect(*this, SelectText(kSelect, strCriteria));
-    Deref(udtContactTags).Clear();
-    const auto reader = MakeRef<CContact>();
-    reader->SetSession(Ref<CSession>(this));
-    for (; !rs->EndOfFile(); rs->MoveNext()) {
-      reader->GetValuesFromRS(rs);
-      auto tag = MakeRef<CTag>();
-      tag->ID = reader->ID;
-      tag->Text = reader->FullName();
-      udtContactTags->Add(tag);
-    }
-    return true;
-  });
+  const auto reader = MakeRef<CContact>();
+  reader->SetSession(Ref<CSession>(this));
+  return LoadElements(*this, udtContactTags, "LoadContactTagsWithCriteria", SelectText(kSelect, strCriteria),
+                      [&](const Ref<Recordset>& rs) {
+                        reader->GetValuesFromRS(rs);
+                        auto tag = MakeRef<CTag>();
+                        tag->ID = reader->ID;
+                        tag->Text = reader->FullName();
+                        return tag;
+                      });
 }
 
 Ref<CContact> CSession::CreateContact() {

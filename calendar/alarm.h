@@ -29,7 +29,7 @@ class CAlarm : public Item<CAlarm> {
   /// Also sets the session of the children.
   void SetSession(const Ref<CSession>& session);
   /// True if the alarm's own flag is set or a child reports a change.
-  bool IsModified() const { return Item::IsModified() || ChildModified(Attachement); }
+  bool IsModified() const { return OwnModified() || ChildModified(Attachement) || Item::IsModified(); }
   void ResetFlagsX(bool M, bool N);
 
   /// Reads the children's rows too; a reference without a row leaves its child as it was.
@@ -37,6 +37,12 @@ class CAlarm : public Item<CAlarm> {
   bool Save();
   bool Refresh();
   bool GetFieldsArray(FieldType enmType, FieldsArray& strFields, std::int32_t& lngFieldsCount) const;
+  /// Writes the labelled fields, then those of the children, to a text file, in place of what stands there. If that
+  /// fails on the way, the file stays open under its number.
+  bool Save2File(const std::string& strFile) const;
+  /// What a column shows to people, or a category's name for "CAT_NAME", letter case ignored; empty for any other name.
+  /// Traps nothing.
+  std::string Field2String(const std::string& strFldName) const;
 
   /// As those of an event.
   bool SeenByUser(Date dtmDate, bool& blnShow);

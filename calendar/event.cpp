@@ -2,6 +2,7 @@
 
 #include "platform/transaction_guard.h"
 #include "session/operations.h"
+#include "textviews/labels.h"
 
 namespace zef {
 namespace {

@@ -36,6 +36,11 @@ class CEvent : public Item<CEvent> {
   bool Save();
   bool Refresh();
   bool GetFieldsArray(FieldType enmType, FieldsArray& strFields, std::int32_t& lngFieldsCount) const;
+  /// As that of an alarm; the notification is written twice.
+  bool Save2File(const std::string& strFile) const;
+  /// What a column shows to people, or the category's name for "CAT_Name", letter case counting; empty for any other
+  /// name. Traps nothing.
+  std::string Field2String(const std::string& strFldName) const;
 
   /// `blnShow` receives whether the session's user has yet to see the occurrence at this very date and time. False only
   /// if the look-up failed.

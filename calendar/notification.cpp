@@ -1,6 +1,7 @@
 #include "calendar/notification.h"
 
 #include "session/operations.h"
+#include "textviews/labels.h"
 
 namespace zef {
 namespace {

@@ -36,6 +36,8 @@ class CNotification : public Record<CNotification> {
   void GetValuesFromRS(const Ref<Recordset>& Rs);
   bool Save();
   bool GetFieldsArray(FieldType enmType, FieldsArray& strFields, std::int32_t& lngFieldsCount) const;
+  /// Writes the labelled fields to a file that the owner has open.
+  bool Save2File(std::int32_t lngFileNumber) const;
 };
 
 }  // namespace zef

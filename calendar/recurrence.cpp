@@ -2,6 +2,7 @@
 
 #include "calendar/next_occurrence.h"
 #include "session/operations.h"
+#include "textviews/labels.h"
 
 namespace zef {
 namespace {

@@ -34,6 +34,8 @@ class CRecurrence : public Record<CRecurrence> {
   void GetValuesFromRS(const Ref<Recordset>& Rs);
   bool Save();
   bool GetFieldsArray(FieldType enmType, FieldsArray& strFields, std::int32_t& lngFieldsCount) const;
+  /// Writes the rule in words, in labelled lines, to a file that the owner has open.
+  bool Save2File(std::int32_t lngFileNumber) const;
   /// The next occurrence after a date, or the zero date if there is none or the rule cannot be worked out. Changes
   /// nothing and records nothing.
   Date NextOccuranceDate(Date dtmReference) const noexcept;

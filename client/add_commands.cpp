@@ -6,6 +6,7 @@
 #include "client/date_option.h"
 #include "client/failure.h"
 #include "client/printable.h"
+#include "client/record_checks.h"
 #include "client/rule_text.h"
 #include "client/store.h"
 #include "client/views.h"
@@ -24,9 +25,8 @@ void RequireOrder(std::optional<Date> first, std::optional<Date> second, const c
 /// The folder that was asked for, or the one at the root where items of the kind go.
 FolderInfo TargetFolder(Store& store, const Arguments& arguments, FolderKind kind, const char* usual) {
   const FolderInfo folder = arguments.folder ? store.Folder(*arguments.folder, kind) : store.RootFolder(usual);
-  if (!folder.shows_all) return folder;
-  throw Failure(kRefused,
-                fmt::format("The folder '{}' shows what other folders hold and holds nothing itself.", folder.name));
+  RequireHolder(folder);
+  return folder;
 }
 
 std::string Added(const char* what, std::int32_t id, const std::string& name, const FolderInfo& folder) {

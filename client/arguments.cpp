@@ -4,11 +4,11 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <limits>
 
 #include "client/date_option.h"
 #include "client/failure.h"
-#include "client/number_option.h"
+#include "client/options.h"
+#include "client/record_arguments.h"
 #include "client/wrong_use.h"
 #include "platform/text.h"
 #include "version.h"
@@ -16,44 +16,7 @@
 namespace zef::client {
 namespace {
 
-constexpr char kRuleHelp[] = R"(A rule of repetition:
-  --every day                             every day; also "3 days"
-  --every 2 weeks --on mon,fri            every other week on Monday and Friday
-  --every month --on 15                   on the 15th of every month
-  --every month --on "last friday"        on the last Friday of every month
-  --every year --on "15 june"             every year on 15 June
-  --every year --on "first monday of june"
-Without --on the day is taken from the first date. A rule goes on for ever unless
---until or --times ends it.
-
-)";
-constexpr char kGlobalHelp[] = "Every command also takes --json, --password and --no-colour; see zef --help.";
-
 constexpr char kDateHelp[] = "as 2024-05-17, \"2024-05-17 09:00\" or 5/17/2024";
-
-/// Adds an option whose text becomes a date at once, so that a wrong one is told by its own name.
-void AddDate(CLI::App& app, const std::string& name, std::optional<Date>& date, const std::string& help) {
-  app.add_option_function<std::string>(
-         name, [&date, name](const std::string& text) { date = ReadDate(name, text); }, help)
-      ->type_name("DATE");
-}
-
-template <class Target>
-CLI::Option* AddText(CLI::App& app, const char* name, Target& target, const std::string& help,
-                     const char* type = "TEXT") {
-  return app.add_option(name, target, help)->type_name(type);
-}
-
-/// Adds an option or argument that is a whole number.
-template <class Target>
-CLI::Option* AddNumber(CLI::App& app, const std::string& name, Target& target, const std::string& help,
-                       const char* type, std::int32_t least = std::numeric_limits<std::int32_t>::min(),
-                       std::int32_t most = std::numeric_limits<std::int32_t>::max()) {
-  const auto read = [&target, name, least, most](const std::string& text) {
-    target = ReadNumber(name, text, least, most);
-  };
-  return app.add_option_function<std::string>(name, read, help)->type_name(type);
-}
 
 /// Refuses a value that is none of these.
 CLI::Validator OneOf(const std::vector<std::string>& known) {
@@ -62,18 +25,6 @@ CLI::Validator OneOf(const std::vector<std::string>& known) {
     return found ? std::string() : fmt::format("'{}' is none of {}.", text, fmt::join(known, ", "));
   };
   return CLI::Validator(check, "");
-}
-
-void AddFile(CLI::App& app, Arguments& arguments) {
-  AddText(app, "FILE", arguments.file, "The database file", "")->required();
-}
-
-void AddRule(CLI::App& app, RuleOptions& rule) {
-  AddText(app, "--every", rule.every, "Repeats: day, week, month, year, or a number of them as in 2 weeks", "[N] UNIT");
-  AddText(app, "--on", rule.on, "The days on which it repeats, see below", "DAYS");
-  AddDate(app, "--until", rule.until, "The last day of the repetition");
-  AddNumber(app, "--times", rule.times, "How many times it takes place", "N", 1);
-  app.footer(std::string(kRuleHelp) + kGlobalHelp);
 }
 
 void CreateOptions(CLI::App& app, Arguments& arguments) {
@@ -95,8 +46,7 @@ void AddFolderOptions(CLI::App& app, Arguments& arguments) {
 void AddTaskOptions(CLI::App& app, Arguments& arguments) {
   AddFile(app, arguments);
   AddText(app, "NAME", arguments.name, "Name of the new task", "")->required();
-  AddText(app, "--folder", arguments.folder, "Identifier or name of its folder; without it the root folder Tasks",
-          "ID|NAME");
+  AddFolderOption(app, arguments, "Identifier or name of its folder; without it the root folder Tasks");
   AddDate(app, "--start", arguments.start, fmt::format("When it begins, {}", kDateHelp));
   AddDate(app, "--due", arguments.due, "When it is due; the day appears in the calendar");
   AddRule(app, arguments.rule);
@@ -108,8 +58,7 @@ void AddTaskOptions(CLI::App& app, Arguments& arguments) {
 void AddEventOptions(CLI::App& app, Arguments& arguments) {
   AddFile(app, arguments);
   AddText(app, "TEXT", arguments.name, "What takes place", "")->required();
-  AddText(app, "--folder", arguments.folder, "Identifier or name of its folder; without it the root folder Calendar",
-          "ID|NAME");
+  AddFolderOption(app, arguments, "Identifier or name of its folder; without it the root folder Calendar");
   AddDate(app, "--start", arguments.start, fmt::format("When it begins, {}", kDateHelp));
   app.get_option("--start")->required();
   AddDate(app, "--end", arguments.end, "When it ends; without it when it begins");
@@ -120,8 +69,7 @@ void AddEventOptions(CLI::App& app, Arguments& arguments) {
 
 void TasksOptions(CLI::App& app, Arguments& arguments) {
   AddFile(app, arguments);
-  AddText(app, "--folder", arguments.folder, "Identifier or name of a folder; without it the tasks of all folders",
-          "ID|NAME");
+  AddFolderOption(app, arguments, "Identifier or name of a folder; without it the tasks of all folders");
   AddText(app, "--where", arguments.where,
           "A condition in SQL, such as \"TSK_DueDate < #6/1/2024# AND TSK_Completed = 0\"", "CONDITION");
 }
@@ -217,14 +165,15 @@ std::variant<Arguments, std::string> ReadArguments(std::vector<std::string> word
   RequireUtf8(words);
   JoinIntervals(words);
   Arguments arguments;
-  CLI::App app("Keeps folders, tasks and a calendar in a database file.", "zef");
+  CLI::App app("Keeps a person's contacts, calendar, tasks and notes in a database file.", "zef");
   app.fallthrough()->require_subcommand(1);
   app.get_formatter()->column_width(28);
   AddGlobalOptions(app, arguments);
   for (const CommandEntry& entry : kCommands) AddCommand(app, entry, arguments);
-  CLI::App* const add = app.add_subcommand("add", "Add a folder, a task or an event");
+  CLI::App* const add = app.add_subcommand("add", "Add a folder, a task, an event, a contact...");
   add->require_subcommand(1);
   for (const CommandEntry& entry : kAddCommands) AddCommand(*add, entry, arguments);
+  AddRecordCommands(app, *add, arguments);
 
   std::reverse(words.begin(), words.end());
   try {

@@ -8,12 +8,32 @@
 #include <vector>
 
 #include "client/create.h"
+#include "client/record_values.h"
 #include "client/rule_text.h"
 #include "platform/date.h"
 
 namespace zef::client {
 
-enum class Command { Create, Info, Folders, AddFolder, AddTask, AddEvent, Tasks, Agenda, Seen };
+enum class Command {
+  Create,
+  Info,
+  Folders,
+  AddFolder,
+  AddTask,
+  AddEvent,
+  Tasks,
+  Agenda,
+  Seen,
+  List,
+  AddRecord,
+  Show,
+  Set,
+  Delete,
+  Done,
+  CopyFolder,
+  Find,
+  SaveAttachment
+};
 
 /// What a command line asks for. A command reads only what belongs to it.
 struct Arguments {
@@ -47,6 +67,14 @@ struct Arguments {
   Date date;
   bool mark = false;
   std::int32_t user = 1;
+
+  RecordType type{};               ///< of the record or records that a command is about
+  std::int32_t id = 0;             ///< of that record
+  std::vector<Assignment> values;  ///< what a new record holds, or what is to be set
+  bool yes = false;
+  std::string source;  ///< the folder to be copied
+  std::string target;  ///< where to: a folder, or a file
+  std::string number;
 };
 
 /// Reads the words behind the program's name. A text instead of arguments is to be shown and nothing else to be done:

@@ -11,6 +11,7 @@
 #include "client/failure.h"
 #include "client/occurrences.h"
 #include "client/printable.h"
+#include "client/record_commands.h"
 #include "client/table.h"
 #include "client/views.h"
 
@@ -91,9 +92,12 @@ struct Entry {
 };
 
 constexpr Entry kEntries[] = {
-    {Command::Create, &Create},       {Command::Info, &Info},         {Command::Folders, &ShowFolders},
-    {Command::AddFolder, &AddFolder}, {Command::AddTask, &AddTask},   {Command::AddEvent, &AddEvent},
-    {Command::Tasks, &ShowTasks},     {Command::Agenda, &ShowAgenda}, {Command::Seen, &TellSeen},
+    {Command::Create, &Create},         {Command::Info, &Info},           {Command::Folders, &ShowFolders},
+    {Command::AddFolder, &AddFolder},   {Command::AddTask, &AddTask},     {Command::AddEvent, &AddEvent},
+    {Command::Tasks, &ShowTasks},       {Command::Agenda, &ShowAgenda},   {Command::Seen, &TellSeen},
+    {Command::List, &ListRecords},      {Command::AddRecord, &AddRecord}, {Command::Show, &ShowRecord},
+    {Command::Set, &SetRecord},         {Command::Delete, &DeleteRecord}, {Command::Done, &FinishTask},
+    {Command::CopyFolder, &CopyFolder}, {Command::Find, &FindContact},    {Command::SaveAttachment, &SaveAttachment},
 };
 
 }  // namespace

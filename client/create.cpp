@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <filesystem>
-#include <random>
 #include <utility>
 
 #include "client/failure.h"
@@ -30,10 +29,7 @@ fs::path WithEnding(fs::path path, const char* ending) { return path += ending; 
 /// placed.
 class TemporaryFile {
  public:
-  explicit TemporaryFile(fs::path place) : path_(std::move(place)) {
-    std::random_device random;
-    path_.replace_filename(fmt::format(".zef-{:08x}{:08x}", random(), random()));
-  }
+  explicit TemporaryFile(const fs::path& place) : path_(TemporaryNameBeside(place)) {}
   ~TemporaryFile() {
     std::error_code ignored;
     fs::remove(path_, ignored);

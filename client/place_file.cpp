@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <random>
 
 #include "client/failure.h"
 
@@ -54,6 +55,11 @@ void RequireWritableFolder(const std::filesystem::path& folder) {
 bool NameIsTaken(const std::filesystem::path& path) {
   std::error_code ignored;
   return std::filesystem::exists(std::filesystem::symlink_status(path, ignored));
+}
+
+std::filesystem::path TemporaryNameBeside(std::filesystem::path path) {
+  std::random_device random;
+  return path.replace_filename(fmt::format(".zef-{:08x}{:08x}", random(), random()));
 }
 
 }  // namespace zef::client

@@ -14,4 +14,7 @@ void RequireWritableFolder(const std::filesystem::path& folder);
 /// True if something has this name; a link counts, whatever it points to.
 bool NameIsTaken(const std::filesystem::path& path);
 
+/// A name beside a path that no other program uses.
+std::filesystem::path TemporaryNameBeside(std::filesystem::path path);
+
 }  // namespace zef::client

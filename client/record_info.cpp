@@ -3,7 +3,6 @@
 #include <array>
 
 namespace zef::client {
-namespace {
 
 RuleSpec SpecOf(const CRecurrence& rule) {
   const std::array<bool, 7> days{rule.Monday, rule.Tuesday,  rule.Wendsday, rule.Thursday,
@@ -18,8 +17,6 @@ RuleSpec SpecOf(const CRecurrence& rule) {
   for (std::size_t i = 0; i < days.size(); ++i) spec.days |= static_cast<std::int32_t>(days[i]) << i;
   return spec;
 }
-
-}  // namespace
 
 FolderInfo InfoOf(const CFolder& folder) {
   return {.id = folder.ID,

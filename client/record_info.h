@@ -11,6 +11,7 @@ namespace zef::client {
 FolderInfo InfoOf(const CFolder& folder);
 TaskInfo InfoOf(const CTask& task);
 EventInfo InfoOf(const CEvent& event);
+RuleSpec SpecOf(const CRecurrence& rule);
 
 /// Leaves the record of an empty rule untouched, so that no row is written for it.
 void WriteRule(const RuleSpec& spec, CRecurrence& rule);

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "client/record_values.h"
 #include "client/rule.h"
 #include "platform/date.h"
 
@@ -93,12 +94,35 @@ class Store {
   std::vector<EventInfo> Events();
   EventInfo Event(std::int32_t id);
 
+  // Records of any type by the names of their properties.
+
+  /// The records of a folder, or of all, that meet a condition in the library's SQL, or all, in an order for people.
+  std::vector<RecordValues> Records(RecordType type, const std::optional<FolderInfo>& folder,
+                                    const std::string& condition);
+  RecordValues Record(RecordType type, std::int32_t id);
+  /// Writes a new record under the next identifier, or changes one, and gives it as it was written. All or nothing.
+  RecordValues AddRecord(RecordType type, const std::vector<Assignment>& values);
+  RecordValues SetRecord(RecordType type, std::int32_t id, const std::vector<Assignment>& values);
+  /// Deletes a record with all that hangs on it; a folder with all that is in and below it.
+  void DeleteRecord(RecordType type, std::int32_t id);
+
+  /// Notes that a task was done on a day and makes the next instance of its series, all or nothing. Gives the new
+  /// instance, or nothing if there is none.
+  std::optional<RecordValues> FinishTask(std::int32_t id, Date today);
+  /// Copies a folder with all that is in and below it into another one and gives the copy.
+  FolderInfo CopyFolder(const FolderInfo& folder, const FolderInfo& target);
+  /// The contact that has exactly this telephone number, if there is one.
+  std::optional<RecordValues> ContactWithNumber(const std::string& number);
+  /// Writes the file attached to an alarm to a path that nothing has yet, private to the user.
+  void SaveAttachment(std::int32_t alarm, const std::string& path);
+
   /// Whether a user has seen the occurrence of an event at exactly this moment.
   bool IsSeen(std::int32_t event, Date moment, std::int32_t user);
   void MarkSeen(std::int32_t event, Date moment, std::int32_t user);
 
+  class Session;  ///< for the files of the store alone
+
  private:
-  class Session;
   std::unique_ptr<Session> session_;
 };
 

@@ -25,15 +25,7 @@ bool CCategory::Save() {
   CSession& session = Deref(Session());
   session.ClearError();
   if (Refused(session, kSave)) return false;
-  return Trapped(session, kSave, false, [&] {
-    if (IsModified()) {
-      const FieldRows rows = DatabaseRows(*this, kCategories);
-      if (IsNew() && session.GetUniqueIDFromSeq(kCategorySequence, ID, 1) < 1) return false;
-      WriteRow(*this, kCategories, rows);
-    }
-    SetFlags(false, false);
-    return true;
-  });
+  return Trapped(session, kSave, false, [&] { return SaveUnderDrawnID(*this, kCategories, kCategorySequence); });
 }
 
 }  // namespace zef

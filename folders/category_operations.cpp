@@ -25,11 +25,8 @@ Ref<CCategory> CSession::GetCategory(std::int32_t CategoryID) {
 }
 
 std::int32_t CSession::GetCategoryID4Name(const std::string& strConnectName) {
-  return Trapped(*this, "GetCategoryID4Name", std::int32_t{-1}, [&] {
-    ClearError();
-    const Ref<Recordset> rs = OpenSelect(*this, "SELECT * FROM Categories WHERE CAT_Name=" + SqlQuoted(strConnectName));
-    return rs->EndOfFile() ? -1 : ToLong(Nz(rs->Fields().Item("CAT_ID").Value(), Value(-1)));
-  });
+  return FirstID(*this, "GetCategoryID4Name", "SELECT * FROM Categories WHERE CAT_Name=" + SqlQuoted(strConnectName),
+                 "CAT_ID");
 }
 
 bool CSession::LoadCategoriesWithCriteria(const Ref<CCategories>& udtCategories, const std::string& strCriteria) {

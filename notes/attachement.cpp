@@ -8,6 +8,7 @@
 #include "platform/file.h"
 #include "platform/stream.h"
 #include "session/operations.h"
+#include "textviews/labels.h"
 
 namespace zef {
 namespace {

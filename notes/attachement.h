@@ -37,8 +37,10 @@ class CAttachement : public Record<CAttachement> {
   /// The first of "zef1", "zef2"... with the extension in the temporary folder that nothing stands under. The file is
   /// not made. Fails for a `DocType` that would lead out of the folder.
   bool GetNewCacheFileName(std::string& strCache);
-  /// The database needs no rows: `Save` writes through a record set.
+  /// For the database no rows: `Save` writes through a record set.
   bool GetFieldsArray(FieldType enmType, FieldsArray& strFields, std::int32_t& lngFieldsCount) const;
+  /// Writes the labelled fields to a file that the owner has open.
+  bool Save2File(std::int32_t lngFileNumber) const;
 };
 
 }  // namespace zef

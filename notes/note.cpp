@@ -2,6 +2,7 @@
 
 #include "platform/text_file.h"
 #include "session/operations.h"
+#include "textviews/labels.h"
 
 namespace zef {
 namespace {

@@ -29,6 +29,10 @@ class CNote : public Record<CNote> {
   /// Reads the row again, so that title and text stand twice in a note that was loaded.
   bool Refresh();
   bool GetFieldsArray(FieldType enmType, FieldsArray& strFields, std::int32_t& lngFieldsCount) const;
+  /// Writes the labelled fields to a text file, in place of what stands there.
+  bool Save2File(const std::string& strFile) const;
+  /// As that of an event.
+  std::string Field2String(const std::string& strFldName) const;
   /// True without a category, title and text.
   bool IsEmpty() const { return CategoryID <= 0 && Text->empty() && Title->empty(); }
 };

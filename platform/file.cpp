@@ -44,7 +44,9 @@ FailureNumber NumberOf(int error, const std::string& path) {
 }
 
 [[noreturn]] void RefuseFor(int error, const std::string& path) {
-  Refuse(NumberOf(error, path), path, std::strerror(error));
+  const FailureNumber number = NumberOf(error, path);
+  const char* const reason = strerrordesc_np(error);  // in English, whatever the process's locale
+  Refuse(number, path, number == FailureNumber::PathNotFound ? "its folder does not exist" : reason);
 }
 
 /// The system would read a path only up to a zero character in it, and use another file.
@@ -54,6 +56,28 @@ const char* CheckedPath(const std::string& path) {
     throw RunTimeError(FailureNumber::PathFileAccess, "The name of the file holds a zero character.");
   }
   return path.c_str();
+}
+
+[[noreturn]] void RefuseKind(const struct stat& status, const std::string& path) {
+  Refuse(FailureNumber::PathFileAccess, path, S_ISDIR(status.st_mode) ? "it is a folder" : "it is no regular file");
+}
+
+void WriteAll(int file, std::span<const std::byte> content, const std::string& path) {
+  while (!content.empty()) {
+    const ssize_t written = write(file, content.data(), std::min(content.size(), kLongestTransfer));
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) RefuseFor(errno, path);
+    content = content.subspan(static_cast<std::size_t>(written));
+  }
+}
+
+/// Opens or makes a file and cuts nothing off it: what it is has to be known first.
+int OpenedToWrite(const std::string& path) {
+  struct stat status {};
+  if (lstat(CheckedPath(path), &status) == 0 && !S_ISREG(status.st_mode)) RefuseKind(status, path);
+  const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  if (file < 0) RefuseFor(errno, path);
+  return file;
 }
 
 /// A file beside the one that is to be written. It goes away unless it takes that one's place.
@@ -72,14 +96,7 @@ class Draft {
   Draft(const Draft&) = delete;
   Draft& operator=(const Draft&) = delete;
 
-  void Write(std::span<const std::byte> content) {
-    while (!content.empty()) {
-      const ssize_t written = write(file_, content.data(), std::min(content.size(), kLongestTransfer));
-      if (written < 0 && errno == EINTR) continue;
-      if (written < 0) RefuseFor(errno, path_);
-      content = content.subspan(static_cast<std::size_t>(written));
-    }
-  }
+  void Write(std::span<const std::byte> content) { WriteAll(file_, content, path_); }
   void TakePlace() {
     if (fsync(file_) != 0) RefuseFor(errno, path_);
     if (close(std::exchange(file_, -1)) != 0) RefuseFor(errno, path_);
@@ -105,7 +122,7 @@ InputFile::InputFile(const std::string& path) : path_(path) {
     return;
   }
   close(file_);
-  Refuse(FailureNumber::PathFileAccess, path, S_ISDIR(status.st_mode) ? "it is a folder" : "it is no regular file");
+  RefuseKind(status, path);
 }
 
 InputFile::~InputFile() { close(file_); }
@@ -115,11 +132,31 @@ std::size_t InputFile::Read(std::span<std::byte> buffer) {
   while (done < buffer.size()) {
     const ssize_t part = read(file_, buffer.data() + done, std::min(buffer.size() - done, kLongestTransfer));
     if (part < 0 && errno == EINTR) continue;
-    if (part < 0) RefuseFor(errno, path_);
-    if (part == 0) break;
+    if (part < 0 && done == 0) RefuseFor(errno, path_);
+    if (part <= 0) break;  // a failure is told by the next call, once the caller has what came before it
     done += static_cast<std::size_t>(part);
   }
   return done;
+}
+
+OutputFile::OutputFile(const std::string& path) : OutputFile(path, OpenedToWrite(path)) {
+  struct stat status {};
+  if (fstat(file_, &status) != 0) RefuseFor(errno, path);
+  if (!S_ISREG(status.st_mode)) RefuseKind(status, path);
+  if (ftruncate(file_, 0) != 0) RefuseFor(errno, path);
+}
+
+OutputFile::~OutputFile() {
+  if (file_ >= 0) close(file_);
+}
+
+OutputFile::OutputFile(OutputFile&& other) noexcept
+    : path_(std::move(other.path_)), file_(std::exchange(other.file_, -1)) {}
+
+void OutputFile::Write(std::span<const std::byte> content) { WriteAll(file_, content, path_); }
+
+void OutputFile::Close() {
+  if (close(std::exchange(file_, -1)) != 0) RefuseFor(errno, path_);
 }
 
 bool PathExists(const std::string& path) {
@@ -133,7 +170,7 @@ void WriteWholeFile(const std::string& path, std::span<const std::byte> content)
   struct stat status {};
   const bool taken = lstat(CheckedPath(path), &status) == 0;
   if (taken && !S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode)) {
-    Refuse(FailureNumber::PathFileAccess, path, S_ISDIR(status.st_mode) ? "it is a folder" : "it is no regular file");
+    RefuseKind(status, path);
   }
   Draft draft(path);
   draft.Write(content);
@@ -148,7 +185,7 @@ std::string TemporaryFolder() {
 std::string PathInFolder(const std::string& folder, const std::string& name) {
   const std::filesystem::path file(name);
   if (file.filename() != file) {
-    throw RunTimeError(FailureNumber::PathFileAccess, "The name of the file would lead out of its folder.");
+    throw RunTimeError(FailureNumber::PathFileAccess, "The file name '" + name + "' would lead out of its folder.");
   }
   return (std::filesystem::path(folder) / file).string();
 }

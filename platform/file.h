@@ -19,13 +19,34 @@ class InputFile {
 
   /// Bytes in the file when it was opened.
   std::uint64_t size() const { return size_; }
-  /// Fills the buffer as far as the file reaches and tells how far; 0 at its end.
+  /// Fills the buffer as far as the file reaches, or can be read, and tells how far; 0 at its end.
   std::size_t Read(std::span<std::byte> buffer);
 
  private:
   std::string path_;
   int file_ = -1;
   std::uint64_t size_ = 0;
+};
+
+/// A regular file open for writing, private to the user if it is new; what stood in it before is gone. A folder, a pipe
+/// and a device are refused, and so is a link: it is not followed. Closed with the object, which may be moved.
+class OutputFile {
+ public:
+  explicit OutputFile(const std::string& path);
+  ~OutputFile();
+  OutputFile(OutputFile&& other) noexcept;
+  OutputFile& operator=(OutputFile&&) = delete;
+
+  /// Writes at the end; the system has it when this returns.
+  void Write(std::span<const std::byte> content);
+  /// Tells what the destructor would keep silent about: a file that could not be completed.
+  void Close();
+
+ private:
+  OutputFile(const std::string& path, int file) : path_(path), file_(file) {}
+
+  std::string path_;
+  int file_ = -1;
 };
 
 /// True if the path names anything, be it a folder or a link that leads nowhere.

@@ -15,8 +15,11 @@ const char* StandingSentence(FailureNumber number) {
     case FailureNumber::DivisionByZero: return "Division by zero";
     case FailureNumber::TypeMismatch: return "Type mismatch";
     case FailureNumber::OutOfStackSpace: return "Out of stack space";
+    case FailureNumber::BadFileNumber: return "Bad file name or number";
     case FailureNumber::FileNotFound: return "File not found";
+    case FailureNumber::FileNumberTaken: return "File already open";
     case FailureNumber::DiskFull: return "Disk full";
+    case FailureNumber::TooManyFiles: return "Too many files";
     case FailureNumber::PermissionDenied: return "Permission denied";
     case FailureNumber::PathFileAccess: return "Path/File access error";
     case FailureNumber::PathNotFound: return "Path not found";

@@ -20,15 +20,21 @@ auto Renumbered(FailureNumber number, Action&& action) -> decltype(action()) {
   }
 }
 
+void RequireSize(std::uint64_t size) {
+  if (size <= static_cast<std::uint64_t>(std::numeric_limits<std::int32_t>::max())) return;
+  throw RunTimeError(FailureNumber::FileNotRead, "The file is too large.");
+}
+
 /// What is in a file, to its end: it may have grown or shrunk since it was opened.
 Bytes ReadToEnd(InputFile& file) {
-  if (file.size() > static_cast<std::uint64_t>(std::numeric_limits<std::int32_t>::max())) {
-    throw RunTimeError(FailureNumber::FileNotRead, "The file is too large.");
-  }
+  RequireSize(file.size());
   Bytes bytes(static_cast<std::size_t>(file.size()));
   bytes.resize(file.Read(bytes));
   std::array<std::byte, 4096> more;
-  while (const std::size_t count = file.Read(more)) bytes.insert(bytes.end(), more.begin(), more.begin() + count);
+  while (const std::size_t count = file.Read(more)) {
+    RequireSize(bytes.size() + count);
+    bytes.insert(bytes.end(), more.begin(), more.begin() + count);
+  }
   return bytes;
 }
 
@@ -40,6 +46,7 @@ void Stream::RequireOpen() const {
 
 void Stream::Open() {
   if (open_) throw RunTimeError(FailureNumber::ObjectOpen);
+  if (Type != adTypeBinary) throw RunTimeError(FailureNumber::InvalidArgument);
   open_ = true;
 }
 
@@ -55,8 +62,9 @@ void Stream::LoadFromFile(const std::string& path) {
   bytes_ = Renumbered(FailureNumber::FileNotRead, [&] { return ReadToEnd(file); });
 }
 
-void Stream::SaveToFile(const std::string& path, SaveOption /*option*/) {
+void Stream::SaveToFile(const std::string& path, SaveOption option) {
   RequireOpen();
+  if (option != adSaveCreateOverWrite) throw RunTimeError(FailureNumber::InvalidArgument);
   Renumbered(FailureNumber::FileNotWritten, [&] { WriteWholeFile(path, bytes_); });
 }
 

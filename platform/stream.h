@@ -16,7 +16,7 @@ class Stream {
  public:
   StreamType Type = adTypeBinary;
 
-  /// Empty. Raises 3705 if it is open already.
+  /// Empty. Raises 3705 if it is open already, 3001 for any other type than binary.
   void Open();
   void Close();
 
@@ -24,7 +24,7 @@ class Stream {
   /// bytes than a 32-bit size can tell.
   void LoadFromFile(const std::string& path);
   /// Makes the bytes those of a file that is private to the user, which takes the place of what stood there. Raises
-  /// 3004 and leaves that as it was if it cannot be written.
+  /// 3004 and leaves that as it was if it cannot be written, 3001 for any other option than to overwrite.
   void SaveToFile(const std::string& path, SaveOption option);
 
   /// Hands over all bytes and leaves none.

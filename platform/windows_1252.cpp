@@ -1,7 +1,10 @@
 #include "platform/windows_1252.h"
 
+#include <algorithm>
 #include <array>
-#include <string_view>
+#include <iterator>
+
+#include "platform/text_decoding.h"
 
 namespace zef {
 namespace {
@@ -36,6 +39,13 @@ constexpr std::array<Utf8, 256> MakeTable() {
 
 constexpr std::array<Utf8, 256> kTable = MakeTable();
 
+char ByteOf(UChar32 character) {
+  const bool own_number = character < 0x80 || (character >= 0xA0 && character <= 0xFF);
+  if (own_number) return static_cast<char>(character);
+  const auto found = std::find(kMiddle.begin(), kMiddle.end(), character);
+  return found == kMiddle.end() ? '?' : static_cast<char>(0x80 + std::distance(kMiddle.begin(), found));
+}
+
 }  // namespace
 
 void AppendFromWindows1252(std::string& text, std::span<const std::byte> bytes) {
@@ -47,6 +57,13 @@ void AppendFromWindows1252(std::string& text, std::span<const std::byte> bytes) 
     end += character.size;
   }
   text.resize(end);
+}
+
+std::string ToWindows1252(std::string_view text) {
+  std::string bytes;
+  bytes.reserve(text.size());
+  for (std::size_t at = 0; at < text.size();) bytes += ByteOf(text::NextCodePoint(text, at));
+  return bytes;
 }
 
 }  // namespace zef

@@ -26,6 +26,7 @@ class CFolder;
 class CNote;
 class CPhoneLog;
 class CTask;
+class CUser;
 
 /// True if the key "-1", the reference of a record that has none, stands for no element.
 template <class Element>
@@ -76,5 +77,6 @@ using CEvents = Collection<CEvent>;
 using CNotes = Collection<CNote>;
 using CPhoneLogs = Collection<CPhoneLog>;
 using CTasks = Collection<CTask>;
+using CUsers = Collection<CUser>;
 
 }  // namespace zef

@@ -7,6 +7,7 @@
 
 #include "platform/recordset.h"
 #include "platform/transaction_guard.h"
+#include "session/bas_global.h"
 #include "session/collections.h"
 #include "session/session.h"
 #include "session/statements.h"
@@ -28,18 +29,49 @@ inline void Execute(CSession& session, const std::string& text) {
   Deref(session.conDBConnection).Execute(text, adCmdUnspecified);
 }
 
+/// What `make` gives for the first row of a select, or Nothing with a clear error record if there is no row.
+template <class Make>
+auto GetElement(CSession& session, std::string_view procedure, const std::string& text, Make&& make,
+                std::int32_t options = adCmdText) {
+  using Element = decltype(make(Ref<Recordset>()));
+  return Trapped(session, procedure, Element(), [&] {
+    session.ClearError();
+    const Ref<Recordset> rs = OpenSelect(session, text, options);
+    return rs->EndOfFile() ? Element() : make(rs);
+  });
+}
+
+/// The record of a record set's current row.
+template <class R>
+Ref<R> ReadRecord(const Ref<CSession>& session, const Ref<Recordset>& rs) {
+  auto record = MakeRef<R>();
+  record->SetSession(session);
+  record->GetValuesFromRS(rs);
+  return record;
+}
+
+/// The record of a select's first row, see `GetElement`.
+template <class R>
+Ref<R> GetFirst(CSession& session, std::string_view procedure, const std::string& text,
+                std::int32_t options = adCmdText) {
+  return GetElement(
+      session, procedure, text, [&](const Ref<Recordset>& rs) { return ReadRecord<R>(&session, rs); }, options);
+}
+
 /// "Get<class>": the record of one row, or Nothing with a clear error record if there is no such row.
 template <class R>
 Ref<R> GetRecord(CSession& session, std::string_view procedure, std::string_view select, std::int32_t id,
                  std::int32_t options = adCmdText) {
-  return Trapped(session, procedure, Ref<R>(), [&] {
+  return GetFirst<R>(session, procedure, WithNumber(select, id), options);
+}
+
+/// "Get<class>ID4Name": the identifier in the first row of a select, or -1 if there is no row or it is Null there.
+inline std::int32_t FirstID(CSession& session, std::string_view procedure, const std::string& text,
+                            std::string_view column) {
+  return Trapped(session, procedure, std::int32_t{-1}, [&] {
     session.ClearError();
-    const Ref<Recordset> rs = OpenSelect(session, WithNumber(select, id), options);
-    if (rs->EndOfFile()) return Ref<R>();
-    auto record = MakeRef<R>();
-    record->SetSession(Ref<CSession>(&session));
-    record->GetValuesFromRS(rs);
-    return record;
+    const Ref<Recordset> rs = OpenSelect(session, text);
+    return rs->EndOfFile() ? -1 : ToLong(Nz(rs->Fields().Item(column).Value(), Value(-1)));
   });
 }
 
@@ -86,24 +118,28 @@ inline std::string SelectText(std::string_view select, const std::string& criter
   return text.append(sort);
 }
 
+/// Fills the collection with what `make` gives for each row of a select. The collection is emptied only once the
+/// statement has been opened; what was added before a failure stays.
+template <class Element, class Make>
+bool LoadElements(CSession& session, const Ref<Collection<Element>>& elements, std::string_view procedure,
+                  const std::string& text, Make&& make) {
+  return Trapped(session, procedure, false, [&] {
+    session.ClearError();
+    const Ref<Recordset> rs = OpenSelect(session, text);
+    Deref(elements).Clear();
+    for (; !rs->EndOfFile(); rs->MoveNext()) elements->Add(make(rs));
+    return true;
+  });
+}
+
 /// "Load<plural>WithCriteria": fills the collection with all rows that meet the client's condition, which stands in the
-/// statement as it came. The collection is emptied only once the statement has been opened.
+/// statement as it came.
 template <class R>
 bool LoadRecords(CSession& session, const Ref<Collection<R>>& records, std::string_view procedure,
                  std::string_view select, const std::string& criteria, std::string_view sort = {}) {
-  return Trapped(session, procedure, false, [&] {
-    session.ClearError();
-    const Ref<Recordset> rs = OpenSelect(session, SelectText(select, criteria, sort));
-    Deref(records).Clear();
-    const Ref<CSession> owner(&session);
-    for (; !rs->EndOfFile(); rs->MoveNext()) {
-      auto record = MakeRef<R>();
-      record->SetSession(owner);
-      record->GetValuesFromRS(rs);
-      records->Add(record);
-    }
-    return true;
-  });
+  const Ref<CSession> owner(&session);
+  return LoadElements(session, records, procedure, SelectText(select, criteria, sort),
+                      [&](const Ref<Recordset>& rs) { return ReadRecord<R>(owner, rs); });
 }
 
 /// "Delete<class>" of classes without anything that hangs on them; a row need not exist.

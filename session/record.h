@@ -137,6 +137,19 @@ Outcome SaveRow(const R& record, const Table<R, N>& table, std::string_view arra
   return Outcome::Done;
 }
 
+/// The writing in the `Save` of a class without a fields array that draws its identifier at its first row. Clears the
+/// flags; False, with all as it was, if no identifier could be drawn, and why stands in the name of the sequence.
+template <class R, std::size_t N>
+bool SaveUnderDrawnID(R& record, const Table<R, N>& table, std::int32_t sequence) {
+  if (record.IsModified()) {
+    const FieldRows rows = DatabaseRows(record, table);
+    if (record.IsNew() && Deref(record.Session()).GetUniqueIDFromSeq(sequence, record.ID, 1) < 1) return false;
+    WriteRow(record, table, rows);
+  }
+  record.ResetFlagsX(false, false);
+  return true;
+}
+
 /// `Save` of a class that checks no rights, has no transaction of its own and draws its identifier at its first row.
 template <class R, std::size_t N>
 bool SaveDrawingID(R& record, const Table<R, N>& table, std::string_view procedure, std::string_view array_procedure,
@@ -158,14 +171,16 @@ bool SaveDrawingID(R& record, const Table<R, N>& table, std::string_view procedu
   });
 }
 
-/// The member `GetFieldsArray` of a class: clears the array to the class's size and fills the rows of `FN_DATABASE`. A
-/// failure is recorded under `procedure`.
+/// The member `GetFieldsArray` of a class: clears the array to the class's size and fills the rows that are asked for;
+/// those of `FN_SERIALIZE` come from the class's `FillLabels`. A failure is recorded under `procedure`, and the rows
+/// filled until then stay.
 template <class R, std::size_t N>
 bool FillFieldsArray(const R& record, const Table<R, N>& table, std::string_view procedure, FieldType enmType,
                      FieldsArray& strFields, std::int32_t& lngFieldsCount) {
   return Trapped(record.Session(), procedure, false, [&] {
     lngFieldsCount = table.rows;
     strFields = FieldsArray(table.rows, table.last_column);
+    if (enmType == FN_SERIALIZE) FillLabels(record, strFields);
     if (enmType != FN_DATABASE) return true;
     int row = 0;
     EachRow(record, table, [&](std::string_view name, std::string value) {

@@ -20,6 +20,7 @@ class CPhoneLog;
 class CRecurrence;
 class CTag;
 class CTask;
+class CUser;
 struct TreeWalk;
 template <class Element>
 class Collection;
@@ -32,6 +33,7 @@ using CNotes = Collection<CNote>;
 using CPhoneLogs = Collection<CPhoneLog>;
 using CTags = Collection<CTag>;
 using CTasks = Collection<CTask>;
+using CUsers = Collection<CUser>;
 
 /// Bits of a user's rights. They are tested one at a time; a mask may hold more than one.
 enum Rights : std::int32_t { Administrator = 1, DataEditor = 2, DataViewer = 4 };
@@ -210,10 +212,38 @@ class CSession : public RefCounted<CSession> {
   /// Checks no rights; a cache file stays where it is.
   bool DeleteAttachement(std::int32_t lngAttachementID);
 
+  // Users.
+
+  Ref<CUser> GetUser(std::int32_t UserID);
+  /// Number of all users, or -1.
+  std::int32_t GetUsersNo();
+  /// Identifier of the first user of that name, or -1.
+  std::int32_t GetUserID4Name(const std::string& strConnectName);
+  /// The first user with that name and password, or Nothing, with no error in the record if there is none. A password
+  /// of blanks only stands for none. The database compares, so letter case does not count. Leaves `UserRights` and
+  /// `UserID` to the client.
+  Ref<CUser> CheckUser(const std::string& strConnectName, const std::string& strConnectPwd);
+  bool DeleteUser(std::int32_t lngUserID);
+  /// Identifiers and full names of the users that meet the condition. A Null in one of them is a failure.
+  bool LoadUserTags(const Ref<CTags>& udtUserTags, const std::string& strCriteria);
+  bool LoadUsersWithCriteria(const Ref<CUsers>& udtUsers, const std::string& strCriteria);
+
+  // Lookup lists: identifiers and names. Single entries are Nothing if there is no such row; a Null in a row is a
+  // failure.
+
+  bool LoadTaskStatusList(const Ref<CTags>& udtStatusList);
+  bool LoadTaskPriorityList(const Ref<CTags>& udtPriorityList);
+  bool LoadStateTags(const Ref<CTags>& udtStateTags);
+  bool LoadCountryTags(const Ref<CTags>& udtCountryTags);
+  Ref<CTag> GetTaskStatus(std::int32_t StatusID);
+  Ref<CTag> GetTaskPriority(std::int32_t PriorityID);
+  Ref<CTag> GetStateTag(std::int32_t lngStateID);
+  Ref<CTag> GetCountryTag(std::int32_t lngCountryID);
+
   // The version of the database, and the steps that bring an older one to 9.2.4. A client calls those that it needs, in
-  // their order. They use no transaction: each statement stands once it has run, and a step that failed can be run
-  // again. A failure may leave its sentence in the description alone, with the error flag not set. `strErrorMsg` is
-  // neither read nor written.
+  // their order. They use no transaction: each statement stands once it has run. A step that failed can be run again; a
+  // column that it had added but not yet filled stays as it is. A failure may leave its sentence in the description
+  // alone, with the error flag not set. `strErrorMsg` is neither read nor written.
 
   /// The version and kind of the database; without a row both arguments stay.
   bool GetDBInfo(std::string& strVersion, std::string& strType);

@@ -3,6 +3,7 @@
 #include "platform/transaction_guard.h"
 #include "session/operations.h"
 #include "tasks/due_date_event.h"
+#include "textviews/labels.h"
 
 namespace zef {
 namespace {

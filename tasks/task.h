@@ -35,6 +35,10 @@ class CTask : public Item<CTask> {
   bool Save();
   bool Refresh();
   bool GetFieldsArray(FieldType enmType, FieldsArray& strFields, std::int32_t& lngFieldsCount) const;
+  /// As that of an event; the file is made before the fields are.
+  bool Save2File(const std::string& strFile) const;
+  /// As that of an event.
+  std::string Field2String(const std::string& strFldName) const;
   /// True if the task carries nothing worth keeping; `FolderID`, `DateLastUpdate` and the children's contents do not
   /// count.
   bool IsEmpty() const;

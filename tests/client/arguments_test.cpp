@@ -63,13 +63,24 @@ TEST_P(EveryCommand, RefusesAWordTooMany) {
 
 INSTANTIATE_TEST_SUITE_P(
     Arguments, EveryCommand,
-    testing::Values(Spelled{{"create", "f"}, Command::Create}, Spelled{{"info", "f"}, Command::Info},
-                    Spelled{{"folders", "f"}, Command::Folders},
-                    Spelled{{"add", "folder", "f", "n"}, Command::AddFolder},
-                    Spelled{{"add", "task", "f", "n"}, Command::AddTask},
-                    Spelled{{"add", "event", "f", "t", "--start", "2024-05-17"}, Command::AddEvent},
-                    Spelled{{"tasks", "f"}, Command::Tasks}, Spelled{{"agenda", "f"}, Command::Agenda},
-                    Spelled{{"seen", "f", "1", "2024-05-17"}, Command::Seen}));
+    testing::Values(
+        Spelled{{"create", "f"}, Command::Create}, Spelled{{"info", "f"}, Command::Info},
+        Spelled{{"folders", "f"}, Command::Folders}, Spelled{{"add", "folder", "f", "n"}, Command::AddFolder},
+        Spelled{{"add", "task", "f", "n"}, Command::AddTask},
+        Spelled{{"add", "event", "f", "t", "--start", "2024-05-17"}, Command::AddEvent},
+        Spelled{{"tasks", "f"}, Command::Tasks}, Spelled{{"agenda", "f"}, Command::Agenda},
+        Spelled{{"seen", "f", "1", "2024-05-17"}, Command::Seen}, Spelled{{"contacts", "f"}, Command::List},
+        Spelled{{"notes", "f"}, Command::List}, Spelled{{"alarms", "f"}, Command::List},
+        Spelled{{"calls", "f"}, Command::List}, Spelled{{"categories", "f"}, Command::List},
+        Spelled{{"add", "contact", "f", "--last-name", "Lee"}, Command::AddRecord},
+        Spelled{{"add", "note", "f", "n"}, Command::AddRecord},
+        Spelled{{"add", "alarm", "f", "t", "--start", "2024-05-17"}, Command::AddRecord},
+        Spelled{{"add", "call", "f", "555"}, Command::AddRecord},
+        Spelled{{"add", "category", "f", "n"}, Command::AddRecord}, Spelled{{"show", "call", "f", "1"}, Command::Show},
+        Spelled{{"set", "note", "f", "1", "Title=x"}, Command::Set},
+        Spelled{{"delete", "folder", "f", "1", "--yes"}, Command::Delete}, Spelled{{"done", "f", "1"}, Command::Done},
+        Spelled{{"copy", "folder", "f", "a", "b"}, Command::CopyFolder}, Spelled{{"find", "f", "555"}, Command::Find},
+        Spelled{{"attachment", "save", "f", "1", "x"}, Command::SaveAttachment}));
 
 TEST(Arguments, NoCommandIsWrongUseThatTellsThem) {
   EXPECT_THAT(Complaint({}), StartsWith("2: 'zef' needs a command; there are create, info, "));
@@ -80,8 +91,10 @@ TEST(Arguments, UnknownCommandIsWrongUseThatTellsThem) {
 }
 
 TEST(Arguments, UnknownThingToAddIsWrongUse) {
-  EXPECT_THAT(Complaint({"add", "note"}),
-              StartsWith("2: 'zef add' has no command 'note'; there are folder, task, event."));
+  EXPECT_THAT(
+      Complaint({"add", "bogus"}),
+      StartsWith("2: 'zef add' has no command 'bogus'; there are folder, task, event, contact, note, alarm, call, "
+                 "category."));
 }
 
 TEST(Arguments, MissingFileIsWrongUse) { EXPECT_THAT(Complaint({"info"}), StartsWith("2: FILE is missing.")); }
@@ -158,6 +171,40 @@ TEST(Arguments, ReminderMayBeNegative) {
   EXPECT_EQ(Read({"add", "event", "f", "t", "--start", "2024-05-17", "--reminder", "-5"}).reminder, -5);
 }
 
+// ---- records
+
+TEST(Arguments, RecordIsKnownByItsKindAndIdentifier) {
+  const Arguments arguments = Read({"show", "category", "f", "7"});
+  EXPECT_TRUE(arguments.type == RecordType::Category && arguments.id == 7);
+}
+
+TEST(Arguments, OptionsOfANewRecordBecomeItsProperties) {
+  EXPECT_THAT(Read({"add", "contact", "f", "--birthday", "1980-02-29", "--city", "Ulm"}).values,
+              testing::UnorderedElementsAre(Assignment("BirthDate", Date(1980y / 2 / 29)),
+                                            Assignment("City", std::string("Ulm"))));
+}
+
+TEST(Arguments, CallWithoutADirectionCameIn) { EXPECT_EQ(Read({"add", "call", "f", "555"}).values.size(), 1U); }
+
+TEST(Arguments, CallCanBeOutgoing) {
+  EXPECT_THAT(Read({"add", "call", "f", "555", "--outgoing"}).values, testing::Contains(Assignment("Direction", 1)));
+}
+
+TEST(Arguments, SeveralChangesAreTakenInTheirOrder) {
+  EXPECT_THAT(Read({"set", "note", "f", "1", "Title=x", "FolderID=4"}).values,
+              testing::ElementsAre(Assignment("Title", std::string("x")), Assignment("FolderID", 4)));
+}
+
+TEST(Arguments, HelpOfSetNamesTheProperties) {
+  EXPECT_THAT(Shown({"set", "category", "--help"}), HasSubstr("Properties: Name, Color."));
+}
+
+TEST(Arguments, UnknownKindOfRecordIsWrongUseThatTellsTheKinds) {
+  EXPECT_THAT(Complaint({"show", "user", "f", "1"}),
+              StartsWith("2: 'zef show' has no command 'user'; there are folder, task, event, contact, note, alarm, "
+                         "call, category."));
+}
+
 // ---- one clear sentence for each mistake
 
 struct Mistake {
@@ -201,6 +248,16 @@ INSTANTIATE_TEST_SUITE_P(
         Mistake{Task({"--reminder", "3"}), "'--reminder' is not expected here. (See zef add task --help.)"},
         Mistake{{"info", "f", "g"}, "'g' is not expected here. (See zef info --help.)"},
         Mistake{{"info", "f", "--password"}, "--password needs a value. (See zef info --help.)"},
+        Mistake{{"show", "note", "f", "x"}, "ID: 'x' is no whole number."},
+        Mistake{{"show", "note", "f", "0"}, "ID: 0 is not between 1 and 2147483647."},
+        Mistake{{"show", "note", "f"}, "ID is missing. (See zef show note --help.)"},
+        Mistake{{"set", "note", "f", "1"}, "CHANGE is missing. (See zef set note --help.)"},
+        Mistake{{"delete", "note", "f", "1", "--yes"}, "'--yes' is not expected here. (See zef delete note --help.)"},
+        Mistake{{"add", "note", "f"}, "TITLE is missing. (See zef add note --help.)"},
+        Mistake{{"add", "alarm", "f", "t"}, "--start is missing. (See zef add alarm --help.)"},
+        Mistake{{"add", "call", "f", "5", "--contact", "Ann"}, "--contact: 'Ann' is no whole number."},
+        Mistake{{"calls", "f", "--folder", "x"}, "'--folder' is not expected here. (See zef calls --help.)"},
+        Mistake{{"find", "f"}, "NUMBER is missing. (See zef find --help.)"},
         Mistake{{"create", "f", "--schema", "8"}, "--schema: '8' is none of 9.2.4, 9.1. (See zef create --help.)"}));
 
 TEST(Arguments, IntervalThatIsNegativeIsOneValue) {

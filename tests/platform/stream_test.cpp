@@ -127,5 +127,15 @@ TEST_F(Streams, CannotBeOpenedTwice) {
   EXPECT_EQ(NumberRaised([&] { stream_.Open(); }), 3705);
 }
 
+TEST_F(Streams, OfAnyTypeButBinaryIsRefused) {
+  Stream text;
+  text.Type = static_cast<StreamType>(2);
+  EXPECT_EQ(NumberRaised([&] { text.Open(); }), 3001);
+}
+
+TEST_F(Streams, SavingWithoutOverwritingIsRefused) {
+  EXPECT_EQ(NumberRaised([&] { stream_.SaveToFile(Path("out"), static_cast<SaveOption>(1)); }), 3001);
+}
+
 }  // namespace
 }  // namespace zef::test

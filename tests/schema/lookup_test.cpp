@@ -20,6 +20,7 @@
 #include "tasks/task.h"
 #include "tests/support/engine_wrapper.h"
 #include "tests/support/session_test.h"
+#include "users/user.h"
 
 namespace zef::test {
 namespace {
@@ -171,6 +172,25 @@ TEST_F(SentStatements, OfFoldersScanNoTable) {
   EXPECT_TRUE(session->LoadChildFolders(MakeRef<CFolders>(), 4));
   EXPECT_EQ(session->GetFolderID4Completedtasks(), 10);
   EXPECT_EQ(session->GetFolderID4PhoneCallNotes(), -1);
+  ExpectNoScans();
+}
+
+TEST_F(SentStatements, OfUsersScanNoTable) {
+  EXPECT_EQ(session->GetUserID4Name("Admin"), 1);
+  const Ref<CUser> user = session->CheckUser("Admin", "");
+  ASSERT_TRUE(user);
+  user->Password = "secret";
+  EXPECT_TRUE(user->Save());
+  EXPECT_TRUE(session->CheckUser("Admin", "secret"));
+  EXPECT_TRUE(session->DeleteUser(user->ID));
+  ExpectNoScans();
+}
+
+TEST_F(SentStatements, OfEntriesInListsScanNoTable) {
+  EXPECT_TRUE(session->GetTaskStatus(1));
+  EXPECT_TRUE(session->GetTaskPriority(1));
+  EXPECT_TRUE(session->GetStateTag(1));
+  EXPECT_TRUE(session->GetCountryTag(1));
   ExpectNoScans();
 }
 

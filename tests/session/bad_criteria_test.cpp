@@ -9,6 +9,7 @@
 #include "tasks/task.h"
 #include "tests/support/dump.h"
 #include "tests/support/session_test.h"
+#include "users/user.h"
 
 namespace zef::test {
 namespace {
@@ -43,6 +44,8 @@ const Loading kLoadings[] = {
     {"LoadFoldersWithCriteria", &Load<CFolder, &CSession::LoadFoldersWithCriteria>},
     {"LoadTasksWithCriteria", &Load<CTask, &CSession::LoadTasksWithCriteria>},
     {"LoadEventsWithCriteria", &Load<CEvent, &CSession::LoadEventsWithCriteria>},
+    {"LoadUsersWithCriteria", &Load<CUser, &CSession::LoadUsersWithCriteria>},
+    {"LoadUserTags", &Load<CTag, &CSession::LoadUserTags>},
 };
 
 /// Conditions that are no condition: False, a record, and all as it was.

@@ -11,6 +11,7 @@
 #include "tasks/task.h"
 #include "tests/support/engine_wrapper.h"
 #include "tests/support/session_test.h"
+#include "users/user.h"
 
 namespace zef::test {
 namespace {
@@ -65,6 +66,13 @@ const Opening kOpenings[] = {
     {"LoadFoldersWithCriteria", [](CSession& s) { s.LoadFoldersWithCriteria(MakeRef<CFolders>(), ""); }, kReading},
     {"LoadTasksWithCriteria", [](CSession& s) { s.LoadTasksWithCriteria(MakeRef<CTasks>(), ""); }, kReading},
     {"LoadEventsWithCriteria", [](CSession& s) { s.LoadEventsWithCriteria(MakeRef<CEvents>(), ""); }, kReading},
+    {"GetUser", [](CSession& s) { s.GetUser(1); }, kReading},
+    {"GetUsersNo", [](CSession& s) { s.GetUsersNo(); }, kReading},
+    {"GetUserID4Name", [](CSession& s) { s.GetUserID4Name("Admin"); }, kReading},
+    {"CheckUser", [](CSession& s) { s.CheckUser("Admin", ""); }, kReading},
+    {"LoadUserTags", [](CSession& s) { s.LoadUserTags(MakeRef<CTags>(), ""); }, kReading},
+    {"LoadTaskStatusList", [](CSession& s) { s.LoadTaskStatusList(MakeRef<CTags>()); }, kReading},
+    {"GetCountryTag", [](CSession& s) { s.GetCountryTag(1); }, kReading},
     {"CreateTask", [](CSession& s) { s.CreateTask(); }, kSequence},
     {"DuplicateEvent", [](CSession& s) { s.DuplicateEvent(6); },
      kReading + "; " + kSequence + "; " + kSequence + "; " + kSequence},

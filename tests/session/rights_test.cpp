@@ -107,6 +107,7 @@ const Guarded kGuarded[] = {
     {"DeleteEvent", "RollbackTransaction", true, [](CSession& s) { return s.DeleteEvent(1); },
      "No transaction is started."},
     {"SaveEvent", "CEvent.Save", true, &SaveNew<CEvent>},
+    {"DeleteUser", "CSession.DeleteUser", true, [](CSession& s) { return s.DeleteUser(1); }},
 };
 
 class Refusal : public testing::TestWithParam<Guarded> {

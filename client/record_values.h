@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "client/rule.h"
+#include "platform/date.h"
+
+namespace zef::client {
+
+/// The types of record that a user works with.
+enum class RecordType { Folder, Task, Event, Contact, Note, Alarm, Call, Category };
+
+/// What a property holds. Its alternatives stand in the order of `PropertyType`.
+using PropertyValue = std::variant<std::int32_t, bool, Date, std::string, RuleSpec>;
+enum class PropertyType { Number, Flag, Date, Text, Rule };
+
+/// A property of a type of record, under the library's own name.
+struct PropertyInfo {
+  std::string_view name;
+  PropertyType type;
+  bool read_only;
+};
+
+/// A value for the property of a name.
+using Assignment = std::pair<std::string_view, PropertyValue>;
+
+/// A record as it is stored: all of its properties, in the order in which they are shown.
+struct RecordValues {
+  RecordType type{};
+  std::vector<Assignment> properties;
+
+  /// The record must have a property of that name.
+  const PropertyValue& operator[](std::string_view name) const;
+  std::int32_t Number(std::string_view name) const { return std::get<std::int32_t>((*this)[name]); }
+  std::int32_t id() const { return Number("ID"); }
+};
+
+/// The properties of a type of record, in the order in which they are shown.
+std::vector<PropertyInfo> PropertiesOf(RecordType type);
+
+}  // namespace zef::client
