@@ -241,9 +241,9 @@ class CSession : public RefCounted<CSession> {
   Ref<CTag> GetCountryTag(std::int32_t lngCountryID);
 
   // The version of the database, and the steps that bring an older one to 9.2.4. A client calls those that it needs, in
-  // their order. They use no transaction: each statement stands once it has run, and a step that failed can be run
-  // again. A failure may leave its sentence in the description alone, with the error flag not set. `strErrorMsg` is
-  // neither read nor written.
+  // their order. They use no transaction: each statement stands once it has run. A step that failed can be run again; a
+  // column that it had added but not yet filled stays as it is. A failure may leave its sentence in the description
+  // alone, with the error flag not set. `strErrorMsg` is neither read nor written.
 
   /// The version and kind of the database; without a row both arguments stay.
   bool GetDBInfo(std::string& strVersion, std::string& strType);

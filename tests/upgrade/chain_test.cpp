@@ -55,46 +55,53 @@ TEST_F(Chain, MakesTheSystemFoldersOfANewDatabase) {
   EXPECT_EQ(DumpRows(connection(), folders), DumpRows(*fresh.Connect(), folders));
 }
 
-/// What a file declares: each column with its type and collation, and each index with its columns.
-std::map<std::string, std::set<std::string>> Layout(const std::string& path) {
-  const DatabaseHandle db = OpenDatabaseFile(path, "");
-  const StatementHandle columns = PrepareOwn(
-      db.get(),
-      "SELECT t.name, lower(c.name) || ' ' || c.type || ' ' || c.\"notnull\" || ' ' || c.pk FROM sqlite_schema AS t, "
-      "pragma_table_info(t.name) AS c WHERE t.type='table' UNION ALL SELECT t.name, i.name || ' ' || i.\"unique\" || "
-      "' ' || i.partial || ' ' || (SELECT group_concat(lower(c.name) || ' ' || c.coll) FROM pragma_index_xinfo(i.name) "
-      "AS c) FROM sqlite_schema AS t, pragma_index_list(t.name) AS i WHERE t.type='table' UNION ALL SELECT t.name, "
-      "'refers to ' || f.\"table\" FROM sqlite_schema AS t, pragma_foreign_key_list(t.name) AS f WHERE t.type='table'");
-  std::map<std::string, std::set<std::string>> layout;
+using Layout = std::map<std::string, std::set<std::string>>;
+
+/// Adds to each table what a query tells of it: the table's name and a text.
+void AddTo(Layout& layout, sqlite3* db, std::string_view query) {
+  const StatementHandle rows = PrepareOwn(db, query);
   const auto text = [&](int column) {
-    return std::string(reinterpret_cast<const char*>(sqlite3_column_text(columns.get(), column)));
+    return std::string(reinterpret_cast<const char*>(sqlite3_column_text(rows.get(), column)));
   };
-  while (sqlite3_step(columns.get()) == SQLITE_ROW) {
-    std::string name = text(0);
-    std::set<std::string>& table = layout[std::move(name)];
-    std::string item = text(1);
-    if (sqlite3_table_column_metadata(db.get(), nullptr, text(0).c_str(), item.substr(0, item.find(' ')).c_str(),
-                                      nullptr, nullptr, nullptr, nullptr, nullptr) == SQLITE_OK) {
-      const char* collation = nullptr;
-      sqlite3_table_column_metadata(db.get(), nullptr, text(0).c_str(), item.substr(0, item.find(' ')).c_str(), nullptr,
-                                    &collation, nullptr, nullptr, nullptr);
-      item += " " + std::string(collation);
-    }
-    table.insert(std::move(item));
-  }
+  while (sqlite3_step(rows.get()) == SQLITE_ROW) layout[text(0)].insert(text(1));
+}
+
+/// What a file declares: each table's columns with their types, indexes with their columns and collations, and
+/// relationships. Letter case does not count, nor does the order of columns.
+Layout LayoutOf(const std::string& path) {
+  const DatabaseHandle db = OpenDatabaseFile(path, "");
+  Layout layout;
+  AddTo(layout, db.get(),
+        "SELECT t.name, lower(c.name) || ' ' || c.type || ' ' || c.\"notnull\" || ' ' || c.pk FROM sqlite_schema AS t, "
+        "pragma_table_info(t.name) AS c WHERE t.type='table'");
+  AddTo(layout, db.get(),
+        "SELECT t.name, i.name || ' ' || i.\"unique\" || ' ' || i.partial || ' ' || (SELECT group_concat(lower(c.name) "
+        "|| ' ' || c.coll) FROM pragma_index_xinfo(i.name) AS c WHERE c.key) FROM sqlite_schema AS t, "
+        "pragma_index_list(t.name) AS i WHERE t.type='table'");
+  AddTo(
+      layout, db.get(),
+      "SELECT t.name, 'refers to ' || f.\"table\" FROM sqlite_schema AS t, pragma_foreign_key_list(t.name) AS f WHERE "
+      "t.type='table'");
   return layout;
 }
 
 TEST_F(Chain, MakesTheTablesAndIndexesOfANewDatabase) {
   const Database fresh;
-  std::map<std::string, std::set<std::string>> wanted = Layout(fresh.path());
+  Layout wanted = LayoutOf(fresh.path());
   ASSERT_GT(wanted.at("Contacts").size(), 50u);
   // No step makes this index.
   ASSERT_EQ(
       std::erase_if(wanted.at("Events"), [](const std::string& item) { return item.starts_with("IX_Events_LinkID "); }),
       1u);
   ASSERT_TRUE(WholeChain());
-  EXPECT_EQ(Layout(database.path()), wanted);
+  EXPECT_EQ(LayoutOf(database.path()), wanted);
+}
+
+TEST_F(Chain, AddsTextsThatCompareWithoutRegardToLetterCase) {
+  ASSERT_TRUE(WholeChain());
+  EXPECT_EQ(Rows("Tasks WHERE TSK_Priority='hIGH'"), 1);
+  EXPECT_EQ(Rows("Contacts WHERE CNT_WorkState='aRIZONA'"), 1);
+  EXPECT_EQ(Rows("Events WHERE EVE_Type='e'"), 2);
 }
 
 TEST_F(Chain, LeavesASoundFile) {

@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <cstdio>
 #include <filesystem>
 #include <random>
 #include <thread>
@@ -104,6 +105,7 @@ TEST_F(KilledUpgrade, DISABLED_OfRealSizeLosesNothingWheneverItDies) {
   const auto begin = std::chrono::steady_clock::now();
   ASSERT_EQ(Process([&] { return UpgradeDyingAt(path_, 0); }).Result(), "done");
   const Milliseconds whole = std::chrono::steady_clock::now() - begin;
+  setvbuf(stdout, nullptr, _IOLBF, 0);
   std::printf("50,000 contacts, 50,000 tasks and 100,000 events upgraded in %.0f ms\n", whole.count());
   ExpectFinishedBySecondClient();
   std::mt19937 random(1);
