@@ -29,7 +29,10 @@ struct Clearer {
 
 }  // namespace
 
-bool StoreNull(const Slot& slot) { return !slot.null->refused && std::visit(Clearer{*slot.null}, slot.target); }
+bool StoreNull(const Slot& slot) {
+  const bool nowhere = std::holds_alternative<std::monostate>(slot.target);  // then there need not be a rule
+  return !nowhere && !slot.null->refused && std::visit(Clearer{*slot.null}, slot.target);
+}
 
 void Store(Value&& value, const Slot& slot) {
   // Null that is refused raises in the conversion.

@@ -51,7 +51,7 @@ TEST(SlotTest, FailureLeavesTheVariable) {
   EXPECT_EQ(number, 7);
 }
 
-TEST(SlotTest, WithoutAVariableTakesNoNull) { EXPECT_FALSE(StoreNull({{}, &kPlain})); }
+TEST(SlotTest, WithoutAVariableTakesNoNull) { EXPECT_FALSE(StoreNull({})); }
 
 }  // namespace
 }  // namespace zef::test
