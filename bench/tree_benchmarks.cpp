@@ -28,7 +28,7 @@ void Require(bool success, const CSession& session) {
 class TaskFolders {
  public:
   TaskFolders() : path_((folder_.path() / "tree.db").string()) {
-    MakeDatabase(path_, 0, 0);
+    MakeDatabase(path_, {});
     session = OpenSession(path_);
     destination = MakeFolder("Copies", 0, 0);
   }

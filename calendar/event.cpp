@@ -20,8 +20,8 @@ constexpr Column<CEvent> kColumns[] = {
     Stored<CEvent>("EVE_EndDate", &CEvent::EndDate, 10),
     Stored<CEvent>("EVE_Reminder", &CEvent::Reminder, 7),
     Stored<CEvent>("EVE_DateLastUpdate", &CEvent::DateLastUpdate, 8, Form::Stamp),
-    {.name = "EVE_Type", .member = &CEvent::EType, .row = 11, .form = Form::Plain, .null_text = "E"},
-    {.name = "EVE_LinkID", .member = &CEvent::LinkID, .row = 12, .form = Form::Plain, .null_number = -1},
+    {.name = "EVE_Type", .member = &CEvent::EType, .row = 11, .form = Form::Plain, .null = {.text = "E"}},
+    {.name = "EVE_LinkID", .member = &CEvent::LinkID, .row = 12, .form = Form::Plain, .null = {.number = -1}},
 };
 constexpr Table kEvents("Events", 15, kColumns);
 

@@ -9,7 +9,7 @@ namespace {
 
 constexpr Column<CNote> kColumns[] = {
     Key<CNote>("NOT_ID"),
-    {.name = "NOT_FolderID", .member = &CNote::FolderID, .row = 2, .form = Form::Plain, .guarded = false},
+    {.name = "NOT_FolderID", .member = &CNote::FolderID, .row = 2, .form = Form::Plain, .null = {.refused = true}},
     Stored<CNote>("NOT_CategoryID", &CNote::CategoryID, 3),
     {.name = "NOT_Text", .member = &CNote::Text, .row = 1, .form = Form::Plain, .in_portions = true},
     {.name = "NOT_Title", .member = &CNote::Title, .row = 0, .form = Form::Plain, .in_portions = true},

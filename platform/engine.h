@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/slot.h"
 #include "platform/sql/compile.h"
 #include "platform/value.h"
 
@@ -64,9 +65,13 @@ class Cursor {
   virtual const RowShape& shape() const = 0;
   /// Moves to the next row; false behind the last one.
   virtual bool Next() = 0;
-  /// Reads values of the current row, one for each position; one for a negative position stays as it is. A hidden row
-  /// identifier follows behind the last column.
+  /// Reads values of the current row, one for each position, none of which is negative. A hidden row identifier follows
+  /// behind the last column.
   virtual void Read(Positions columns, std::span<Value> values) const = 0;
+  /// Reads values of the current row into where they belong, as `Store` puts them there, from the first one on; stops
+  /// at a column that is not there, a slot without a variable and whatever takes a conversion, which the caller reads
+  /// as a value. Gives how many were read. There is one slot for each position.
+  virtual std::size_t Fill(Positions columns, std::span<const Slot> slots) const = 0;
   /// Takes the remaining rows into memory, so that writing on the same engine cannot change what is still to come.
   /// Engines do so by themselves before they write.
   virtual void Detach() = 0;

@@ -162,12 +162,8 @@ std::int32_t Recordset::RecordCount() {
 
 Positions Recordset::Positions(ColumnNames names) const { return OpenShape().Positions(names); }
 
-void Recordset::Read(zef::Positions columns, std::span<Value> values) const {
-  // Reading rows is what record sets mostly do; a cursor behind its end raises by itself.
-  if (IsUntouched()) return cursor_->Read(columns, values);
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (columns[i] >= 0) values[i] = ValueAt(columns[i]);
-  }
+std::size_t Recordset::Fill(zef::Positions columns, std::span<const Slot> slots) const {
+  return IsUntouched() ? cursor_->Fill(columns, slots) : 0;
 }
 
 Value Recordset::ValueAt(int position) const {
@@ -217,6 +213,7 @@ void Recordset::Update() {
     insert ? InsertRow() : UpdateRow();
   });
   inserted_ = adding_;
+  if (written_.empty()) written_.swap(pending_);
   for (auto& [position, value] : pending_) SetField(written_, position, std::move(value));
   pending_.clear();
   ReleaseLock(true);

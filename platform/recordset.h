@@ -92,8 +92,8 @@ class Recordset : public RefCounted<Recordset> {
 
   /// Positions of many columns at once, see `RowShape::Positions`.
   zef::Positions Positions(ColumnNames names) const;
-  /// Reads many values of the current row at once, as `Cursor::Read` does.
-  void Read(zef::Positions columns, std::span<Value> values) const;
+  /// Reads what it can of the current row into where it belongs, see `Cursor::Fill`.
+  std::size_t Fill(zef::Positions columns, std::span<const Slot> slots) const;
   /// The value at a position from 0.
   Value ValueAt(int position) const;
 

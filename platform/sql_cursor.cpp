@@ -39,25 +39,30 @@ bool SqlCursor::Next() {
   return on_row_;
 }
 
-void SqlCursor::Read(Positions columns, std::span<Value> values) const {
+void SqlCursor::RequireRow() const {
   if (abandoned_) throw RunTimeError(FailureNumber::ObjectClosed);
   if (!on_row_) throw RunTimeError(FailureNumber::NoCurrentRecord);
+}
+
+std::size_t SqlCursor::Fill(Positions columns, std::span<const Slot> slots) const {
+  RequireRow();
+  return statement_ ? statement_->Fill(columns, plan_->shape.types(), slots) : 0;
+}
+
+void SqlCursor::Read(Positions columns, std::span<Value> values) const {
+  RequireRow();
   if (statement_) return statement_->Read(columns, plan_->shape.types(), values);
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (columns[i] >= 0) values[i] = memory_[head_][static_cast<std::size_t>(columns[i])];
+    values[i] = memory_[head_][static_cast<std::size_t>(columns[i])];
   }
 }
 
 SqlCursor::Row SqlCursor::CurrentRow() const {
-  Positions wanted = plan_->shape.EveryColumn();
-  std::vector<int> kept;
-  if (!dropped_.empty()) {
-    kept.assign(wanted.begin(), wanted.end());
-    for (const int column : dropped_) kept[static_cast<std::size_t>(column)] = -1;
-    wanted = kept;
+  Row row(plan_->shape.types().size());
+  for (const int column : plan_->shape.EveryColumn()) {
+    const bool dropped = std::find(dropped_.begin(), dropped_.end(), column) != dropped_.end();
+    if (!dropped) statement_->Read({&column, 1}, plan_->shape.types(), {&row[static_cast<std::size_t>(column)], 1});
   }
-  Row row(wanted.size());
-  statement_->Read(wanted, plan_->shape.types(), row);
   return row;
 }
 

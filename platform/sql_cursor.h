@@ -17,6 +17,7 @@ class SqlCursor final : public Cursor {
   const RowShape& shape() const override { return plan_->shape; }
   bool Next() override;
   void Read(Positions columns, std::span<Value> values) const override;
+  std::size_t Fill(Positions columns, std::span<const Slot> slots) const override;
   /// Never fails: a row that cannot be read is told when the walk comes to it.
   void Detach() override;
   void Drop(int column) override;
@@ -28,6 +29,7 @@ class SqlCursor final : public Cursor {
  private:
   using Row = std::vector<Value>;
 
+  void RequireRow() const;
   Row CurrentRow() const;
   bool Step();
   void Finish();

@@ -28,6 +28,8 @@ class PreparedStatement {
   virtual Step Next() = 0;
   /// Reads values of the current row as `Cursor::Read` does; `types` are those of all columns.
   virtual void Read(Positions columns, std::span<const sql::Type> types, std::span<Value> values) const = 0;
+  /// Reads values straight into where they belong as `Cursor::Fill` does. It may stop wherever it likes.
+  virtual std::size_t Fill(Positions columns, std::span<const sql::Type> types, std::span<const Slot> slots) const = 0;
   /// Ends a run; the statement may be bound and run again.
   virtual void Reset() = 0;
   /// Rows that the last run wrote.

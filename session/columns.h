@@ -7,7 +7,7 @@
 #include <string_view>
 #include <variant>
 
-#include "platform/value.h"
+#include "platform/slot.h"
 #include "session/property.h"
 
 namespace zef {
@@ -29,17 +29,15 @@ struct Column {
   Member member;
   int row = -1;
   Form form = Form::NotWritten;
-  std::int32_t null_number = 0;     ///< what Null reads as in a number
-  std::string_view null_text = {};  ///< and in a text
-  bool guarded = true;              ///< false: Null is a failure
-  std::string_view spelled = {};    ///< how statements spell the name, if not as it is read
-  bool in_portions = false;         ///< a long text, added portion by portion to what the property holds
+  NullRule null = {};             ///< what Null reads as
+  std::string_view spelled = {};  ///< how statements spell the name, if not as it is read
+  bool in_portions = false;       ///< a long text, added portion by portion to what the property holds
 };
 
-/// The key of a table; it feeds `ID` and is read unguarded.
+/// The key of a table; it feeds `ID` and is never Null.
 template <class Record>
 constexpr Column<Record> Key(std::string_view name) {
-  return {.name = name, .member = &Record::ID, .guarded = false};
+  return {.name = name, .member = &Record::ID, .null = {.refused = true}};
 }
 
 /// A column that is read into a member and written as row number `row` of a statement.

@@ -62,8 +62,8 @@ class Property {
 
   /// Stores without touching the flag: what comes from a row is no change.
   void Load(T value) { value_ = std::move(value); }
-  /// The same for what comes from a row in portions.
-  void LoadMore(std::string_view more) requires std::same_as<T, std::string> { value_ += more; }
+  /// The variable itself, for what comes from a row and is put there directly.
+  T& Loaded() { return value_; }
 
  private:
   RecordFlags& record_;

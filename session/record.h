@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -58,6 +59,20 @@ class Record : public RefCounted<Derived>, public RecordFlags {
   Ref<CSession> session_;
 };
 
+inline std::int32_t* VariableOf(std::int32_t& number) { return &number; }
+template <class T>
+T* VariableOf(Property<T>& property) {
+  return &property.Loaded();
+}
+
+/// The variable that a column is read into; none for one that comes in portions.
+template <class R>
+Slot SlotOf(R& record, const Column<R>& column) {
+  if (column.in_portions) return {};
+  return {std::visit([&](auto member) -> Slot::Target { return VariableOf(record.*member); }, column.member),
+          &column.null};
+}
+
 /// Adds a long text at the end of a property, in portions; Null adds nothing.
 template <class R>
 void ReadPortions(R& record, const Column<R>& column, Field field) {
@@ -66,29 +81,30 @@ void ReadPortions(R& record, const Column<R>& column, Field field) {
   const std::int64_t size = field.ActualSize();
   for (std::int64_t at = 0; at < size; at += kPortion) {
     const Value portion = field.GetChunk(kPortion);
-    if (!IsNull(portion)) text.LoadMore(ToText(portion));
+    if (!IsNull(portion)) text.Loaded() += ToText(portion);
   }
 }
 
+/// Reads a column that `Recordset::Fill` has left over.
+template <class R>
+void ReadLeftOver(R& record, const Column<R>& column, const Slot& slot, Recordset& rs, int position) {
+  if (position < 0) throw RunTimeError(FailureNumber::ItemNotFound);
+  if (column.in_portions) return ReadPortions(record, column, Field(rs, position));
+  Store(rs.ValueAt(position), slot);
+}
+
 /// Copies the columns of the current row into the record, in the table's order, and leaves its flags alone. Raises 94
-/// for a Null in an unguarded column and 3265 for a missing column; the columns before it have been copied then.
+/// for a Null where none may be and 3265 for a missing column; the columns before it have been copied then.
 template <class R, std::size_t N>
 void ReadColumns(R& record, const Table<R, N>& table, Recordset& rs) {
   const Positions positions = rs.Positions(table.names);
-  std::array<int, N> at_once;
-  for (std::size_t i = 0; i < N; ++i) at_once[i] = table.columns[i]->in_portions ? -1 : positions[i];
-  std::array<Value, N> values;
-  rs.Read(at_once, values);
+  std::array<Slot, N> slots;
+  for (std::size_t i = 0; i < N; ++i) slots[i] = SlotOf(record, *table.columns[i]);
   std::size_t i = 0;
   try {
-    for (; i < N; ++i) {
-      const Column<R>& column = *table.columns[i];
-      if (positions[i] < 0) throw RunTimeError(FailureNumber::ItemNotFound);
-      if (column.in_portions) {
-        ReadPortions(record, column, Field(rs, positions[i]));
-      } else {
-        ReadColumn(record, column, std::move(values[i]));
-      }
+    while ((i += rs.Fill(positions.subspan(i), std::span(slots).subspan(i))) < N) {
+      ReadLeftOver(record, *table.columns[i], slots[i], rs, positions[i]);
+      ++i;
     }
   } catch (const RunTimeError& failure) {
     throw InColumn(failure, table.names[i]);

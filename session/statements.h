@@ -58,25 +58,4 @@ std::string SqlValue(const R& record, const Column<R>& column) {
 /// A failure met while a row was read, with the column named in its sentence.
 RunTimeError InColumn(const RunTimeError& failure, std::string_view column);
 
-/// Stores a value from a row in the member that the column feeds. A Boolean is True only for the byte 1.
-template <class R>
-void ReadColumn(R& record, const Column<R>& column, Value&& value) {
-  if (!column.guarded && IsNull(value)) throw RunTimeError(FailureNumber::InvalidUseOfNull);
-  struct Reader {
-    R& record;
-    const Column<R>& column;
-    Value& value;
-    bool null = IsNull(value);
-    std::int32_t Number() const { return null ? column.null_number : ToLong(value); }
-    void operator()(std::int32_t R::*member) const { record.*member = Number(); }
-    void operator()(Property<std::int32_t> R::*member) const { (record.*member).Load(Number()); }
-    void operator()(Property<Date> R::*member) const { (record.*member).Load(null ? Date() : ToDate(value)); }
-    void operator()(Property<bool> R::*member) const { (record.*member).Load(!null && ToByte(value) == 1); }
-    void operator()(Property<std::string> R::*member) const {
-      (record.*member).Load(null ? std::string(column.null_text) : ToText(std::move(value)));
-    }
-  };
-  std::visit(Reader{record, column, value}, column.member);
-}
-
 }  // namespace zef

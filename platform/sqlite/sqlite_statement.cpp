@@ -76,6 +76,47 @@ void ReadValue(sqlite3_value* from, sql::Type type, Value& value) {
   }
 }
 
+/// Puts a value into a variable if it comes as the variable's type; false for all that takes a conversion.
+struct Filler {
+  sqlite3_value* from;
+  int stored;
+  sql::Type type;
+
+  bool operator()(std::monostate) const { return false; }
+  bool operator()(std::int32_t* number) const {
+    const bool plain = stored == SQLITE_INTEGER && type != sql::Type::Boolean && type != sql::Type::Date;
+    if (!plain) return false;
+    const sqlite3_int64 whole = sqlite3_value_int64(from);
+    if (!std::in_range<std::int32_t>(whole)) return false;
+    *number = static_cast<std::int32_t>(whole);
+    return true;
+  }
+  bool operator()(std::string* text) const {
+    if (stored != SQLITE_TEXT) return false;
+    const auto* data = reinterpret_cast<const char*>(sqlite3_value_text(from));
+    if (data != nullptr) text->assign(data, static_cast<std::size_t>(sqlite3_value_bytes(from)));
+    return data != nullptr;
+  }
+  bool operator()(Date* date) const {
+    const bool number = stored == SQLITE_FLOAT || stored == SQLITE_INTEGER;
+    if (!number || type != sql::Type::Date) return false;
+    *date = Date(sqlite3_value_double(from));
+    return true;
+  }
+  bool operator()(bool* flag) const {
+    if (stored != SQLITE_INTEGER || type != sql::Type::Byte) return false;
+    const sqlite3_int64 byte = sqlite3_value_int64(from);
+    if (!std::in_range<std::uint8_t>(byte)) return false;
+    *flag = byte == 1;
+    return true;
+  }
+};
+
+bool FillSlot(sqlite3_value* from, sql::Type type, const Slot& slot) {
+  const int stored = sqlite3_value_type(from);
+  return stored == SQLITE_NULL ? StoreNull(slot) : std::visit(Filler{from, stored, type}, slot.target);
+}
+
 }  // namespace
 
 StatementHandle PrepareForClient(sqlite3* db, std::string_view text) {
@@ -114,9 +155,18 @@ void SqliteStatement::Read(Positions columns, std::span<const sql::Type> types, 
   // The engine runs without mutexes, so a value of a row may be read like any other; that is quicker than asking the
   // statement again and again.
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (columns[i] < 0) continue;
     ReadValue(sqlite3_column_value(handle_.get(), columns[i]), types[static_cast<std::size_t>(columns[i])], values[i]);
   }
+}
+
+std::size_t SqliteStatement::Fill(Positions columns, std::span<const sql::Type> types,
+                                  std::span<const Slot> slots) const {
+  std::size_t done = 0;
+  for (; done < columns.size() && columns[done] >= 0; ++done) {
+    const sql::Type type = types[static_cast<std::size_t>(columns[done])];
+    if (!FillSlot(sqlite3_column_value(handle_.get(), columns[done]), type, slots[done])) break;
+  }
+  return done;
 }
 
 void SqliteStatement::Reset() {

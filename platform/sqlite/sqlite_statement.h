@@ -29,6 +29,7 @@ class SqliteStatement final : public PreparedStatement {
   void Bind(int number, const Value& value, bool lasting) override;
   Step Next() override;
   void Read(Positions columns, std::span<const sql::Type> types, std::span<Value> values) const override;
+  std::size_t Fill(Positions columns, std::span<const sql::Type> types, std::span<const Slot> slots) const override;
   void Reset() override;
   std::int64_t RowsWritten() const override { return rows_written_; }
 
