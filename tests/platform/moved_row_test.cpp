@@ -61,6 +61,7 @@ class MovingRows final : public Engine {
   void CommitTrans() override {}
   void RollbackTrans() override {}
   int TransactionDepth() const override { return 0; }
+  std::optional<std::vector<std::string>> Relationships(std::string_view) override { return std::nullopt; }
 
   bool moves = true;
 

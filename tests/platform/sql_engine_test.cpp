@@ -57,6 +57,7 @@ class ScriptedEngine final : public SqlEngine {
   void CommitTrans() override { script_.log.push_back("commit " + std::to_string(depth_--)); }
   void RollbackTrans() override { script_.log.push_back("undo " + std::to_string(depth_--)); }
   int TransactionDepth() const override { return depth_; }
+  std::optional<std::vector<std::string>> Relationships(std::string_view) override { return std::nullopt; }
 
  protected:
   const sql::Dialect& SqlDialect() const override { return dialect_; }

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "session/fields_array.h"
-#include "tests/calendar/record_fixture.h"
+#include "tests/support/record_fixture.h"
 #include "tests/support/database.h"
 #include "tests/support/raised.h"
 
