@@ -6,9 +6,9 @@
 #include <string>
 
 #include "session/fields_array.h"
-#include "tests/support/record_fixture.h"
 #include "tests/support/database.h"
 #include "tests/support/raised.h"
+#include "tests/support/record_fixture.h"
 
 namespace zef::test {
 
