@@ -268,6 +268,11 @@ class LargeAttachement : public testing::Test {
     std::ofstream(source_) << "begins";
     std::filesystem::resize_file(source_, kSize);
   }
+  void SetUp() override {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the address sanitizer keeps freed memory for a while";
+#endif
+  }
   /// The most memory that work on an attachment takes, in sizes of its file; the work is done by a new attachment if
   /// `stored` is false.
   template <class Work>
