@@ -7,6 +7,8 @@
 
 namespace zef {
 
+inline constexpr std::int32_t kFolderSequence = 12;
+
 /// The kinds of item that a folder holds. Values are stored; 5 is left free.
 enum FolderType : std::int32_t { FT_CONTACTS = 1, FT_TASKS = 2, FT_Notes = 3, FT_EVENTS = 4, FT_ALARMS = 6 };
 

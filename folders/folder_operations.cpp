@@ -5,7 +5,6 @@
 namespace zef {
 namespace {
 
-constexpr std::int32_t kFolderSequence = 12;
 constexpr char kSelectIdentifier[] = "SELECT FLD_ID FROM Folders";
 constexpr char kSelectPhoneCallNotes[] =
     "SELECT FLD_ID FROM Folders WHERE FLD_Type=3 AND FLD_Protected=1 AND FLD_Name='Phone Calls Notes'";

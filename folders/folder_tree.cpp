@@ -6,9 +6,8 @@
 namespace zef {
 namespace {
 
-/// No tree of folders that people make comes near to it, and the stack of any thread holds it.
+/// No tree of folders that people make comes near to it, and a stack of a quarter of a megabyte holds it.
 constexpr int kMostLevels = 1000;
-constexpr std::int32_t kFolderSequence = 12;
 constexpr char kCopy[] = "CSession.CopyFolder";
 constexpr std::int32_t kNameTaken = 106;
 constexpr std::int32_t kBelowItself = 107;
@@ -42,8 +41,8 @@ bool BelowItself(CSession& session, std::int32_t source, std::int32_t new_parent
 
 }  // namespace
 
-/// Where in its tree an operation stands. A folder has one parent, so rows that go in a circle lead back to the folder
-/// that the operation began with.
+/// Where in its tree an operation stands. A folder has one row and so one parent, since its identifier is the key: rows
+/// that go in a circle lead back to the folder that the operation began with.
 struct TreeWalk {
   std::int32_t root;
   int level = 1;

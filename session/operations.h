@@ -152,7 +152,9 @@ inline bool DeleteGuardedRow(CSession& session, std::string_view procedure, std:
                              std::string_view statement, std::int32_t id) {
   return Trapped(session, procedure, false, [&] {
     session.ClearError();
-    return !Refused(session, refusal) && DeleteRow(session, procedure, statement, id);
+    if (Refused(session, refusal)) return false;
+    Execute(session, WithNumber(statement, id));
+    return true;
   });
 }
 

@@ -155,7 +155,7 @@ Outcome SaveRow(const R& record, const Table<R, N>& table, std::string_view arra
 }
 
 /// The writing in the `Save` of a class without a fields array that draws its identifier at its first row. Clears the
-/// flags; False, with all as it was, if no identifier could be drawn, and why stands in the name of the sequence.
+/// flags; False, with flags and rows as they were, if none could be drawn, and why stands in the name of the sequence.
 template <class R, std::size_t N>
 bool SaveUnderDrawnID(R& record, const Table<R, N>& table, std::int32_t sequence) {
   if (record.IsModified()) {

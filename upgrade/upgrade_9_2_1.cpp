@@ -80,7 +80,7 @@ constexpr Reference kReferences[] = {
 class ColumnsOf {
  public:
   ColumnsOf(CSession& session, const std::string& table) {
-    const Ref<Recordset> rs = Deref(session.conDBConnection).Execute("SELECT * FROM " + table + " WHERE 0=1");
+    const Ref<Recordset> rs = Select(session, "SELECT * FROM " + table + " WHERE 0=1");
     for (std::int32_t i = 0; i < rs->Fields().Count(); ++i) {
       names_.push_back(text::UpperCase(rs->Fields().Item(i).Name()));
     }
@@ -93,7 +93,7 @@ class ColumnsOf {
 };
 
 bool HasRow(CSession& session, const char* select) {
-  const Ref<Recordset> rs = Deref(session.conDBConnection).Execute(select);
+  const Ref<Recordset> rs = Select(session, select);
   const bool has = !rs->EndOfFile();
   rs->Close();
   return has;
