@@ -9,8 +9,8 @@
 
 #include "platform/sqlite/sqlite_file.h"
 #include "platform/sqlite/sqlite_statement.h"
+#include "tests/support/filled_database.h"
 #include "tests/support/process.h"
-#include "tests/upgrade/filled_database.h"
 #include "tests/upgrade/upgrade_fixture.h"
 #include "tests/upgrade/upgrading_client.h"
 

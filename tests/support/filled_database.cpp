@@ -1,4 +1,4 @@
-#include "tests/upgrade/filled_database.h"
+#include "tests/support/filled_database.h"
 
 #include "platform/recordset.h"
 #include "platform/text.h"
