@@ -8,7 +8,6 @@
 #include "client/failure.h"
 #include "client/store.h"
 #include "platform/text.h"
-#include "session/session.h"
 
 namespace zef::client {
 namespace {
@@ -17,12 +16,11 @@ constexpr NumberWord kFolderKinds[] = {
     {kContacts, "contacts"}, {kTasks, "tasks"}, {kNotes, "notes"}, {kEvents, "events"}, {kAlarms, "alarms"},
 };
 constexpr NumberWord kDirections[] = {{0, "incoming"}, {1, "outgoing"}};
-constexpr NumberWord kRights[] = {{Rights::Administrator, "administrator"},
-                                  {Rights::DataEditor, "editor"},
-                                  {Rights::DataViewer, "viewer"},
-                                  {0, "none"}};
+constexpr NumberWord kRights[] = {
+    {kAdministrator, "administrator"}, {kEditor, "editor"}, {kViewer, "viewer"}, {0, "none"}};
 
 constexpr NumberWords kDirectionWords{kDirections};
+constexpr NumberWords kRightsWords{kRights, true};
 
 struct WordedProperty {
   RecordType type;
@@ -52,7 +50,6 @@ std::optional<std::int32_t> NumberOfWord(const NumberWords& known, std::string_v
 }  // namespace
 
 constexpr NumberWords kFolderKindWords{kFolderKinds};
-constexpr NumberWords kRightsWords{kRights, true};
 
 const NumberWords* WordsOf(RecordType type, std::string_view property) {
   const auto* const found =

@@ -22,7 +22,6 @@ struct NumberWords {
 };
 
 extern const NumberWords kFolderKindWords;
-extern const NumberWords kRightsWords;
 
 /// The words for a property's numbers; null if they stand for themselves.
 const NumberWords* WordsOf(RecordType type, std::string_view property);

@@ -7,7 +7,6 @@
 #include "client/commands.h"
 #include "client/date_option.h"
 #include "client/failure.h"
-#include "client/number_words.h"
 #include "client/place_file.h"
 #include "client/printable.h"
 #include "client/record_checks.h"
@@ -78,8 +77,7 @@ std::string AddRecord(const Arguments& arguments, const Screen& /*screen*/) {
   const auto store = Open(arguments);
   RequireReferences(*store, kind, 0, values);
   RequireFreeName(*store, kind, 0, values);
-  if (kind.type == RecordType::User && Among(values, "Rights") == nullptr)
-    values.emplace_back("Rights", NumberFor(kRightsWords, "viewer").value());
+  if (kind.type == RecordType::User && Among(values, "Rights") == nullptr) values.emplace_back("Rights", kViewer);
   std::string place;
   if (kind.root_folder != nullptr) {
     const FolderInfo folder =

@@ -17,6 +17,9 @@ namespace zef::client {
 /// The kinds of item that a folder holds, as the database numbers them.
 enum FolderKind : std::int32_t { kContacts = 1, kTasks = 2, kNotes = 3, kEvents = 4, kAlarms = 6 };
 
+/// Bits of a user's rights, as the database numbers them.
+enum UserRights : std::int32_t { kAdministrator = 1, kEditor = 2, kViewer = 4 };
+
 struct DatabaseInfo {
   std::string version{};
   bool encrypted = false;
