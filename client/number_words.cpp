@@ -84,13 +84,17 @@ std::optional<std::int32_t> NumberFor(const NumberWords& known, std::string_view
   return number;
 }
 
+std::string AllWords(const NumberWords& known) {
+  std::string words;
+  for (const NumberWord& word : known.words) words += (words.empty() ? "" : ", ") + std::string(word.word);
+  return words;
+}
+
 std::int32_t ReadWords(std::string_view option, const NumberWords& known, std::string_view text) {
   if (const auto number = NumberFor(known, text)) return *number;
   const std::optional<std::int32_t> digits = IdentifierIn(text);
   if (digits && WordsFor(known, *digits)) return *digits;
-  std::string words;
-  for (const NumberWord& word : known.words) words += (words.empty() ? "" : ", ") + std::string(word.word);
-  throw Failure(kWrongUse, fmt::format("{}: '{}' is none of {}{}.", option, text, words,
+  throw Failure(kWrongUse, fmt::format("{}: '{}' is none of {}{}.", option, text, AllWords(known),
                                        known.combined ? ", nor several of them with commas between" : ""));
 }
 

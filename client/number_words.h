@@ -31,6 +31,9 @@ std::optional<std::string> WordsFor(const NumberWords& known, std::int32_t numbe
 /// The number of such a text, in any letter case; nothing for another text.
 std::optional<std::int32_t> NumberFor(const NumberWords& known, std::string_view text);
 
+/// All of them, as in "incoming, outgoing".
+std::string AllWords(const NumberWords& known);
+
 /// The number that a text gives as words or as digits. One that the words do not make up is wrong use; `option` names
 /// what was given.
 std::int32_t ReadWords(std::string_view option, const NumberWords& known, std::string_view text);

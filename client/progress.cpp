@@ -5,6 +5,8 @@
 
 #include <cstdio>
 
+#include "client/style.h"
+
 namespace zef::client {
 namespace {
 
@@ -12,7 +14,7 @@ constexpr char kClearLine[] = "\r\x1b[K";
 
 }  // namespace
 
-Progress::Progress() : on_terminal_(isatty(STDERR_FILENO) == 1) {}
+Progress::Progress() : on_terminal_(isatty(STDERR_FILENO) == 1 && !TerminalIsPlain()) {}
 
 Progress::~Progress() {
   if (!shown_.empty()) fmt::print(stderr, "{}", kClearLine);

@@ -5,7 +5,7 @@
 namespace zef::client {
 
 /// A line on a terminal that tells what a long command is doing, each text in the place of the one before; gone with
-/// the object. It stands on standard error; if that is no terminal nothing is told.
+/// the object. It stands on standard error; if that is no terminal, or a plain one, nothing is told.
 class Progress {
  public:
   Progress();

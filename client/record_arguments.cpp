@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "client/assignment.h"
+#include "client/number_words.h"
 #include "client/options.h"
 #include "client/record_kinds.h"
 
@@ -68,13 +69,16 @@ void AddAdding(CLI::App& app, const RecordKind& kind, Arguments& arguments) {
 
 std::string PropertiesHelp(const RecordKind& kind) {
   std::string names;
+  std::string words;
   for (const PropertyInfo& property : PropertiesOf(kind.type)) {
-    if (!property.read_only) names += (names.empty() ? "" : ", ") + std::string(property.name);
+    if (property.read_only) continue;
+    names += (names.empty() ? "" : ", ") + std::string(property.name);
+    if (property.words != nullptr) words += fmt::format("\n{} is one of {}.", property.name, AllWords(*property.words));
   }
   return fmt::format(
       "Properties: {}.\nDates are given as 2024-05-17 or \"2024-05-17 09:00\", nothing for no date; flags "
-      "as yes or no.\n\n{}",
-      names, kGlobalHelp);
+      "as yes or no.{}\n\n{}",
+      names, words, kGlobalHelp);
 }
 
 void AddShowing(CLI::App& app, const RecordKind& kind, Arguments& arguments) {

@@ -2,6 +2,8 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <filesystem>
+
 #include "client/store.h"
 #include "platform/recordset.h"
 #include "platform/sqlite/sqlite_file.h"
@@ -52,6 +54,25 @@ TEST_P(KilledUpgrade, IsDoneByTheNextOneWithEveryRowAndName) {
   ASSERT_EQ(test::Process([&] { return UpgradeUntil(GetParam()); }).Result(), "");
   EXPECT_EQ(UpgradeUntil("never"), "done");
   EXPECT_EQ(test::KeptRows(*database_.Connect()), before);
+}
+
+/// An upgrade in a process that people end with Ctrl-C while it copies a database of more than one portion.
+TEST(InterruptedUpgrade, LeavesTheDatabaseAsItWasAndNoPartOfACopy) {
+  const test::Database database("9.1");
+  test::FillOlderDatabase(*database.Connect());
+  database.Connect()->Execute("UPDATE Notes SET NOT_Text='" + std::string(8'000'000, 'n') + "' WHERE NOT_ID=1");
+  const std::string before = test::Dump(*database.Connect());
+  test::Process upgrade([&] {
+    Store(database.path(), "").Upgrade([](const std::string&) { raise(SIGINT); });
+    return std::string("done");
+  });
+  EXPECT_EQ(upgrade.Result(), "");
+  EXPECT_EQ(test::Dump(*database.Connect()), before);
+  std::vector<std::string> names;
+  const auto folder = std::filesystem::path(database.path()).parent_path();
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) names.push_back(entry.path().filename());
+  EXPECT_THAT(names, testing::Each(testing::StartsWith("test.db")));
+  EXPECT_THAT(names, testing::Not(testing::Contains("test.db.backup")));
 }
 
 }  // namespace
