@@ -4,6 +4,7 @@
 
 #include "bench/by_hand.h"
 #include "platform/connection.h"
+#include "platform/recordset.h"
 #include "platform/transaction_guard.h"
 #include "schema/schema_text.h"
 #include "schema/statements.h"
@@ -25,8 +26,9 @@ void MakeTables(const std::string& path) {
 std::string Reference(int spread) { return fmt::format("CASE WHEN i % 9 = 0 THEN NULL ELSE i % {} END", spread); }
 
 void AddRows(const HandDatabase& db, std::int32_t count, const std::string& insert_select) {
-  const std::string numbers = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < {}) ";
-  db.Execute((fmt::format(fmt::runtime(numbers), count) + insert_select).c_str());
+  db.Execute(fmt::format("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < {}) {}", count,
+                         insert_select)
+                 .c_str());
 }
 
 }  // namespace

@@ -105,15 +105,26 @@ double StatusBytes(const std::string& name) {
   throw std::runtime_error("the system does not tell " + name);
 }
 
-/// How much memory of the process an upgrade takes at its most, in the midst of a statement too.
-double PeakOfUpgrade(std::int32_t contacts) {
-  const OlderDatabase older(contacts);
-  const Ref<CSession> session = OpenSession(older.Copy());
+/// How much memory of the process some work takes at its most, in the midst of a statement too.
+template <class Work>
+double PeakOf(Work&& work) {
   malloc_trim(0);
   std::ofstream("/proc/self/clear_refs") << "5";  // sets the peak to what is in use now
   const double before = StatusBytes("VmRSS");
-  UpgradeByLibrary(*session);
+  work();
   return StatusBytes("VmHWM") - before;
+}
+
+Amounts PeaksOfUpgrades(std::int32_t contacts) {
+  const OlderDatabase older(contacts);
+  Amounts peaks;
+  {
+    const Ref<CSession> session = OpenSession(older.Copy());
+    peaks.ours = PeakOf([&] { UpgradeByLibrary(*session); });
+  }
+  const HandDatabase db(older.Copy());
+  peaks.by_hand = PeakOf([&] { UpgradeByHand(db); });
+  return peaks;
 }
 
 }  // namespace
@@ -125,9 +136,8 @@ void RegisterUpgrades(World& world) {
             .operations = 1,
             .rounds = world.Rounds(9),
             .make = [contacts](int /*operations*/) { return std::make_unique<UpgradeContest>(contacts); }});
-  RegisterAmounts(
-      fmt::format("memory of an upgrade of {} rows against one of {}", 4 * contacts, 2 * contacts), 16 << 20,
-      [contacts] { return Amounts{.ours = PeakOfUpgrade(contacts), .by_hand = PeakOfUpgrade(contacts / 2)}; });
+  RegisterAmounts(fmt::format("memory of an upgrade of {} rows", 4 * contacts), 16 << 20,
+                  [contacts] { return PeaksOfUpgrades(contacts); });
 }
 
 }  // namespace zef::bench
