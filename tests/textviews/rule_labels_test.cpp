@@ -28,7 +28,7 @@ class RuleLabels : public ViewTest {
   }
   /// The rows that tell what a rule is.
   Texts Told(const CRecurrence& rule) {
-    Texts rows = Rows(rule);
+    Texts rows = LabelRows(rule);
     rows.resize(11);
     while (!rows.empty() && (rows.back().empty() || rows.back() == "|")) rows.pop_back();
     return rows;
@@ -38,7 +38,7 @@ class RuleLabels : public ViewTest {
     const Ref<CRecurrence> rule = Rule({});
     rule->OccurencesNo = occurrences;
     rule->EndDate = end;
-    return Row(*rule, 11);
+    return LabelRow(*rule, 11);
   }
 };
 
@@ -68,7 +68,8 @@ TEST_F(RuleLabels, WeeklyRuleListsItsDaysWithABlankBehindEach) {
 TEST_F(RuleLabels, WeeklyRuleOfAllDaysListsThemFromMonday) {
   const Ref<CRecurrence> rule = Rule({.type = REC_WEEKLY});
   rule->Monday = rule->Tuesday = rule->Wendsday = rule->Thursday = rule->Friday = rule->Saturday = rule->Sunday = true;
-  EXPECT_EQ(Row(*rule, 2), "Occur in the following days:|Monday Tuesday Wendsday Thursday Friday Saturday Sunday ");
+  EXPECT_EQ(LabelRow(*rule, 2),
+            "Occur in the following days:|Monday Tuesday Wendsday Thursday Friday Saturday Sunday ");
 }
 
 TEST_F(RuleLabels, MonthlyRuleForADay) {
@@ -112,11 +113,11 @@ TEST_F(RuleLabels, OrderThatIsUnknownIsEmptyWithItsLabel) {
 
 TEST_F(RuleLabels, UnknownTypeTellsOnlyItsEnd) {
   for (const std::int32_t type : {5, -1}) EXPECT_EQ(Told({.type = type}), Texts{}) << type;
-  EXPECT_EQ(Row(*Rule({.type = 5}), 11), "End type:|No end");
+  EXPECT_EQ(LabelRow(*Rule({.type = 5}), 11), "End type:|No end");
 }
 
 TEST_F(RuleLabels, RowsFiveToTenStayEmpty) {
-  const Texts rows = Rows(*Rule({.type = REC_MONTHLY, .sub_type = 1}));
+  const Texts rows = LabelRows(*Rule({.type = REC_MONTHLY, .sub_type = 1}));
   EXPECT_EQ(Texts(rows.begin() + 5, rows.begin() + 11), Texts(6, "|"));
 }
 
