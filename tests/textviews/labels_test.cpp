@@ -5,28 +5,12 @@ namespace {
 
 using Labels = FullRecords;
 
-/// What `GetFieldsArray` says is the number of rows.
-template <class R>
-std::int32_t RowCount(const R& record) {
+TEST_F(Labels, NoteHasTenRowsThoughFiveAreFilled) {
   FieldsArray fields;
   std::int32_t count = 0;
-  EXPECT_TRUE(record.GetFieldsArray(FN_SERIALIZE, fields, count));
-  return count;
-}
-
-TEST_F(Labels, NoteHasTenRowsThoughFiveAreFilled) {
-  EXPECT_EQ(RowCount(*FullNote()), 10);
+  EXPECT_TRUE(FullNote()->GetFieldsArray(FN_SERIALIZE, fields, count));
+  EXPECT_EQ(count, 10);
   EXPECT_EQ(LabelRows(*FullNote()).size(), 5u);
-}
-
-TEST_F(Labels, OtherClassesHaveTheirFixedNumberOfRows) {
-  EXPECT_EQ(RowCount(*New<CAlarm>()), 15);
-  EXPECT_EQ(RowCount(*New<CAttachement>()), 10);
-  EXPECT_EQ(RowCount(*New<CContact>()), 50);
-  EXPECT_EQ(RowCount(*New<CEvent>()), 15);
-  EXPECT_EQ(RowCount(*New<CNotification>()), 15);
-  EXPECT_EQ(RowCount(*New<CRecurrence>()), 15);
-  EXPECT_EQ(RowCount(*New<CTask>()), 25);
 }
 
 TEST_F(Labels, TaskWithoutAStatusHasAnEmptyOneAndMakesNoLookup) {
@@ -119,6 +103,66 @@ TEST_F(Labels, StatusOfANotificationThatIsUnknownIsEmpty) {
   for (const std::int32_t status : {9, 4, -1}) {
     notification->Status = status;
     EXPECT_EQ(LabelRow(*notification, 5), "Status:|") << status;
+  }
+}
+
+// ---- The array
+
+/// What `GetFieldsArray` makes, into an array and a number that come from elsewhere.
+struct Delivered {
+  template <class R>
+  Delivered(const R& record, FieldType type) : done(record.GetFieldsArray(type, fields, count)) {
+    for (std::int32_t row = 0; row <= fields.LastRow(); ++row) {
+      for (std::int32_t column = 0; column <= fields.LastColumn(); ++column) texts += fields(row, column);
+    }
+  }
+  std::string Size() const {
+    return std::to_string(count) + ": " + std::to_string(fields.LastRow()) + "," + std::to_string(fields.LastColumn());
+  }
+
+  FieldsArray fields{60, 60};
+  std::int32_t count = 99;
+  bool done;
+  std::string texts;
+};
+
+template <class R>
+constexpr const char* kSize = "15: 15,2";
+template <>
+constexpr const char* kSize<CAttachement> = "10: 10,2";
+template <>
+constexpr const char* kSize<CContact> = "50: 50,2";
+template <>
+constexpr const char* kSize<CNote> = "10: 10,10";
+template <>
+constexpr const char* kSize<CTask> = "25: 25,2";
+
+template <class R>
+class ArrayOfLabels : public ViewTest {};
+using Classes = testing::Types<CAlarm, CAttachement, CContact, CEvent, CNote, CNotification, CRecurrence, CTask>;
+TYPED_TEST_SUITE(ArrayOfLabels, Classes);
+
+TYPED_TEST(ArrayOfLabels, HasTheSizeOfItsClass) {
+  const Delivered labels(*this->template New<TypeParam>(), FN_SERIALIZE);
+  EXPECT_TRUE(labels.done);
+  EXPECT_EQ(labels.Size(), kSize<TypeParam>);
+}
+
+TYPED_TEST(ArrayOfLabels, HasTextsInItsFirstTwoColumnsOnly) {
+  const Delivered labels(*this->template New<TypeParam>(), FN_SERIALIZE);
+  for (std::int32_t row = 0; row <= labels.fields.LastRow(); ++row) {
+    for (std::int32_t column = 2; column <= labels.fields.LastColumn(); ++column) {
+      EXPECT_EQ(labels.fields(row, column), "") << row << "," << column;
+    }
+  }
+}
+
+TYPED_TEST(ArrayOfLabels, OfAnotherTypeHasItsSizeAndNoTexts) {
+  for (const std::int32_t type : {0, 3, -1}) {
+    const Delivered nothing(*this->template New<TypeParam>(), static_cast<FieldType>(type));
+    EXPECT_TRUE(nothing.done);
+    EXPECT_EQ(nothing.Size(), kSize<TypeParam>);
+    EXPECT_EQ(nothing.texts, "");
   }
 }
 

@@ -52,6 +52,28 @@ TEST_F(RuleLabels, DailyRuleForEveryDay) {
   EXPECT_EQ(Told({.type = REC_DAILY, .sub_type = 1, .options1 = 3}), (Texts{"Type:|Daily", "Sub type:|Every day"}));
 }
 
+TEST_F(RuleLabels, SubTypeThatIsNotZeroCountsAsOne) {
+  for (const std::int32_t type : {REC_DAILY, REC_MONTHLY, REC_YEARLY}) {
+    const Texts one = Told({.type = type, .sub_type = 1});
+    EXPECT_EQ(Told({.type = type, .sub_type = 2}), one) << type;
+    EXPECT_EQ(Told({.type = type, .sub_type = -1}), one) << type;
+  }
+}
+
+TEST_F(RuleLabels, WeeklyRuleDoesNotReadItsSubType) {
+  EXPECT_EQ(Told({.type = REC_WEEKLY, .sub_type = 1}), Told({.type = REC_WEEKLY, .sub_type = 0}));
+}
+
+TEST_F(RuleLabels, NumbersStandAsTheyAre) {
+  EXPECT_EQ(Told({.type = REC_MONTHLY, .options1 = -1, .options2 = 2'147'483'647}),
+            (Texts{"Type:|Monthly", "Sub type:|Specified day", "Day:|-1", "Month interval:|2147483647"}));
+}
+
+TEST_F(RuleLabels, WeekdayThatIsUnknownIsEmptyWithItsLabel) {
+  EXPECT_EQ(Told({.type = REC_MONTHLY, .sub_type = 1, .options1 = 7})[3], "Day:|");
+  EXPECT_EQ(Told({.type = REC_YEARLY, .sub_type = 1, .options1 = -1})[3], "Day:|");
+}
+
 TEST_F(RuleLabels, WeeklyRuleWithoutADayHasAnEmptyList) {
   EXPECT_EQ(Told({.type = REC_WEEKLY, .options1 = 1}),
             (Texts{"Type:|Weekly", "Occur every:|1week(s)", "Occur in the following days:|"}));
@@ -97,6 +119,10 @@ TEST_F(RuleLabels, MonthElevenHasNoName) {
   EXPECT_EQ(Told({.type = REC_YEARLY, .options1 = 11, .options2 = 1})[2], "Month:|");
 }
 
+TEST_F(RuleLabels, MonthTwelveIsDecember) {
+  EXPECT_EQ(Told({.type = REC_YEARLY, .sub_type = 1, .options2 = 12})[4], "Month:|December");
+}
+
 TEST_F(RuleLabels, OrderIsAWord) {
   const Texts words = {"First", "Second", "Third", "Fourth", "Last"};
   for (std::int32_t week = 0; week < 5; ++week) {
@@ -124,6 +150,14 @@ TEST_F(RuleLabels, RowsFiveToTenStayEmpty) {
 TEST_F(RuleLabels, RuleWithoutNumberAndDateHasNoEnd) { EXPECT_EQ(End(0, Date()), "End type:|No end"); }
 
 TEST_F(RuleLabels, RuleWithANumberTellsIt) { EXPECT_EQ(End(5, Date()), "Occurrences number:|5"); }
+
+TEST_F(RuleLabels, RuleWithANegativeNumberTellsIt) { EXPECT_EQ(End(-1, Date()), "Occurrences number:|-1"); }
+
+TEST_F(RuleLabels, EveryTypeTellsItsEnd) {
+  for (std::int32_t type = REC_EMPTY; type <= REC_YEARLY; ++type) {
+    EXPECT_EQ(LabelRow(*Rule({.type = type}), 11), "End type:|No end") << type;
+  }
+}
 
 TEST_F(RuleLabels, RuleWithADateTellsItWithoutItsTime) {
   EXPECT_EQ(End(0, On("12/31/2024 5:00:00 PM")), "End on:|12/31/2024");
