@@ -46,6 +46,11 @@ TYPED_TEST(ExportFailure, FieldsThatCannotBeHadLeaveAnExistingFileUnlessOfATask)
   EXPECT_EQ(BytesOf(this->Path()), task ? "" : "kept");
 }
 
+TYPED_TEST(ExportFailure, WithoutAConnectionIsRaised) {
+  this->session->DisconnectFromDatabase();
+  EXPECT_EQ(NumberRaised([&] { this->template New<TypeParam>()->Save2File("/no-such-folder/file"); }), 91);
+}
+
 TYPED_TEST(ExportFailure, WithoutASessionIsRaised) {
   EXPECT_EQ(NumberRaised([&] { MakeRef<TypeParam>()->Save2File(this->Path()); }), 91);
 }
@@ -72,6 +77,7 @@ TEST_F(Export, MissingChildIsRecordedUnderTheOwnerAndLeavesTheFileOpen) {
   EXPECT_FALSE(task->Save2File(Path()));
   EXPECT_EQ(session->GetErrorProcedure(), "CTask.Save2File");
   EXPECT_EQ(session->GetErrorCode(), 91);
+  EXPECT_THAT(BytesOf(Path()), EndsWith("\r\nNotification\r\n"));
   EXPECT_EQ(FreeFile(), 2);
 }
 

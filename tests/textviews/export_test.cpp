@@ -67,6 +67,12 @@ TEST_F(Export, ContactIsAskedForItsFieldsTwice) {
                            "SELECT * FROM Folders WHERE FLD_ID=900", "SELECT * FROM Categories WHERE CAT_ID=901"}));
 }
 
+TEST_F(Export, ContactAskedInVainOnlyTheFirstTimeIsAnEmptyLine) {
+  const Ref<CContact> contact = FullContact();
+  FailCall(1);
+  EXPECT_EQ(Exported(*contact), "\r\n");
+}
+
 TEST_F(Export, ContactsTextClearsAnOldError) {
   LeaveAnOldError();
   New<CContact>()->ToString();
@@ -112,6 +118,11 @@ TEST_F(Export, ChangesNoFlag) {
   alarm->ResetFlagsX(false, false);
   Exported(*alarm);
   EXPECT_EQ(Flags(*alarm), "old clear");
+}
+
+TEST_F(Export, OfARecordWithoutReferencesNeedsNoConnection) {
+  session->DisconnectFromDatabase();
+  EXPECT_EQ(Exported(*New<CTask>()), Expected("new_task"));
 }
 
 TEST_F(Export, IsOpenToASessionThatMayOnlyRead) {
