@@ -46,6 +46,15 @@ TYPED_TEST(ExportFailure, FieldsThatCannotBeHadLeaveAnExistingFileUnlessOfATask)
   EXPECT_EQ(BytesOf(this->Path()), task ? "" : "kept");
 }
 
+TYPED_TEST(ExportFailure, WithAllNumbersTakenIsRecordedAndTouchesNoFile) {
+  for (std::int32_t number = 1; number <= 511; ++number) OpenForOutput(this->Path("taken.txt"), number);
+  EXPECT_FALSE(this->template New<TypeParam>()->Save2File(this->Path()));
+  EXPECT_EQ(this->session->GetErrorProcedure(), this->Member("Save2File"));
+  EXPECT_EQ(this->session->GetErrorCode(), 67);
+  EXPECT_FALSE(std::filesystem::exists(this->Path()));
+  for (std::int32_t number = 1; number <= 511; ++number) CloseFile(number);
+}
+
 TYPED_TEST(ExportFailure, WithoutAConnectionIsRaised) {
   this->session->DisconnectFromDatabase();
   EXPECT_EQ(NumberRaised([&] { this->template New<TypeParam>()->Save2File("/no-such-folder/file"); }), 91);
@@ -94,13 +103,6 @@ TEST_F(Export, NumberLeftOpenIsNotTheNextExports) {
   task->Recurrence = nullptr;
   EXPECT_FALSE(task->Save2File(Path("failed.txt")));
   EXPECT_EQ(Exported(*New<CNote>()), Expected("new_note"));
-}
-
-TEST_F(Export, ExportWithAllNumbersTakenIsRecorded) {
-  for (std::int32_t number = 1; number <= 511; ++number) OpenForOutput(Path("taken.txt"), number);
-  EXPECT_FALSE(New<CNote>()->Save2File(Path()));
-  EXPECT_EQ(session->GetErrorCode(), 67);
-  for (std::int32_t number = 1; number <= 511; ++number) CloseFile(number);
 }
 
 template <class Child>
