@@ -60,6 +60,13 @@ TYPED_TEST(ExportFailure, WithoutAConnectionIsRaised) {
   EXPECT_EQ(NumberRaised([&] { this->template New<TypeParam>()->Save2File("/no-such-folder/file"); }), 91);
 }
 
+TYPED_TEST(ExportFailure, WithoutAConnectionHasClearedAnOldErrorFirst) {
+  this->LeaveAnOldError();
+  this->session->DisconnectFromDatabase();
+  EXPECT_TRUE(Raised([&] { this->template New<TypeParam>()->Save2File("/no-such-folder/file"); }));
+  EXPECT_EQ(this->session->GetEntireErrorDesc(), "[" + this->Member("Save2File") + "] Error: 0 - ");
+}
+
 TYPED_TEST(ExportFailure, WithoutASessionIsRaised) {
   EXPECT_EQ(NumberRaised([&] { MakeRef<TypeParam>()->Save2File(this->Path()); }), 91);
 }

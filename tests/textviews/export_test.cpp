@@ -108,11 +108,6 @@ TEST_F(Export, NewFileIsPrivate) {
   EXPECT_EQ(status.st_mode & 0777, 0600u);
 }
 
-TEST_F(Export, ClosesItsFile) {
-  Exported(*FullAlarm());
-  EXPECT_EQ(FreeFile(), 1);
-}
-
 TEST_F(Export, ChangesNoFlag) {
   const Ref<CAlarm> alarm = New<CAlarm>();
   alarm->ResetFlagsX(false, false);
@@ -133,6 +128,11 @@ TEST_F(Export, IsOpenToASessionThatMayOnlyRead) {
 template <class R>
 using ExportOfEachOwner = ExportOfOwner<R>;
 TYPED_TEST_SUITE(ExportOfEachOwner, Owners);
+
+TYPED_TEST(ExportOfEachOwner, ClosesItsFile) {
+  EXPECT_TRUE(this->template New<TypeParam>()->Save2File(this->Path()));
+  EXPECT_EQ(FreeFile(), 1);
+}
 
 TYPED_TEST(ExportOfEachOwner, ClearsAnOldError) {
   this->LeaveAnOldError();
