@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "platform/date.h"
-#include "platform/reference.h"
 #include "platform/value.h"
 #include "session/fields_array.h"
 #include "session/property.h"
@@ -76,19 +75,19 @@ std::string NumberFromZero(const R& record) {
 
 template <class R>
 std::string FolderOf(const R& record) {
-  return FolderName(Deref(record.Session()), record.FolderID);
+  return FolderName(record.Session(), record.FolderID);
 }
 
 /// A reference below 1 is none, and nothing is looked up for it.
 template <class R>
 std::string CategoryOf(const R& record) {
-  return record.CategoryID < 1 ? std::string() : CategoryName(Deref(record.Session()), record.CategoryID);
+  return record.CategoryID < 1 ? std::string() : CategoryName(record.Session(), record.CategoryID);
 }
 
 /// The same, looked up whatever the reference is.
 template <class R>
 std::string CategoryLookedUp(const R& record) {
-  return CategoryName(Deref(record.Session()), record.CategoryID);
+  return CategoryName(record.Session(), record.CategoryID);
 }
 
 /// The moment of the reminder: as many months before the start as `Reminder` says. Clients know it in months, whatever

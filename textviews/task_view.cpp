@@ -6,7 +6,7 @@
 namespace zef {
 namespace {
 
-std::string StatusOf(const CTask& task) { return StatusName(Deref(task.Session()), task.StatusID); }
+std::string StatusOf(const CTask& task) { return StatusName(task.Session(), task.StatusID); }
 
 constexpr NamedValue<CTask> kLabels[] = {
     {"Name:", Plain<&CTask::Name>},

@@ -128,9 +128,10 @@ std::vector<std::string> TableText::Relationships() const {
 }
 
 bool TableText::RemoveConstraint(std::string_view name) {
+  const std::string sought = text::LowerCase(name);
   const auto found = std::find_if(items_.begin(), items_.end(), [&](const std::string& item) {
     const NamedConstraint constraint = ConstraintIn(item);
-    return !constraint.kind.empty() && text::EqualNames(constraint.name, name);
+    return !constraint.kind.empty() && text::LowerCase(constraint.name) == sought;
   });
   if (found == items_.end()) return false;
   items_.erase(found);

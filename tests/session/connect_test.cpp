@@ -50,6 +50,13 @@ TEST_F(Connecting, PutsTheFileNameIntoTheConnectionStringAsItStands) {
   EXPECT_TRUE(session->Connect2Database(database.path() + ";Mode=3", "", ""));
 }
 
+TEST_F(Connecting, ConnectionThatAClientAssignsIsUsed) {
+  session->conDBConnection = database.Connect();
+  EXPECT_GT(session->GetFolderIDByCriteria("FLD_Name='Tasks'"), 0);
+  EXPECT_FALSE(session->IsConnected());
+  EXPECT_TRUE(session->DisconnectFromDatabase());
+}
+
 TEST(FileConnectionString, WithoutAPasswordEndsInTheAccount) {
   EXPECT_EQ(FileConnectionString("people.db", ""),
             "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=people.db;User ID=Admin");

@@ -102,6 +102,13 @@ TEST(ErrorRecord, LargestCodeCanBeRead) {
   EXPECT_EQ(session->GetErrorCode(), 2147483647);
 }
 
+TEST(ErrorRecord, CanBeRecordedAgainFromItsOwnTexts) {
+  const auto session = MakeRef<CSession>();
+  session->RecordError("Earlier", 1, "one");
+  session->RecordError(session->GetErrorDescription(), 2, session->GetErrorProcedure());
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[one] Error: 2 - Earlier");
+}
+
 using ErrorRecordOnConnection = SessionTest;
 
 TEST_F(ErrorRecordOnConnection, WithoutCodeTakesTheRunTimeFailure) {

@@ -82,13 +82,29 @@ const Opening kOpenings[] = {
     {"LoadNotesWithCriteria", [](CSession& s) { s.LoadNotesWithCriteria(MakeRef<CNotes>(), ""); }, kReading},
     {"LoadContactsWithCriteria", [](CSession& s) { s.LoadContactsWithCriteria(MakeRef<CContacts>(), ""); }, kReading},
     {"LoadContactTags", [](CSession& s) { s.LoadContactTagsWithCriteria(MakeRef<CTags>(), ""); }, kReading},
+    {"LoadAlarmsWithCriteria", [](CSession& s) { s.LoadAlarmsWithCriteria(MakeRef<CAlarms>(), ""); }, kReading},
+    {"LoadCategories", [](CSession& s) { s.LoadCategoriesWithCriteria(MakeRef<CCategories>(), ""); }, kReading},
+    {"LoadPhoneLogs", [](CSession& s) { s.LoadPhoneLogsWithCriteria(MakeRef<CPhoneLogs>(), ""); }, kReading},
     {"GetUser", [](CSession& s) { s.GetUser(1); }, kReading},
     {"GetUsersNo", [](CSession& s) { s.GetUsersNo(); }, kReading},
     {"GetUserID4Name", [](CSession& s) { s.GetUserID4Name("Admin"); }, kReading},
     {"CheckUser", [](CSession& s) { s.CheckUser("Admin", ""); }, kReading},
     {"LoadUserTags", [](CSession& s) { s.LoadUserTags(MakeRef<CTags>(), ""); }, kReading},
+    {"LoadUsersWithCriteria", [](CSession& s) { s.LoadUsersWithCriteria(MakeRef<CUsers>(), ""); }, kReading},
     {"LoadTaskStatusList", [](CSession& s) { s.LoadTaskStatusList(MakeRef<CTags>()); }, kReading},
+    {"LoadTaskPriorityList", [](CSession& s) { s.LoadTaskPriorityList(MakeRef<CTags>()); }, kReading},
+    {"LoadStateTags", [](CSession& s) { s.LoadStateTags(MakeRef<CTags>()); }, kReading},
+    {"LoadCountryTags", [](CSession& s) { s.LoadCountryTags(MakeRef<CTags>()); }, kReading},
+    {"GetTaskStatus", [](CSession& s) { s.GetTaskStatus(1); }, kReading},
+    {"GetTaskPriority", [](CSession& s) { s.GetTaskPriority(1); }, kReading},
+    {"GetStateTag", [](CSession& s) { s.GetStateTag(1); }, kReading},
     {"GetCountryTag", [](CSession& s) { s.GetCountryTag(1); }, kReading},
+    {"GetDBInfo",
+     [](CSession& s) {
+       std::string version, type;
+       s.GetDBInfo(version, type);
+     },
+     kReading},
     {"CreateTask", [](CSession& s) { s.CreateTask(); }, kSequence},
     {"DuplicateEvent", [](CSession& s) { s.DuplicateEvent(6); },
      kReading + "; " + kSequence + "; " + kSequence + "; " + kSequence},
@@ -100,6 +116,12 @@ const Opening kOpenings[] = {
      kSequence},
     // What these read they read through the connection.
     {"DeleteEvent", [](CSession& s) { s.DeleteEvent(6); }, ""},
+    {"UpgradeDBToVersion9_2_1",
+     [](CSession& s) {
+       std::string version = "9.1.", message;
+       s.UpgradeDBToVersion9_2_1(version, message);
+     },
+     ""},
     {"SaveOfAnUnchangedFolder", [](CSession& s) { s.GetFolder(8)->Save(); }, kReading},
     {"RefreshOfATask", [](CSession& s) { s.GetTask(5)->Refresh(); }, kReading},
 };

@@ -3,8 +3,13 @@
 #include <functional>
 #include <ostream>
 
+#include "addressbook/contact.h"
+#include "addressbook/phone_log.h"
+#include "calendar/alarm.h"
 #include "calendar/event.h"
+#include "folders/category.h"
 #include "folders/folder.h"
+#include "notes/note.h"
 #include "tasks/task.h"
 #include "tests/support/dump.h"
 #include "tests/support/engine_wrapper.h"
@@ -96,24 +101,80 @@ bool SaveNew(CSession& session) {
   return record->Save();
 }
 
+/// Without `ResetFlags`, which would make the alarm save an attachment that it does not have.
+bool SaveNewAlarm(CSession& session) {
+  const auto alarm = MakeRef<CAlarm>();
+  alarm->SetSession(Ref<CSession>(&session));
+  alarm->ID = 77;
+  alarm->Text = "new";
+  return alarm->Save();
+}
+
+template <auto Create>
+bool Creates(CSession& session) {
+  return (session.*Create)() != nullptr;
+}
+template <auto Duplicate>
+bool Duplicates(CSession& session) {
+  return (session.*Duplicate)(1) != nullptr;
+}
+template <auto Delete>
+bool Deletes(CSession& session) {
+  return (session.*Delete)(1);
+}
+
+// The way out of these passes through the rollback, which writes over the texts of the refusal.
+constexpr char kRollback[] = "RollbackTransaction";
+constexpr char kRolledBack[] = "No transaction is started.";
+
+/// All of them but `DeleteCategory` and `DeleteFolder`, whose refusals touch the connection; the folders' tests show
+/// those.
 const Guarded kGuarded[] = {
-    {"CreateFolder", "CSession.CreateFolder", false, [](CSession& s) { return s.CreateFolder() != nullptr; }},
-    {"SaveFolder", "CAlarm.Save", true, &SaveNew<CFolder>},
-    {"CreateTask", "CSession.CreateTask", false, [](CSession& s) { return s.CreateTask() != nullptr; }},
-    {"SaveTask", "CTask.Save", true, &SaveNew<CTask>},
-    {"CreateEvent", "CSession.CreateEvent", false, [](CSession& s) { return s.CreateEvent() != nullptr; }},
-    {"DuplicateEvent", "CSession.DuplicateEvent", true, [](CSession& s) { return s.DuplicateEvent(1) != nullptr; }},
-    // Its way out passes through the rollback, which writes over the texts of the refusal.
-    {"DeleteEvent", "RollbackTransaction", true, [](CSession& s) { return s.DeleteEvent(1); },
-     "No transaction is started."},
+    {"CopyFolder", kRollback, true, [](CSession& s) { return s.CopyFolder(100, 4); }, kRolledBack},
+    {"CreateFolder", "CSession.CreateFolder", false, &Creates<&CSession::CreateFolder>},
+    {"DuplicateAlarm", "CSession.DuplicateAlarm", true, &Duplicates<&CSession::DuplicateAlarm>},
+    {"CreateAlarm", "CSession.CreateAlarm", false, &Creates<&CSession::CreateAlarm>},
+    {"DeleteAlarm", kRollback, true, &Deletes<&CSession::DeleteAlarm>, kRolledBack},
+    {"DuplicateContact", "CSession.DuplicateContact", true, &Duplicates<&CSession::DuplicateContact>},
+    {"CreateContact", "CSession.CreateContact", false, &Creates<&CSession::CreateContact>},
+    {"DeleteContact", "CSession.DeleteContact", true, &Deletes<&CSession::DeleteContact>},
+    {"DuplicateTask", "CSession.DuplicateTask", true, &Duplicates<&CSession::DuplicateTask>},
+    {"CreateTask", "CSession.CreateTask", false, &Creates<&CSession::CreateTask>},
+    {"DeleteTask", kRollback, true, &Deletes<&CSession::DeleteTask>, kRolledBack},
+    {"CreateNote", "CSession.CreateNote", false, &Creates<&CSession::CreateNote>},
+    {"DuplicateNote", "CSession.DuplicateNote", true, &Duplicates<&CSession::DuplicateNote>},
+    {"DeleteNote", "CSession.DeleteNote", true, &Deletes<&CSession::DeleteNote>},
+    {"CreateEvent", "CSession.CreateEvent", false, &Creates<&CSession::CreateEvent>},
+    {"DuplicateEvent", "CSession.DuplicateEvent", true, &Duplicates<&CSession::DuplicateEvent>},
+    {"DeleteEvent", kRollback, true, &Deletes<&CSession::DeleteEvent>, kRolledBack},
+    {"DeleteUser", "CSession.DeleteUser", true, &Deletes<&CSession::DeleteUser>},
+    {"DeletePhoneLog", "CSession.DeletePhoneLog", true, &Deletes<&CSession::DeletePhoneLog>},
+    {"CreatePhoneLog", "CSession.CreatePhoneLog", false, &Creates<&CSession::CreatePhoneLog>},
+    {"SaveAlarm", "CAlarm.Save", true, &SaveNewAlarm},
+    {"SaveContact", "CContact.Save", true, &SaveNew<CContact>},
     {"SaveEvent", "CEvent.Save", true, &SaveNew<CEvent>},
-    {"DeleteUser", "CSession.DeleteUser", true, [](CSession& s) { return s.DeleteUser(1); }},
+    {"SaveFolder", "CAlarm.Save", true, &SaveNew<CFolder>},
+    {"SaveNote", "CNote.Save", true, &SaveNew<CNote>},
+    {"SavePhoneLog", "CPhoneLog.Save", true, &SaveNew<CPhoneLog>},
+    {"SaveTask", "CTask.Save", true, &SaveNew<CTask>},
+    {"SaveCategory", "CCategory.Save", true, &SaveNew<CCategory>},
+};
+
+/// A row of each kind, under the identifier 1.
+constexpr const char* kRows[] = {
+    "INSERT INTO Folders (FLD_ID,FLD_ParentID,FLD_Name) VALUES (100,0,'Source')",
+    "INSERT INTO Events (EVE_ID,EVE_FolderID,EVE_Text) VALUES (1,6,'kept')",
+    "INSERT INTO Alarms (ALA_ID,ALA_FolderID,ALA_Text) VALUES (1,5,'kept')",
+    "INSERT INTO Contacts (CNT_ID,CNT_FolderID,CNT_LastName) VALUES (1,2,'kept')",
+    "INSERT INTO Tasks (TSK_ID,TSK_FolderID,TSK_Name) VALUES (1,3,'kept')",
+    "INSERT INTO Notes (NOT_ID,NOT_FolderID,NOT_Title) VALUES (1,4,'kept')",
+    "INSERT INTO PhoneLogs (PL_ID,PL_ContactID,PL_Subject) VALUES (1,1,'kept')",
 };
 
 class Refusal : public testing::TestWithParam<Guarded> {
  protected:
   Refusal() {
-    connection().Execute("INSERT INTO Events (EVE_ID, EVE_FolderID, EVE_Text) VALUES (1, 6, 'kept')");
+    for (const char* row : kRows) connection().Execute(row);
     session->UserRights = DataViewer;
   }
   Connection& connection() { return *session->conDBConnection; }

@@ -1,22 +1,13 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
-#include "platform/text_file.h"
-#include "tests/textviews/full_records.h"
+#include "tests/textviews/export_fixture.h"
 
 namespace zef::test {
 namespace {
 
 using testing::EndsWith;
 using testing::HasSubstr;
-using testing::Not;
-class Export : public FullRecords {
- protected:
-  /// Closes what a failure has left open, so that the next test finds all numbers free.
-  ~Export() override {
-    while (FreeFile() > 1) CloseFile(FreeFile() - 1);
-  }
-};
 
 TEST_F(Export, FullNoteIsWrittenAsExpected) { EXPECT_EQ(Exported(*FullNote()), Expected("note")); }
 TEST_F(Export, FullAlarmIsWrittenWithItsChildrenAsExpected) { EXPECT_EQ(Exported(*FullAlarm()), Expected("alarm")); }
@@ -55,10 +46,37 @@ TEST_F(Export, AlarmHasItsNotificationOnce) {
   EXPECT_EQ(bytes.find("Notification\r\n"), bytes.rfind("Notification\r\n"));
 }
 
+TEST_F(Export, RulesOfAllTypesAreWrittenAsExpected) {
+  OpenForOutput(Path(), 1);
+  for (const std::int32_t type : {REC_EMPTY, REC_DAILY, REC_WEEKLY, REC_MONTHLY, REC_YEARLY}) {
+    for (const std::int32_t sub_type : {0, 1}) EXPECT_TRUE(RuleOf(type, sub_type)->Save2File(1));
+  }
+  CloseFile(1);
+  EXPECT_EQ(BytesOf(Path()), Expected("rules"));
+}
+
 TEST_F(Export, ContactEndsInAnEmptyLine) { EXPECT_THAT(Exported(*FullContact()), EndsWith("\r\n\r\n")); }
 
 TEST_F(Export, ContactsTextIsThatOfTheFileWithoutTheEmptyLine) {
   EXPECT_EQ(New<CContact>()->ToString() + "\r\n", Expected("new_contact"));
+}
+
+TEST_F(Export, ContactIsAskedForItsFieldsTwice) {
+  Exported(*FullContact());
+  EXPECT_EQ(Sent(), (Texts{"SELECT * FROM Folders WHERE FLD_ID=900", "SELECT * FROM Categories WHERE CAT_ID=901",
+                           "SELECT * FROM Folders WHERE FLD_ID=900", "SELECT * FROM Categories WHERE CAT_ID=901"}));
+}
+
+TEST_F(Export, ContactAskedInVainOnlyTheFirstTimeIsAnEmptyLine) {
+  const Ref<CContact> contact = FullContact();
+  FailCall(1);
+  EXPECT_EQ(Exported(*contact), "\r\n");
+}
+
+TEST_F(Export, ContactsTextClearsAnOldError) {
+  LeaveAnOldError();
+  New<CContact>()->ToString();
+  EXPECT_FALSE(session->GetErrorFlag());
 }
 
 TEST_F(Export, ContactsTextKeepsWhatTheFileCannotHold) {
@@ -90,17 +108,6 @@ TEST_F(Export, NewFileIsPrivate) {
   EXPECT_EQ(status.st_mode & 0777, 0600u);
 }
 
-TEST_F(Export, ClosesItsFile) {
-  Exported(*FullAlarm());
-  EXPECT_EQ(FreeFile(), 1);
-}
-
-TEST_F(Export, ClearsAnOldError) {
-  LeaveAnOldError();
-  Exported(*New<CNote>());
-  EXPECT_FALSE(session->GetErrorFlag());
-}
-
 TEST_F(Export, ChangesNoFlag) {
   const Ref<CAlarm> alarm = New<CAlarm>();
   alarm->ResetFlagsX(false, false);
@@ -108,134 +115,48 @@ TEST_F(Export, ChangesNoFlag) {
   EXPECT_EQ(Flags(*alarm), "old clear");
 }
 
+TEST_F(Export, OfARecordWithoutReferencesNeedsNoConnection) {
+  session->DisconnectFromDatabase();
+  EXPECT_EQ(Exported(*New<CTask>()), Expected("new_task"));
+}
+
 TEST_F(Export, IsOpenToASessionThatMayOnlyRead) {
   session->UserRights = DataViewer;
   EXPECT_EQ(Exported(*New<CNote>()), Expected("new_note"));
 }
 
-// ---- Failures
-
 template <class R>
-class ExportFailure : public Export {
- protected:
-  /// A record whose folder or category cannot be looked up.
-  Ref<R> RecordThatCannotBeShown() {
-    const Ref<R> record = this->template New<R>();
-    record->CategoryID = 901;
-    this->Refuse("SELECT * FROM Categories");
-    return record;
-  }
-  static std::string Member(const std::string& member) { return Name(*MakeRef<R>()) + "." + member; }
+using ExportOfEachOwner = ExportOfOwner<R>;
+TYPED_TEST_SUITE(ExportOfEachOwner, Owners);
 
- private:
-  static std::string Name(const CAlarm&) { return "CAlarm"; }
-  static std::string Name(const CContact&) { return "CContact"; }
-  static std::string Name(const CEvent&) { return "CEvent"; }
-  static std::string Name(const CNote&) { return "CNote"; }
-  static std::string Name(const CTask&) { return "CTask"; }
-};
-
-using Owners = testing::Types<CAlarm, CContact, CEvent, CNote, CTask>;
-TYPED_TEST_SUITE(ExportFailure, Owners);
-
-TYPED_TEST(ExportFailure, FolderAsPathIsRecordedUnderTheMember) {
-  EXPECT_FALSE(this->template New<TypeParam>()->Save2File("/"));
-  EXPECT_EQ(this->session->GetErrorProcedure(), this->Member("Save2File"));
-  EXPECT_EQ(this->session->GetErrorCode(), 75);
-}
-
-TYPED_TEST(ExportFailure, MissingFolderIsRecordedAndTakesNoNumber) {
-  EXPECT_FALSE(this->template New<TypeParam>()->Save2File("/no-such-folder/file"));
-  EXPECT_EQ(this->session->GetErrorCode(), 76);
+TYPED_TEST(ExportOfEachOwner, ClosesItsFile) {
+  EXPECT_TRUE(this->template New<TypeParam>()->Save2File(this->Path()));
   EXPECT_EQ(FreeFile(), 1);
 }
 
-TYPED_TEST(ExportFailure, FieldsThatCannotBeHadAreRecordedUnderTheirOwnMember) {
-  EXPECT_FALSE(this->RecordThatCannotBeShown()->Save2File(this->Path()));
-  EXPECT_EQ(this->session->GetErrorProcedure(), this->Member("GetFieldsArray"));
-  EXPECT_EQ(this->session->GetErrorDescription(), "made to fail");
+TYPED_TEST(ExportOfEachOwner, ClearsAnOldError) {
+  this->LeaveAnOldError();
+  EXPECT_TRUE(this->template New<TypeParam>()->Save2File(this->Path()));
+  EXPECT_EQ(this->session->GetEntireErrorDesc(), "[] Error: 0 - ");
 }
 
-TYPED_TEST(ExportFailure, FieldsThatCannotBeHadLeaveAnEmptyOpenFileOfATaskAndNoOther) {
-  EXPECT_FALSE(this->RecordThatCannotBeShown()->Save2File(this->Path()));
-  const bool task = std::is_same_v<TypeParam, CTask>;
-  EXPECT_EQ(std::filesystem::exists(this->Path()), task);
-  EXPECT_EQ(BytesOf(this->Path()), "");
-  EXPECT_EQ(FreeFile(), task ? 2 : 1);
-}
-
-TYPED_TEST(ExportFailure, WithoutASessionIsRaised) {
-  EXPECT_EQ(NumberRaised([&] { MakeRef<TypeParam>()->Save2File(this->Path()); }), 91);
-}
-
-TEST_F(Export, ChildThatFailsLeavesTheFileOpenWithWhatWasWritten) {
-  const Ref<CEvent> event = New<CEvent>();
-  event->Recurrence->EndDate = Date(1e9);
-  EXPECT_FALSE(event->Save2File(Path()));
-  EXPECT_THAT(BytesOf(Path()), EndsWith("\r\nRecurrence\r\n"));
-  EXPECT_EQ(FreeFile(), 2);
-}
-
-TEST_F(Export, ChildThatFailsIsRecordedUnderItsOwnMember) {
-  const Ref<CAlarm> alarm = New<CAlarm>();
-  alarm->Notification->SendingDate = Date(1e9);
-  EXPECT_FALSE(alarm->Save2File(Path()));
-  EXPECT_EQ(session->GetErrorProcedure(), "CNotification.GetFieldsArray");
-  EXPECT_THAT(BytesOf(Path()), Not(HasSubstr("Recurrence")));
-}
-
-TEST_F(Export, MissingChildIsRecordedUnderTheOwnerAndLeavesTheFileOpen) {
-  const Ref<CTask> task = New<CTask>();
-  task->Notification = nullptr;
-  EXPECT_FALSE(task->Save2File(Path()));
-  EXPECT_EQ(session->GetErrorProcedure(), "CTask.Save2File");
-  EXPECT_EQ(session->GetErrorCode(), 91);
-  EXPECT_EQ(FreeFile(), 2);
-}
-
-TEST_F(Export, NumberLeftOpenIsNotTheNextExports) {
-  const Ref<CTask> task = New<CTask>();
-  task->Recurrence = nullptr;
-  EXPECT_FALSE(task->Save2File(Path("failed.txt")));
-  EXPECT_EQ(Exported(*New<CNote>()), Expected("new_note"));
-}
-
-TEST_F(Export, ExportWithAllNumbersTakenIsRecorded) {
-  for (std::int32_t number = 1; number <= 511; ++number) OpenForOutput(Path("taken.txt"), number);
-  EXPECT_FALSE(New<CNote>()->Save2File(Path()));
-  EXPECT_EQ(session->GetErrorCode(), 67);
-  for (std::int32_t number = 1; number <= 511; ++number) CloseFile(number);
-}
-
-template <class Child>
-class ExportOfChild : public Export {
- protected:
-  static std::string Procedure(const CNotification&) { return "CNotification.Save2File"; }
-  static std::string Procedure(const CRecurrence&) { return "CRecurrence.Save2File"; }
-  static std::string Procedure(const CAttachement&) { return "CAttachement.Save2File"; }
-};
-
-using Children = testing::Types<CNotification, CRecurrence, CAttachement>;
 TYPED_TEST_SUITE(ExportOfChild, Children);
 
-TYPED_TEST(ExportOfChild, NumberWithoutAFileIsRecordedUnderTheMember) {
-  const Ref<TypeParam> child = this->template New<TypeParam>();
-  EXPECT_FALSE(child->Save2File(99));
-  EXPECT_EQ(this->session->GetErrorProcedure(), this->Procedure(*child));
-  EXPECT_EQ(this->session->GetErrorCode(), 52);
+TYPED_TEST(ExportOfChild, GoesBehindWhatItsOwnerHasWritten) {
+  Print(1, "Heading\r\n");
+  EXPECT_TRUE(this->child->Save2File(1));
+  EXPECT_THAT(BytesOf(this->Path()), testing::StartsWith("Heading\r\n" + this->LabelRow(*this->child, 0).substr(0, 5)));
 }
 
 TYPED_TEST(ExportOfChild, LeavesItsOwnersFileOpen) {
-  OpenForOutput(this->Path(), 1);
-  EXPECT_TRUE(this->template New<TypeParam>()->Save2File(1));
+  EXPECT_TRUE(this->child->Save2File(1));
   EXPECT_EQ(FreeFile(), 2);
 }
 
-TEST_F(Export, ContactsTextIsEmptyIfItsFieldsCannotBeHad) {
-  const Ref<CContact> contact = New<CContact>();
-  contact->FolderID = 12345;
-  EXPECT_EQ(contact->ToString(), "");
-  EXPECT_EQ(session->GetErrorProcedure(), "CContact.GetFieldsArray");
+TYPED_TEST(ExportOfChild, ClearsAnOldError) {
+  this->LeaveAnOldError();
+  EXPECT_TRUE(this->child->Save2File(1));
+  EXPECT_EQ(this->session->GetEntireErrorDesc(), "[] Error: 0 - ");
 }
 
 }  // namespace

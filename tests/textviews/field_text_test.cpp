@@ -112,9 +112,18 @@ TEST_F(FieldText, UnknownNameIsEmpty) {
 }
 
 TEST_F(FieldText, DateThatIsZeroIsEmpty) {
-  EXPECT_EQ(New<CTask>()->Field2String("TSK_DueDate"), "");
-  EXPECT_EQ(New<CContact>()->Field2String("CNT_BirthDate"), "");
+  const Ref<CAlarm> alarm = New<CAlarm>();
+  alarm->StartDate = Date();
+  ExpectTexts(*alarm, {{"ALA_STARTDATE", ""}});
+  const Ref<CEvent> event = New<CEvent>();
+  event->StartDate = Date();
+  event->EndDate = Date();
+  ExpectTexts(*event, {{"EVE_StartDate", ""}, {"EVE_EndDate", ""}});
+  ExpectTexts(*New<CTask>(), {{"TSK_StartDate", ""}, {"TSK_DueDate", ""}, {"TSK_DateCompleted", ""}});
+  ExpectTexts(*New<CContact>(), {{"CNT_BirthDate", ""}, {"CNT_Anniversary", ""}, {"CNT_LastMeetingDate", ""}});
 }
+
+TEST_F(FieldText, NumberThatIsZeroIsShown) { EXPECT_EQ(New<CTask>()->Field2String("TSK_Completed"), "0"); }
 
 TEST_F(FieldText, ReminderOfMinusOneIsEmpty) {
   const Ref<CEvent> event = FullEvent();
@@ -132,6 +141,14 @@ TEST_F(FieldText, ReminderWithoutAStartIsEmpty) {
   const Ref<CAlarm> alarm = FullAlarm();
   alarm->StartDate = Date();
   EXPECT_EQ(alarm->Field2String("ALA_REMINDERDATE"), "");
+}
+
+TEST_F(FieldText, ReminderOfAnAlarmIsThatOfAnEvent) {
+  const Ref<CAlarm> alarm = FullAlarm();
+  alarm->Reminder = -1;
+  EXPECT_EQ(alarm->Field2String("ALA_REMINDERDATE"), "");
+  alarm->Reminder = 0;
+  EXPECT_EQ(alarm->Field2String("ALA_REMINDERDATE"), "7/8/2024");
 }
 
 TEST_F(FieldText, ReminderGoesToTheEndOfAShorterMonth) {
@@ -156,6 +173,16 @@ TEST_F(FieldText, CategoryWithoutARowIsEmpty) {
 TEST_F(FieldText, MissingCategoryIsLookedUpToo) {
   EXPECT_EQ(New<CNote>()->Field2String("CAT_Name"), "");
   EXPECT_EQ(Sent(), Texts{"SELECT * FROM Categories WHERE CAT_ID=-1"});
+}
+
+TEST_F(FieldText, CategoryWithoutASessionIsRaised) {
+  EXPECT_EQ(NumberRaised([] { MakeRef<CNote>()->Field2String("CAT_Name"); }), 91);
+}
+
+TEST_F(FieldText, OtherColumnsLookNothingUp) {
+  FullContact()->Field2String("CNT_Company");
+  FullEvent()->Field2String("EVE_Reminder");
+  EXPECT_EQ(Sent(), Texts{});
 }
 
 TEST_F(FieldText, LookupThatFailsIsRaised) {

@@ -75,6 +75,21 @@ class FullRecords : public ViewTest {
     return task;
   }
 
+  /// A rule with every option set, whether its type reads it or not.
+  Ref<CRecurrence> RuleOf(std::int32_t type, std::int32_t sub_type) {
+    const Ref<CRecurrence> rule = New<CRecurrence>();
+    rule->RType = type;
+    rule->SubType = sub_type;
+    rule->Options1 = 2;
+    rule->Options2 = 1;
+    rule->WeekNumber = 4;
+    rule->Tuesday = true;
+    rule->Sunday = true;
+    rule->EndDate = Date();
+    rule->OccurencesNo = type;
+    return rule;
+  }
+
   Ref<CContact> FullContact() {
     const Ref<CContact> contact = New<CContact>();
     FillPerson(*contact);

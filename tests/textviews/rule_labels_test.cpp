@@ -28,7 +28,7 @@ class RuleLabels : public ViewTest {
   }
   /// The rows that tell what a rule is.
   Texts Told(const CRecurrence& rule) {
-    Texts rows = Rows(rule);
+    Texts rows = LabelRows(rule);
     rows.resize(11);
     while (!rows.empty() && (rows.back().empty() || rows.back() == "|")) rows.pop_back();
     return rows;
@@ -38,7 +38,7 @@ class RuleLabels : public ViewTest {
     const Ref<CRecurrence> rule = Rule({});
     rule->OccurencesNo = occurrences;
     rule->EndDate = end;
-    return Row(*rule, 11);
+    return LabelRow(*rule, 11);
   }
 };
 
@@ -50,6 +50,28 @@ TEST_F(RuleLabels, DailyRuleWithAnInterval) {
 
 TEST_F(RuleLabels, DailyRuleForEveryDay) {
   EXPECT_EQ(Told({.type = REC_DAILY, .sub_type = 1, .options1 = 3}), (Texts{"Type:|Daily", "Sub type:|Every day"}));
+}
+
+TEST_F(RuleLabels, SubTypeThatIsNotZeroCountsAsOne) {
+  for (const std::int32_t type : {REC_DAILY, REC_MONTHLY, REC_YEARLY}) {
+    const Texts one = Told({.type = type, .sub_type = 1});
+    EXPECT_EQ(Told({.type = type, .sub_type = 2}), one) << type;
+    EXPECT_EQ(Told({.type = type, .sub_type = -1}), one) << type;
+  }
+}
+
+TEST_F(RuleLabels, WeeklyRuleDoesNotReadItsSubType) {
+  EXPECT_EQ(Told({.type = REC_WEEKLY, .sub_type = 1}), Told({.type = REC_WEEKLY, .sub_type = 0}));
+}
+
+TEST_F(RuleLabels, NumbersStandAsTheyAre) {
+  EXPECT_EQ(Told({.type = REC_MONTHLY, .options1 = -1, .options2 = 2'147'483'647}),
+            (Texts{"Type:|Monthly", "Sub type:|Specified day", "Day:|-1", "Month interval:|2147483647"}));
+}
+
+TEST_F(RuleLabels, WeekdayThatIsUnknownIsEmptyWithItsLabel) {
+  EXPECT_EQ(Told({.type = REC_MONTHLY, .sub_type = 1, .options1 = 7})[3], "Day:|");
+  EXPECT_EQ(Told({.type = REC_YEARLY, .sub_type = 1, .options1 = -1})[3], "Day:|");
 }
 
 TEST_F(RuleLabels, WeeklyRuleWithoutADayHasAnEmptyList) {
@@ -68,7 +90,8 @@ TEST_F(RuleLabels, WeeklyRuleListsItsDaysWithABlankBehindEach) {
 TEST_F(RuleLabels, WeeklyRuleOfAllDaysListsThemFromMonday) {
   const Ref<CRecurrence> rule = Rule({.type = REC_WEEKLY});
   rule->Monday = rule->Tuesday = rule->Wendsday = rule->Thursday = rule->Friday = rule->Saturday = rule->Sunday = true;
-  EXPECT_EQ(Row(*rule, 2), "Occur in the following days:|Monday Tuesday Wendsday Thursday Friday Saturday Sunday ");
+  EXPECT_EQ(LabelRow(*rule, 2),
+            "Occur in the following days:|Monday Tuesday Wendsday Thursday Friday Saturday Sunday ");
 }
 
 TEST_F(RuleLabels, MonthlyRuleForADay) {
@@ -96,6 +119,10 @@ TEST_F(RuleLabels, MonthElevenHasNoName) {
   EXPECT_EQ(Told({.type = REC_YEARLY, .options1 = 11, .options2 = 1})[2], "Month:|");
 }
 
+TEST_F(RuleLabels, MonthTwelveIsDecember) {
+  EXPECT_EQ(Told({.type = REC_YEARLY, .sub_type = 1, .options2 = 12})[4], "Month:|December");
+}
+
 TEST_F(RuleLabels, OrderIsAWord) {
   const Texts words = {"First", "Second", "Third", "Fourth", "Last"};
   for (std::int32_t week = 0; week < 5; ++week) {
@@ -112,17 +139,25 @@ TEST_F(RuleLabels, OrderThatIsUnknownIsEmptyWithItsLabel) {
 
 TEST_F(RuleLabels, UnknownTypeTellsOnlyItsEnd) {
   for (const std::int32_t type : {5, -1}) EXPECT_EQ(Told({.type = type}), Texts{}) << type;
-  EXPECT_EQ(Row(*Rule({.type = 5}), 11), "End type:|No end");
+  EXPECT_EQ(LabelRow(*Rule({.type = 5}), 11), "End type:|No end");
 }
 
 TEST_F(RuleLabels, RowsFiveToTenStayEmpty) {
-  const Texts rows = Rows(*Rule({.type = REC_MONTHLY, .sub_type = 1}));
+  const Texts rows = LabelRows(*Rule({.type = REC_MONTHLY, .sub_type = 1}));
   EXPECT_EQ(Texts(rows.begin() + 5, rows.begin() + 11), Texts(6, "|"));
 }
 
 TEST_F(RuleLabels, RuleWithoutNumberAndDateHasNoEnd) { EXPECT_EQ(End(0, Date()), "End type:|No end"); }
 
 TEST_F(RuleLabels, RuleWithANumberTellsIt) { EXPECT_EQ(End(5, Date()), "Occurrences number:|5"); }
+
+TEST_F(RuleLabels, RuleWithANegativeNumberTellsIt) { EXPECT_EQ(End(-1, Date()), "Occurrences number:|-1"); }
+
+TEST_F(RuleLabels, EveryTypeTellsItsEnd) {
+  for (std::int32_t type = REC_EMPTY; type <= REC_YEARLY; ++type) {
+    EXPECT_EQ(LabelRow(*Rule({.type = type}), 11), "End type:|No end") << type;
+  }
+}
 
 TEST_F(RuleLabels, RuleWithADateTellsItWithoutItsTime) {
   EXPECT_EQ(End(0, On("12/31/2024 5:00:00 PM")), "End on:|12/31/2024");

@@ -47,7 +47,7 @@ class ViewTest : public RecordTest {
 
   /// The rows as "label|value", without those that are empty at the end.
   template <class R>
-  Texts Rows(const R& record) {
+  Texts LabelRows(const R& record) {
     FieldsArray fields;
     std::int32_t count = 0;
     EXPECT_TRUE(record.GetFieldsArray(FN_SERIALIZE, fields, count)) << session->GetEntireErrorDesc();
@@ -59,8 +59,8 @@ class ViewTest : public RecordTest {
 
   /// One of them.
   template <class R>
-  std::string Row(const R& record, std::size_t row) {
-    return Rows(record).at(row);
+  std::string LabelRow(const R& record, std::size_t row) {
+    return LabelRows(record).at(row);
   }
 
  private:

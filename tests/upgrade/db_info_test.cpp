@@ -55,6 +55,14 @@ TEST_F(DBInfo, WithoutItsTableFailsAndIsRecorded) {
   EXPECT_EQ(version + " " + type, "before before");
 }
 
+TEST_F(DBInfo, WithoutATypeColumnFailsWithTheVersionHandedOut) {
+  Run("ALTER TABLE _VersionInfo DROP COLUMN VI_Type");
+  EXPECT_FALSE(Get());
+  EXPECT_EQ(session->GetErrorProcedure(), "GetDBInfo");
+  EXPECT_EQ(session->GetErrorCode(), 3265);
+  EXPECT_EQ(version + " " + type, "9.1.0 before");
+}
+
 TEST_F(DBInfo, SendsOneSelect) {
   EXPECT_TRUE(Get());
   EXPECT_EQ(Sent(), Texts{"SELECT * FROM _VersionInfo"});

@@ -35,6 +35,12 @@ TEST_F(Relationship, InAnotherLetterCaseIsFoundAndDeleted) {
   EXPECT_EQ(KeysOf("Contacts"), 3);
 }
 
+TEST_F(Relationship, WithLettersOfOtherScriptsInAnotherCaseIsFoundAndDeleted) {
+  Run("ALTER TABLE Alarms ADD CONSTRAINT [Ärger Ω] FOREIGN KEY (ALA_CategoryID) REFERENCES Categories (CAT_ID)");
+  EXPECT_TRUE(Delete("Categories", "Alarms", "äRGER ω")) << message;
+  EXPECT_EQ(KeysOf("Alarms"), 0);
+}
+
 TEST_F(Relationship, IsDeletedUnderTheNameThatTheCallerGave) {
   EXPECT_TRUE(Delete("LSTTASKPRIORITY", "tasks"));
   EXPECT_EQ(Sent().back(), "ALTER TABLE [tasks] DROP CONSTRAINT [LSTTASKPRIORITYtasks]");
@@ -49,6 +55,13 @@ TEST_F(Relationship, ThatIsNotThereIsNoFailure) {
 TEST_F(Relationship, DeletedTwiceIsNoFailure) {
   EXPECT_TRUE(Delete("Categories", "Notes"));
   EXPECT_TRUE(Delete("Categories", "Notes"));
+}
+
+TEST_F(Relationship, OfSixtyFourCharactersIsSoughtWhole) {
+  const std::string shorter(63, 'r');
+  Run("ALTER TABLE Alarms ADD CONSTRAINT " + shorter + " FOREIGN KEY (ALA_CategoryID) REFERENCES Categories (CAT_ID)");
+  EXPECT_TRUE(Delete("Categories", "Alarms", shorter + "s"));
+  EXPECT_EQ(KeysOf("Alarms"), 1);
 }
 
 TEST_F(Relationship, OfSeventyCharactersIsSoughtByItsFirst64) {

@@ -1,3 +1,5 @@
+#include <gmock/gmock.h>
+
 #include "tests/upgrade/upgrade_fixture.h"
 
 namespace zef::test {
@@ -35,6 +37,24 @@ TEST_F(Upgrade921Failure, WithoutACalendarKeepsTheColumnsAndFlags) {
   EXPECT_EQ(Rows("Folders WHERE FLD_Protected=1"), 4);
   EXPECT_EQ(Rows("Events WHERE EVE_Type='E' AND EVE_LinkID=-1"), 1);
   EXPECT_EQ(Stored("SELECT Count(TSK_PriorityID) FROM Tasks"), "0") << "what comes later is not done";
+}
+
+TEST_F(Upgrade921Failure, WithoutACalendarLeavesTheRestOfAnOlderError) {
+  RemoveRoot("Calendar");
+  LeaveAnOldError();
+  ExpectFailed();
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[Earlier] Error: 77 - Cannot find Calendar folder");
+  EXPECT_TRUE(session->GetErrorFlag());
+}
+
+TEST_F(Upgrade921Failure, OfADeletedRelationshipLeavesTheRestOfAnOlderError) {
+  ASSERT_TRUE(To921());
+  Run("ALTER TABLE Notes ADD CONSTRAINT CategoriesNotes FOREIGN KEY (NOT_CategoryID) REFERENCES Categories (CAT_ID)");
+  LeaveAnOldError();
+  Refuse("ALTER TABLE [Notes]");
+  version = "9.1.0";
+  EXPECT_FALSE(To921());
+  EXPECT_THAT(session->GetEntireErrorDesc(), testing::StartsWith("[Earlier] Error: 77 - Unable to delete"));
 }
 
 TEST_F(Upgrade921Failure, WithoutTasksIsToldInTheDescriptionAlone) {
@@ -114,6 +134,24 @@ TEST_F(Upgrade921Failure, BetweenAddAndDropIsNotMendedByASecondRun) {
   ASSERT_TRUE(To921());
   EXPECT_EQ(Stored("SELECT TSK_Priority FROM Tasks"), "Null");
   EXPECT_EQ(Stored("SELECT TSK_PriorityID FROM Tasks"), "3");
+}
+
+TEST_F(Upgrade921Failure, BetweenCopyAndDropKeepsTheNamesBesideTheIdentifiers) {
+  InsertTask(1, "3");
+  Refuse("ALTER TABLE TASKS DROP");
+  ExpectFailed();
+  RefuseNothing();
+  ASSERT_TRUE(To921());
+  EXPECT_EQ(Stored("SELECT TSK_Priority & TSK_PriorityID FROM Tasks"), "High3");
+}
+
+TEST_F(Upgrade921Failure, BetweenAddAndFillLeavesEventsWithoutAType) {
+  Run("INSERT INTO Events (EVE_ID,EVE_Text) VALUES (1,'a')");
+  Refuse("UPDATE EVENTS SET EVE_TYPE");
+  ExpectFailed();
+  RefuseNothing();
+  ASSERT_TRUE(To921());
+  EXPECT_EQ(Rows("Events WHERE EVE_Type IS NULL AND EVE_LinkID=-1"), 1);
 }
 
 TEST_F(Upgrade921Failure, OfANameThatIsTooLongLeavesTheIdentifiers) {

@@ -28,6 +28,12 @@ TEST_F(Upgrade921, OfAnythingBehindTheFirstFourCharactersIsDone) {
   EXPECT_EQ(version, "9.2.1");
 }
 
+TEST_F(Upgrade921, OfTheFirstFourCharactersAloneIsDone) {
+  version = "9.1.";
+  ASSERT_TRUE(To921());
+  EXPECT_EQ(StoredVersion(), "9.2.1");
+}
+
 TEST_F(Upgrade921, OfALaterVersionIsTrueWithoutWork) {
   version = "9.2.1";
   ExpectNothingDone();
@@ -83,6 +89,29 @@ TEST_F(Upgrade921, MakesEventsOrdinaryOnesWithoutALink) {
   ASSERT_TRUE(To921());
   EXPECT_EQ(Rows("Events WHERE EVE_Type='E' AND EVE_LinkID=-1"), 2);
   EXPECT_EQ(Rows("Events"), 2);
+}
+
+TEST_F(Upgrade921, AddsTheLinkToEventsThatHaveATypeAlready) {
+  Run("ALTER TABLE Events ADD COLUMN eve_type Text(1) NULL");
+  Run("INSERT INTO Events (EVE_ID,EVE_Type) VALUES (1,'T')");
+  ASSERT_TRUE(To921());
+  EXPECT_EQ(Rows("Events WHERE EVE_Type='T' AND EVE_LinkID=-1"), 1);
+}
+
+TEST_F(Upgrade921, AddsTheTypeToEventsThatHaveALinkAlready) {
+  Run("ALTER TABLE Events ADD COLUMN eve_linkid Long NULL");
+  Run("INSERT INTO Events (EVE_ID,EVE_LinkID) VALUES (1,7)");
+  ASSERT_TRUE(To921());
+  EXPECT_EQ(Rows("Events WHERE EVE_Type='E' AND EVE_LinkID=7"), 1);
+}
+
+TEST_F(Upgrade921, LeavesTheProtectionOfOtherFoldersWhereItIsThere) {
+  Run("ALTER TABLE Folders ADD COLUMN fld_protected Byte NULL");
+  InsertFolder(50, 0, "Mine");
+  Run("UPDATE Folders SET FLD_Protected=1 WHERE FLD_ID=50");
+  ASSERT_TRUE(To921());
+  EXPECT_EQ(Protected("Mine"), "1");
+  EXPECT_EQ(Protected("Calendar"), "1");
 }
 
 TEST_F(Upgrade921, GeneratesNoEvents) {
@@ -158,6 +187,22 @@ TEST_F(Upgrade921, OfBothRootsOfTasksProtectsTheNewerOneOnly) {
   EXPECT_EQ(Protected("Tasks"), "1");
 }
 
+TEST_F(Upgrade921, RenamesTheOlderRootThoughAnotherFolderBelowHasTheName) {
+  Run("UPDATE Folders SET FLD_Name='Task' WHERE FLD_Name='Tasks'");
+  InsertFolder(50, 1, "Tasks");
+  ASSERT_TRUE(To921());
+  EXPECT_EQ(Stored("SELECT FLD_Name FROM Folders WHERE FLD_ID=3"), "Tasks");
+  EXPECT_EQ(Stored("SELECT FLD_Protected FROM Folders WHERE FLD_ID=50"), "0");
+}
+
+TEST_F(Upgrade921, CountsAProtectedFolderAsFoundWhereverItLies) {
+  ASSERT_TRUE(To921());
+  Run("UPDATE Folders SET FLD_ParentID=4 WHERE FLD_Name='Birthdays'");
+  version = "9.1.0";
+  ASSERT_TRUE(To921());
+  EXPECT_EQ(Rows("Folders WHERE FLD_Name='Birthdays'"), 1);
+}
+
 TEST_F(Upgrade921, DoesNotCountAnUnprotectedFolderAsFound) {
   InsertFolder(50, 0, "All Events");
   ASSERT_TRUE(To921());
@@ -176,6 +221,20 @@ TEST_F(Upgrade921, KeepsOtherRelationships) {
   Run("ALTER TABLE Contacts ADD CONSTRAINT Mine FOREIGN KEY (CNT_CategoryID) REFERENCES Categories (CAT_ID)");
   ASSERT_TRUE(To921());
   EXPECT_EQ(*connection().OpenedEngine().Relationships("Contacts"), Texts{"Mine"});
+}
+
+TEST_F(Upgrade921, OfADatabaseWithoutTheRelationshipsIsDone) {
+  Run("ALTER TABLE Tasks DROP CONSTRAINT lstTaskPriorityTasks");
+  Run("ALTER TABLE Contacts DROP CONSTRAINT lstStatesContacts1");
+  EXPECT_TRUE(To921()) << session->GetEntireErrorDesc();
+  EXPECT_EQ(version, "9.2.1");
+}
+
+TEST_F(Upgrade921, ReplacesTheReferencesWhoseNameIsNotThereYet) {
+  Run("ALTER TABLE Contacts ADD COLUMN cnt_state Text(128) NULL");
+  Run("INSERT INTO Contacts (CNT_ID,CNT_StateID,CNT_WorkStateID) VALUES (1,2,1)");
+  ASSERT_TRUE(To921());
+  EXPECT_EQ(Rows("Contacts WHERE CNT_State IS NULL AND CNT_StateID=2 AND CNT_WorkState='Alabama'"), 1);
 }
 
 TEST_F(Upgrade921, TurnsPrioritiesIntoTheirNames) {
@@ -228,6 +287,19 @@ TEST_F(Upgrade921, TwiceChangesNothingButTheStamp) {
   EXPECT_TRUE(To921());
   EXPECT_EQ(Dump(connection()), before);
   EXPECT_EQ(version, "9.2.1");
+}
+
+TEST_F(Upgrade921, OfAFinishedDatabaseStampsItBack) {
+  ASSERT_TRUE(WholeChain());
+  version = "9.1.0";
+  EXPECT_TRUE(To921());
+  EXPECT_EQ(version + " " + StoredVersion(), "9.2.1 9.2.1");
+}
+
+TEST_F(Upgrade921, StampsEveryRow) {
+  Run("INSERT INTO _VersionInfo (VI_Version) VALUES ('x')");
+  ASSERT_TRUE(To921());
+  EXPECT_EQ(Rows("_VersionInfo WHERE VI_Version='9.2.1'"), 2);
 }
 
 TEST_F(Upgrade921, InsideATransactionOfTheClientIsUndoneWithIt) {

@@ -10,6 +10,7 @@ class SmallUpgrades : public UpgradeTest {
     EXPECT_TRUE(To921());
     Forget();
   }
+  void ExpectOldErrorReadable() { EXPECT_EQ(session->GetEntireErrorDesc(), "[Earlier] Error: 77 - an old error"); }
 };
 
 using Upgrade922 = SmallUpgrades;
@@ -33,6 +34,30 @@ TEST_F(Upgrade922, SendsTheseStatements) {
 TEST_F(Upgrade922, StampsTheDatabaseAndHandsOutTheVersion) {
   ASSERT_TRUE(To922());
   EXPECT_EQ(version + " " + StoredVersion(), "9.2.2 9.2.2");
+}
+
+TEST_F(Upgrade922, DoesNotReadTheVersion) {
+  version = "anything";
+  ASSERT_TRUE(To922());
+  EXPECT_EQ(version, "9.2.2");
+}
+
+TEST_F(Upgrade922, WithAllTasksInPlaceDoesNotLookForTasks) {
+  ASSERT_TRUE(To922());
+  Forget();
+  ASSERT_TRUE(To922());
+  const Texts sent = SentInAll();
+  ASSERT_EQ(sent.size(), 6u);
+  EXPECT_EQ((Texts(sent.begin() + 4, sent.end())),
+            (Texts{"SELECT FLD_ID FROM Folders WHERE FLD_Protected = 1 AND FLD_Name='All Tasks'",
+                   "UPDATE _VersionInfo SET VI_Version = '9.2.2'"}));
+}
+
+TEST_F(Upgrade922, LeavesAnOlderErrorReadableWhenItCreatesNoFolder) {
+  ASSERT_TRUE(To922());
+  LeaveAnOldError();
+  ASSERT_TRUE(To922());
+  ExpectOldErrorReadable();
 }
 
 TEST_F(Upgrade922, LetsAllFourNumbersHold32Characters) {
@@ -83,10 +108,18 @@ TEST_F(Upgrade922, WithoutProtectedTasksFailsAfterTheColumns) {
   Run("INSERT INTO Contacts (CNT_ID,CNT_WorkFax) VALUES (1,'" + std::string(32, '5') + "')");
 }
 
+TEST_F(Upgrade922, WithoutProtectedTasksLeavesTheRestOfAnOlderError) {
+  Run("UPDATE Folders SET FLD_Protected=0 WHERE FLD_Name='Tasks'");
+  LeaveAnOldError();
+  EXPECT_FALSE(To922());
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[Earlier] Error: 77 - Cannot find Tasks folder");
+}
+
 TEST_F(Upgrade922, KeepsWhatTheSaveOfItsFolderRecorded) {
   InsertFolder(50, 3, "All Tasks");
   EXPECT_FALSE(To922());
   EXPECT_EQ(session->GetErrorProcedure(), "CFolder.Save");
+  EXPECT_EQ(version + " " + StoredVersion(), "9.2.1 9.2.1");
 }
 
 TEST_F(Upgrade922, OfADataViewerIsRecordedUnderTheStep) {
@@ -122,7 +155,12 @@ TEST_F(Upgrade923, StampsEveryRow) {
 TEST_F(Upgrade923, LeavesAnOlderErrorReadable) {
   LeaveAnOldError();
   ASSERT_TRUE(To923());
-  EXPECT_EQ(session->GetErrorCode(), 77);
+  ExpectOldErrorReadable();
+}
+
+TEST_F(Upgrade923, LeavesTheMessageArgumentAlone) {
+  ASSERT_TRUE(To923());
+  EXPECT_EQ(message, "untouched");
 }
 
 TEST_F(Upgrade923, ThatFailsIsRecordedAndLeavesTheVersion) {
@@ -155,6 +193,28 @@ TEST_F(Upgrade924, TakesTheProtectionOffTheFolderOfThatName) {
 TEST_F(Upgrade924, LeavesTheFolderOfTheDueDatesProtected) {
   ASSERT_TRUE(To924());
   EXPECT_EQ(Place("Tasks Due Dates"), "Tasks Due Dates in Calendar");
+}
+
+TEST_F(Upgrade924, DoesNotReadTheVersion) {
+  version = "anything";
+  ASSERT_TRUE(To924());
+  EXPECT_EQ(version, "9.2.4");
+}
+
+TEST_F(Upgrade924, LeavesAnOlderErrorReadable) {
+  LeaveAnOldError();
+  ASSERT_TRUE(To924());
+  ExpectOldErrorReadable();
+}
+
+TEST_F(Upgrade924, LeavesTheMessageArgumentAlone) {
+  ASSERT_TRUE(To924());
+  EXPECT_EQ(message, "untouched");
+}
+
+TEST_F(Upgrade924, OfADataViewerIsDone) {
+  session->UserRights = DataViewer;
+  EXPECT_TRUE(To924());
 }
 
 TEST_F(Upgrade924, ThatFailsIsRecordedAndLeavesTheVersion) {

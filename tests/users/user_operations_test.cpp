@@ -76,6 +76,13 @@ TEST_F(UserOperations, GetUserThatFailsIsRecorded) {
   EXPECT_EQ(session->GetErrorCode(), kNoSuchTable);
 }
 
+TEST_F(UserOperations, GetUserOfARowThatCannotBeReadIsRecorded) {
+  Run("INSERT INTO Users (USR_ID,USR_Rights) VALUES (1,1)");
+  Run("ALTER TABLE Users DROP COLUMN USR_CreationDate");
+  EXPECT_FALSE(session->GetUser(1));
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[GetUser] Error: 3265 - The column 'USR_CreationDate' is missing.");
+}
+
 // ---- GetUsersNo
 
 TEST_F(UserOperations, GetUsersNoCountsTheRowsOfTheWholeTable) {
@@ -109,6 +116,12 @@ TEST_F(UserOperations, NameWithAnApostropheIsFound) {
   InsertThree();
   EXPECT_EQ(session->GetUserID4Name("o'b"), 2);
   EXPECT_EQ(SentInAll(), Texts{"SELECT * FROM Users WHERE USR_Name='o''b'"});
+}
+
+TEST_F(UserOperations, NameIsNotTrimmed) {
+  InsertThree();
+  EXPECT_EQ(session->GetUserID4Name(" ann"), -1);
+  EXPECT_EQ(SentInAll(), Texts{"SELECT * FROM Users WHERE USR_Name=' ann'"});
 }
 
 TEST_F(UserOperations, NameIsComparedAsTheDatabaseDoes) {
@@ -257,6 +270,15 @@ TEST_F(UserOperations, TagsDoNotNeedTheOtherColumns) {
   const auto tags = MakeRef<CTags>();
   EXPECT_TRUE(session->LoadUserTags(tags, ""));
   EXPECT_EQ(tags->Count(), 3);
+}
+
+TEST_F(UserOperations, TagsOfOneIdentifierTwiceAreLoadedOnce) {
+  AllowNullInTheKey();
+  InsertThree();
+  Run("INSERT INTO Users (USR_ID,USR_FullName) VALUES (1,'Another')");
+  const auto tags = MakeRef<CTags>();
+  EXPECT_TRUE(session->LoadUserTags(tags, "USR_ID<3"));
+  EXPECT_EQ(TextsOf(tags), (Texts{"1 Ann Clark", "2 Pat O'Brien"}));
 }
 
 TEST_F(UserOperations, TagsHaveAnEmptyFullName) {

@@ -71,6 +71,13 @@ TEST_F(UserSave, OfAnUntouchedLoadedOneSendsNothing) {
   EXPECT_EQ(SentInAll(), Texts{});
 }
 
+TEST_F(UserSave, OfAnUntouchedOneClearsAnOldError) {
+  const Ref<CUser> user = StoredUser();
+  LeaveAnOldError();
+  EXPECT_TRUE(user->Save());
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[] Error: 0 - ");
+}
+
 TEST_F(UserSave, ForTheFirstTimeDrawsFromSequenceSix) {
   Run("UPDATE Sequences SET SEQ_Value=41 WHERE SEQ_ID=6");
   const Ref<CUser> user = NewUser("ann");
