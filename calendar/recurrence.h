@@ -49,6 +49,8 @@ class CRecurrence : public Record<CRecurrence> {
   template <int Bit>
   class Weekday {
    public:
+    using Held = bool;
+
     explicit Weekday(CRecurrence& rule) : rule_(rule) {}
     Weekday(const Weekday&) = delete;
 

@@ -26,6 +26,8 @@ class Field {
   Field(Recordset& recordset, int position) : recordset_(&recordset), position_(position) {}
 
   const std::string& Name() const;
+  /// Place among the columns, from 0.
+  std::int32_t Position() const { return position_; }
   /// Raises 3021 with no current row.
   zef::Value Value() const;
   /// Sets the value for the next `Update`; it is read back at once.

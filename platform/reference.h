@@ -13,7 +13,21 @@ using Ref = boost::intrusive_ptr<T>;
 
 /// Base of every counted object. The count is plain: an object and all references to it belong to one thread.
 template <class T>
-using RefCounted = boost::intrusive_ref_counter<T, boost::thread_unsafe_counter>;
+class RefCounted : public boost::intrusive_ref_counter<T, boost::thread_unsafe_counter> {
+ public:
+  RefCounted() = default;
+  RefCounted(const RefCounted&) : RefCounted() {}
+  RefCounted& operator=(const RefCounted&) { return *this; }
+
+  /// What shows this very object outside the library, or null. A copy is another object.
+  void*& Outside() { return outside_; }
+
+ protected:
+  ~RefCounted() = default;
+
+ private:
+  void* outside_ = nullptr;
+};
 
 template <class T, class... Args>
 Ref<T> MakeRef(Args&&... args) {

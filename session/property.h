@@ -37,6 +37,8 @@ class RecordFlags {
 template <class T>
 class Property {
  public:
+  using Held = T;
+
   explicit Property(RecordFlags& record, T initial = T()) : record_(record), value_(std::move(initial)) {}
   Property(const Property&) = delete;
 

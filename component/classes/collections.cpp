@@ -1,0 +1,118 @@
+#include "session/collections.h"
+
+#include "addressbook/contact.h"
+#include "addressbook/phone_log.h"
+#include "calendar/alarm.h"
+#include "calendar/event.h"
+#include "component/binding.h"
+#include "component/enumerator.h"
+#include "component/table.h"
+#include "folders/category.h"
+#include "folders/folder.h"
+#include "notes/note.h"
+#include "tasks/task.h"
+#include "users/user.h"
+
+namespace zef::component {
+namespace {
+
+constexpr Member kTagMembers[] = {
+    Members<CTag>::Field<&CTag::ID, Long>("ID"),
+    Members<CTag>::Field<&CTag::Text, Text>("Text"),
+};
+constexpr Class kTag = Creatable<CTag>(14, kTagMembers);
+
+template <class Element>
+bool ElementOf(Object object, std::int32_t position, VARIANT& element) {
+  const auto& collection = *static_cast<const Collection<Element>*>(object.address);
+  if (position >= collection.Count()) return false;
+  Crossing<Ref<Element>>::Out(element, collection.ItemByIdx(position + 1));
+  return true;
+}
+
+template <class Element>
+void NewEnum(const Call& call) {
+  if (call.result == nullptr) return;
+  call.result->punkVal = new Enumerator(ClassOf<Collection<Element>>(), call.object, &ElementOf<Element>);
+  call.result->vt = VT_UNKNOWN;
+}
+
+/// The seven members of a collection, which differ in the element and in the name of what is added.
+template <class Element>
+consteval std::array<Member, 7> CollectionMembers(std::string_view added) {
+  using Of = Members<Collection<Element>>;
+  using List = Collection<Element>;
+  return {
+      Of::template Function<&List::Add, Boolean(ByRef<Ref<Element>>)>("Add", added),
+      Of::template ReadOnly<&List::ItemByIdx, Ref<Element>(Long)>("ItemByIdx", "Index"),
+      Of::template ReadOnly<&List::ItemByKey, Ref<Element>(ByRef<Text>)>("ItemByKey", "Key"),
+      Of::template ReadOnly<&List::Count, Long()>("Count"),
+      Of::template Function<&List::Remove, void(ByRef<PositionOrKey>)>("Remove", "vntIndexKey"),
+      Member{.name = "NewEnum",
+             .kind = Kind::Enumerator,
+             .type = {VT_UNKNOWN, kNameOf<Element>, false},
+             .get = &NewEnum<Element>},
+      Of::template Function<&List::Clear, void()>("Clear"),
+  };
+}
+
+/// The argument of `Add` is named after the element, but for events.
+template <class Element>
+consteval std::string_view AddedName() {
+  if constexpr (std::is_same_v<Element, CEvent>) return "udtEvent";
+  return kNameOf<Element>.substr(1);
+}
+
+template <class Element>
+constexpr auto kCollectionMembers = CollectionMembers<Element>(AddedName<Element>());
+template <class Element, std::uint16_t Number>
+constexpr Class kCollection = Creatable<Collection<Element>>(Number, kCollectionMembers<Element>);
+
+}  // namespace
+
+template <>
+const Class& ClassOf<CTag>() {
+  return kTag;
+}
+template <>
+const Class& ClassOf<CAlarms>() {
+  return kCollection<CAlarm, 15>;
+}
+template <>
+const Class& ClassOf<CCategories>() {
+  return kCollection<CCategory, 16>;
+}
+template <>
+const Class& ClassOf<CContacts>() {
+  return kCollection<CContact, 17>;
+}
+template <>
+const Class& ClassOf<CEvents>() {
+  return kCollection<CEvent, 18>;
+}
+template <>
+const Class& ClassOf<CFolders>() {
+  return kCollection<CFolder, 19>;
+}
+template <>
+const Class& ClassOf<CNotes>() {
+  return kCollection<CNote, 20>;
+}
+template <>
+const Class& ClassOf<CPhoneLogs>() {
+  return kCollection<CPhoneLog, 21>;
+}
+template <>
+const Class& ClassOf<CTags>() {
+  return kCollection<CTag, 22>;
+}
+template <>
+const Class& ClassOf<CTasks>() {
+  return kCollection<CTask, 23>;
+}
+template <>
+const Class& ClassOf<CUsers>() {
+  return kCollection<CUser, 24>;
+}
+
+}  // namespace zef::component

@@ -1,0 +1,36 @@
+#include "addressbook/phone_log.h"
+
+#include "component/classes/record_members.h"
+
+namespace zef::component {
+namespace {
+
+using Of = RecordMembers<CPhoneLog>;
+
+constexpr Member kMembers[] = {
+    Of::ID(),
+    Of::Session(),
+    Of::Property<&CPhoneLog::ContactID, Long>("ContactID"),
+    Of::Property<&CPhoneLog::Direction, CallDirection>("Direction"),
+    Of::Property<&CPhoneLog::RecordDate, Date>("RecordDate"),
+    Of::Property<&CPhoneLog::Subject, Text>("Subject"),
+    Of::Property<&CPhoneLog::PhoneNumber, Text>("PhoneNumber"),
+    Of::Property<&CPhoneLog::Notes, Text>("Notes"),
+    Of::DateLastUpdate(),
+    Of::IsNew(),
+    Of::IsModified(),
+    Of::ResetFlagsX(),
+    Of::ResetFlags(),
+    Of::GetValuesFromRS(),
+    Of::Save(),
+};
+constexpr Class kClass = Creatable<CPhoneLog>(10, kMembers);
+
+}  // namespace
+
+template <>
+const Class& ClassOf<CPhoneLog>() {
+  return kClass;
+}
+
+}  // namespace zef::component

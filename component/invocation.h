@@ -1,0 +1,13 @@
+#pragma once
+
+#include "component/automation.h"
+#include "component/description.h"
+
+namespace zef::component {
+
+/// Calls a member as `IDispatch::Invoke` is asked to: finds out which of its sides is meant, brings positional and
+/// named arguments into the member's order, and turns every failure into a result and a description. Raises nothing.
+HRESULT CallMember(const Member& member, Object object, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                   EXCEPINFO* failure, UINT* argument) noexcept;
+
+}  // namespace zef::component

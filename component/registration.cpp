@@ -1,0 +1,102 @@
+#include "component/registration.h"
+
+#include <dlfcn.h>
+#include <fmt/format.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include "component/identifiers.h"
+#include "platform/file.h"
+#include "platform/run_time_error.h"
+
+namespace zef::component {
+namespace {
+
+constexpr char kVersion[] = "9.2";
+
+/// Where this library was loaded from, without links; empty if that cannot be found out.
+std::string LibraryPath() {
+  static const char anchor = 0;
+  Dl_info info;
+  if (dladdr(&anchor, &info) == 0 || info.dli_fname == nullptr) return {};
+  std::error_code failed;
+  return std::filesystem::canonical(info.dli_fname, failed).string();
+}
+
+/// The user's folder of components; empty if there is no place for it.
+std::filesystem::path ComponentsFolder() {
+  const char* const data = std::getenv("XDG_DATA_HOME");
+  if (data != nullptr && data[0] == '/') return std::filesystem::path(data) / "components";
+  const char* const home = std::getenv("HOME");
+  if (home == nullptr || home[0] != '/') return {};
+  return std::filesystem::path(home) / ".local/share/components";
+}
+
+std::string ProgrammaticName(const Class& described) { return fmt::format("{}.{}", kLibraryName, described.name); }
+
+std::string Identification(const Class& described) {
+  return fmt::format("CLSID={}\n", IdentifierText(ClassIdentifier(described)));
+}
+
+std::string Entry(const Class& described, const std::string& library) {
+  return fmt::format("{}InprocServer32={}\nThreadingModel=Apartment\nProgID={}\nTypeLib={}\nVersion={}\n",
+                     Identification(described), library, ProgrammaticName(described), IdentifierText(kTypeLibrary),
+                     kVersion);
+}
+
+/// The text of an entry; empty if there is none.
+std::string ReadEntry(const std::string& path) {
+  if (!PathExists(path)) return {};
+  InputFile file(path);
+  std::string text(file.size(), '\0');
+  text.resize(file.Read(std::as_writable_bytes(std::span(text))));
+  return text;
+}
+
+void RemoveEntry(const Class& described, const std::filesystem::path& path) {
+  if (!ReadEntry(path).starts_with(Identification(described))) return;
+  if (unlink(path.c_str()) != 0 && errno != ENOENT) throw RunTimeError(FailureNumber::PathFileAccess);
+}
+
+template <class Step>
+HRESULT ForEachEntry(std::span<const Class* const> classes, Step&& step) noexcept {
+  try {
+    const std::filesystem::path folder = ComponentsFolder();
+    if (folder.empty()) return SELFREG_E_CLASS;
+    for (const Class* described : classes) step(*described, folder / ProgrammaticName(*described));
+    return S_OK;
+  } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+  } catch (...) {
+    return SELFREG_E_CLASS;
+  }
+}
+
+}  // namespace
+
+std::string IdentifierText(REFGUID identifier) {
+  const auto& tail = identifier.Data4;
+  return fmt::format("{{{:08X}-{:04X}-{:04X}-{:02X}{:02X}-{:02X}{:02X}{:02X}{:02X}{:02X}{:02X}}}", identifier.Data1,
+                     identifier.Data2, identifier.Data3, tail[0], tail[1], tail[2], tail[3], tail[4], tail[5], tail[6],
+                     tail[7]);
+}
+
+HRESULT Register(std::span<const Class* const> classes) noexcept {
+  return ForEachEntry(classes,
+                      [library = std::string()](const Class& described, const std::filesystem::path& path) mutable {
+                        if (library.empty()) library = LibraryPath();
+                        if (library.empty()) throw RunTimeError(FailureNumber::FileNotFound);
+                        std::filesystem::create_directories(path.parent_path());
+                        const std::string entry = Entry(described, library);
+                        WriteWholeFile(path, std::as_bytes(std::span(entry)));
+                      });
+}
+
+HRESULT Unregister(std::span<const Class* const> classes) noexcept { return ForEachEntry(classes, RemoveEntry); }
+
+}  // namespace zef::component

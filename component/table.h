@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "component/description.h"
+#include "component/names.h"
+#include "platform/reference.h"
+
+namespace zef::component {
+
+/// What objects of a C++ class need beside their members to be shown.
+template <class T>
+struct Lifetime {
+  static void* Create() {
+    T* const object = new T();
+    intrusive_ptr_add_ref(object);
+    return object;
+  }
+  static void AddReference(void* object) { intrusive_ptr_add_ref(static_cast<T*>(object)); }
+  static void Release(void* object) { intrusive_ptr_release(static_cast<T*>(object)); }
+  static void*& Outside(void* object) { return static_cast<T*>(object)->Outside(); }
+};
+
+/// A class that clients can create.
+template <class T>
+consteval Class Creatable(std::uint16_t number, std::span<const Member> members) {
+  using Life = Lifetime<T>;
+  return {kNameOf<T>, number, members, &Life::Create, &Life::AddReference, &Life::Release, &Life::Outside};
+}
+
+/// A class that clients only reach, whose objects live as long as their `Owner`, of which each is a side or a part.
+template <class T, class Owner = T>
+consteval Class Reachable(std::uint16_t number, std::span<const Member> members) {
+  using Life = Lifetime<Owner>;
+  return {kNameOf<T>, number, members, nullptr, &Life::AddReference, &Life::Release, &Life::Outside};
+}
+
+}  // namespace zef::component
