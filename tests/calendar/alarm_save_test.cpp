@@ -215,5 +215,32 @@ TEST_F(AlarmSave, EveryFailureOfANewAlarmsSaveLeavesNothingBehind) {
   EXPECT_EQ(failures.size(), 23u) << "four identifiers of four calls each, and seven of the save itself";
 }
 
+TEST_F(AlarmSave, NewAlarmWithChildrenCanBeSavedAfterAnyFailure) {
+  const Ref<CAlarm> alarm = NewAlarm();
+  alarm->Recurrence->RType = REC_WEEKLY;
+  alarm->Notification->Subject = "Sing";
+  alarm->Attachement->FileName = Source();
+  const auto state = [&] {
+    return FlagsOf(*alarm) + ", " + FlagsOf(*alarm->Attachement) + ", " + FlagsOf(*alarm->Notification) + ", " +
+           FlagsOf(*alarm->Recurrence) + ", " + std::to_string(alarm->AttachementID);
+  };
+  FailEachCall(
+      database, *session, [&] { return alarm->Save(); }, state);
+  EXPECT_EQ(Rows("Alarms INNER JOIN Attachements ON ALA_AttachementID=ATC_ID"), 1);
+  EXPECT_EQ(Rows("Alarms INNER JOIN Notifications ON ALA_NotificationID=NTF_ID"), 1);
+  EXPECT_EQ(Rows("Alarms INNER JOIN Recurrences ON ALA_RecurrenceID=REC_ID"), 1);
+}
+
+TEST_F(AlarmSave, AttachementWhoseAlarmFailedIsStoredByTheNextSave) {
+  const Ref<CAlarm> alarm = NewAlarm();
+  alarm->Attachement->FileName = Source();
+  Refuse("INSERT INTO Alarms");
+  EXPECT_FALSE(alarm->Save());
+  EXPECT_EQ(alarm->AttachementID, 0);
+  RefuseNothing();
+  EXPECT_TRUE(alarm->Save());
+  EXPECT_EQ(Stored("SELECT ATC_FileName FROM Attachements"), Source());
+}
+
 }  // namespace
 }  // namespace zef::test

@@ -52,6 +52,8 @@ class RecordTest : public SessionTest {
 
   /// From now on every call that begins with this text fails: a statement, BEGIN, COMMIT or ROLLBACK.
   void Refuse(const std::string& beginning) { log_->refused = {beginning}; }
+  /// Such calls fail as well.
+  void AlsoRefuse(const std::string& beginning) { log_->refused.push_back(beginning); }
   void RefuseNothing() { log_->refused.clear(); }
   /// The n-th call from now on fails, rollbacks not counted, and no other.
   void FailCall(int number) { log_->fail_at = number; }
