@@ -24,6 +24,9 @@ std::string SqliteDialect::Collated(const std::string& text) const { return text
 
 std::string SqliteDialect::Function(const std::string& name) const { return "zef_" + name; }
 
+/// The engine would copy a value of the row whole, pages of its own and all, before anybody asks for it.
+bool SqliteDialect::FetchesLater() const { return true; }
+
 /// The transaction that reads holds the write lock already.
 std::string SqliteDialect::ForUpdate() const { return {}; }
 

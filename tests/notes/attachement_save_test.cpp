@@ -1,6 +1,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include "calendar/alarm.h"
 #include "tests/notes/attachement_fixture.h"
 #include "tests/support/fault_sweep.h"
 #include "tests/support/process.h"
@@ -286,6 +287,17 @@ class LargeAttachement : public testing::Test {
            }) /
            static_cast<double>(kSize);
   }
+  /// A new alarm with the attachment.
+  static Ref<CAlarm> Attached(CAttachement& attachement) {
+    Ref<CAlarm> alarm = attachement.Session()->CreateAlarm();
+    alarm->Attachement = Ref<CAttachement>(&attachement);
+    return alarm;
+  }
+  std::string SmallSource() const {
+    const std::string path = (folder_.path() / "small").string();
+    std::ofstream(path) << "few bytes";
+    return path;
+  }
   double MostMemoryOfTheInsert() const {
     return MostMemory(false, [](CAttachement& attachement) { return attachement.Save(); });
   }
@@ -317,6 +329,45 @@ TEST_F(LargeAttachement, IsCachedWithAtMostThreeTimesItsSizeInMemory) {
                        }),
             3);
   EXPECT_EQ(std::filesystem::file_size(cache), kSize);
+}
+
+TEST_F(LargeAttachement, IsLoadedWithoutItsContentInMemory) {
+  MostMemoryOfTheInsert();
+  EXPECT_LT(MostMemory(true, [](CAttachement& attachement) { return attachement.FileName != std::string(); }), 0.5);
+}
+
+TEST_F(LargeAttachement, DoesNotBurdenTheInsertOfASmallOne) {
+  MostMemoryOfTheInsert();
+  EXPECT_LT(MostMemory(false,
+                       [this](CAttachement& attachement) {
+                         attachement.FileName = SmallSource();
+                         return attachement.Save();
+                       }),
+            0.5);
+}
+
+TEST_F(LargeAttachement, DoesNotBurdenTheLoadOfItsAlarm) {
+  ASSERT_GT(MostMemory(false, [](CAttachement& attachement) { return Attached(attachement)->Save(); }), 1);
+  EXPECT_LT(MostMemory(false,
+                       [](CAttachement& attachement) {
+                         const Ref<CAlarm> alarm = attachement.Session()->GetAlarm(1);
+                         return alarm && !alarm->Attachement->FileName->empty();
+                       }),
+            0.5);
+}
+
+TEST_F(LargeAttachement, IsInsertedByItsAlarmWithAtMostThreeTimesItsSizeInMemory) {
+  EXPECT_LT(MostMemory(false, [](CAttachement& attachement) { return Attached(attachement)->Save(); }), 3);
+}
+
+TEST_F(LargeAttachement, IsCopiedWithItsAlarmWithAtMostThreeTimesItsSizeInMemory) {
+  MostMemory(false, [](CAttachement& attachement) { return Attached(attachement)->Save(); });
+  EXPECT_LT(MostMemory(false,
+                       [](CAttachement& attachement) {
+                         const Ref<CAlarm> copy = attachement.Session()->DuplicateAlarm(1);
+                         return copy && copy->Save();
+                       }),
+            3);
 }
 
 }  // namespace
