@@ -111,12 +111,22 @@ void ReadColumns(R& record, const Table<R, N>& table, Recordset& rs) {
   }
 }
 
+/// The value of a column as it stands in a statement; a failure names the column.
+template <class R>
+std::string WrittenValue(const R& record, const Column<R>& column) {
+  try {
+    return SqlValue(record, column);
+  } catch (const RunTimeError& failure) {
+    throw InColumn(failure, column.name);
+  }
+}
+
 /// Calls `take(name, value)` for each row of a statement, in the table's writing order.
 template <class R, std::size_t N, class Take>
 void EachRow(const R& record, const Table<R, N>& table, Take&& take) {
   for (const Column<R>* column : table.written) {
     if (column == nullptr) continue;
-    take(column->spelled.empty() ? column->name : column->spelled, SqlValue(record, *column));
+    take(column->spelled.empty() ? column->name : column->spelled, WrittenValue(record, *column));
   }
 }
 

@@ -230,7 +230,8 @@ TEST_F(FolderCopy, OfATakenNameLeavesTheClientsTransaction) {
 TEST_F(FolderCopy, IntoItselfFailsWithNothingChanged) {
   InsertTasks(100, 1, 2);
   ExpectFailsWithNothingChanged(100, 100);
-  EXPECT_EQ(session->GetEntireErrorDesc(), "[CopyFolder] Error: 28 - Out of stack space");
+  EXPECT_EQ(session->GetEntireErrorDesc(),
+            "[CopyFolder] Error: 28 - Out of stack space: a folder cannot be copied into itself.");
 }
 
 TEST_F(FolderCopy, OfAFolderThatIsItsOwnParentFails) {
