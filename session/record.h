@@ -73,9 +73,10 @@ Slot SlotOf(R& record, const Column<R>& column) {
           &column.null};
 }
 
-/// Adds a long text at the end of a property, in portions; Null adds nothing.
-template <class R>
-void ReadPortions(R& record, const Column<R>& column, Field field) {
+/// Adds the long text of a field at the end of a property, in portions; Null adds nothing, and an empty text is not
+/// fetched at all.
+template <class R, class LongField = Field>
+void ReadPortions(R& record, const Column<R>& column, LongField&& field) {
   constexpr std::int32_t kPortion = 128;  // characters
   auto& text = record.*std::get<Property<std::string> R::*>(column.member);
   const std::int64_t size = field.ActualSize();

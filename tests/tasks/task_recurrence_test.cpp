@@ -43,6 +43,17 @@ class TaskRecurrence : public TaskTest {
   void DropSequence(int sequence) { Run("DELETE * FROM Sequences WHERE SEQ_ID=" + std::to_string(sequence)); }
 };
 
+TEST_F(TaskRecurrence, ShiftsTheDueDateByCalendarDaysWhateverTheTimeOfDay) {
+  const Ref<CTask> task = StoredTask();
+  task->Recurrence->RType = REC_YEARLY;
+  task->Recurrence->Options1 = 3;
+  task->Recurrence->Options2 = 15;
+  task->StartDate = On("3/1/2024 11:00:00 PM");
+  ASSERT_TRUE(task->ApplyRecurrence());
+  EXPECT_EQ(Shown(task->StartDate), "4/15/2024");
+  EXPECT_EQ(Shown(task->DueDate), "4/18/2024");
+}
+
 // ---- No next instance
 
 TEST_F(TaskRecurrence, WithoutAReferenceToARuleChangesNothing) {
@@ -363,6 +374,24 @@ TEST_F(TaskRecurrence, DueDateThatLeavesTheCalendarClearsTheFlagsAndRecordsNothi
   EXPECT_FALSE(task->ApplyRecurrence());
   EXPECT_FALSE(session->GetErrorFlag());
   EXPECT_EQ(Flags(*task), "old clear");
+}
+
+TEST_F(TaskRecurrence, DueDateThatLeavesTheCalendarKeepsTheNewNumberAndTheOldDates) {
+  const Ref<CTask> task = StoredTask();
+  task->DueDate = On("12/31/9999");
+  task->DateCompleted = now_;
+  task->Completed = 1;
+  EXPECT_FALSE(task->ApplyRecurrence());
+  EXPECT_EQ(State(*task), "2 3/1/2024 12/31/9999 12:00:00 AM 1 0 1/1 0 1 old clear old clear old clear");
+}
+
+TEST_F(TaskRecurrence, FailedOneIsFollowedByASaveThatWritesAnEventOfNoTask) {
+  const Ref<CTask> task = StoredTask();
+  DropSequence(7);
+  EXPECT_FALSE(task->ApplyRecurrence());
+  EXPECT_TRUE(task->Save()) << session->GetEntireErrorDesc();
+  EXPECT_EQ(Rows("Tasks WHERE TSK_ID=2"), 0);
+  EXPECT_EQ(Stored("SELECT EVE_StartDate FROM Events WHERE EVE_Type='T' AND EVE_LinkID=2"), "3/11/2024");
 }
 
 TEST_F(TaskRecurrence, WithoutASessionClearsTheFlags) {
