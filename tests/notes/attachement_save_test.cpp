@@ -198,6 +198,29 @@ TEST_F(AttachementSave, NameOf256CharactersFails) {
   EXPECT_EQ(session->GetErrorCode(), -2147217887);
 }
 
+TEST_F(AttachementSave, TextThatIsNotUtf8IsRecordedAndWritesNothing) {
+  const Ref<CAttachement> attachement = FullAttachement();
+  for (auto text : {&CAttachement::Name, &CAttachement::DocType, &CAttachement::Description}) {
+    (*attachement).*text = "caf\xe9";
+    EXPECT_FALSE(attachement->Save());
+    (*attachement).*text = "";
+  }
+  EXPECT_EQ(session->GetEntireErrorDesc(),
+            "[CAttachement.Save] Error: -2147217900 - The text for the column 'ATC_Description' is not UTF-8 text.");
+  EXPECT_EQ(Rows("Attachements"), 0);
+}
+
+TEST_F(AttachementSave, FileNameThatIsNotUtf8IsRecordedAndLeavesTheRow) {
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  const std::string latin = SourcePath() + "\xe9";
+  std::ofstream(latin) << "content";
+  attachement->FileName = latin;
+  EXPECT_FALSE(attachement->Save());
+  EXPECT_EQ(session->GetErrorDescription(), "The text for the column 'ATC_FileName' is not UTF-8 text.");
+  EXPECT_EQ(Stored("SELECT ATC_FileName FROM Attachements"), SourcePath());
+  EXPECT_EQ(Flags(*attachement), "old modified");
+}
+
 TEST_F(AttachementSave, RowThatIsGoneIsRecorded) {
   const Ref<CAttachement> attachement = LoadedAttachement();
   Run("DELETE * FROM Attachements");
