@@ -50,7 +50,7 @@ TEST_F(AttachementSave, EmptyTextsAreStoredAsEmptyTexts) {
 }
 
 TEST_F(AttachementSave, NewAttachementDrawsFromSequenceTen) {
-  Run("UPDATE Sequences SET SEQ_Value=41 WHERE SEQ_ID=10");
+  SetSequences({{10, 41}});
   const Ref<CAttachement> attachement = FullAttachement();
   ASSERT_TRUE(attachement->Save());
   EXPECT_EQ(attachement->ID, 42);
@@ -241,15 +241,7 @@ TEST_F(AttachementSave, MissingSequenceIsRecordedInTheNameOfTheSaveWithItsReason
 }
 
 TEST_F(AttachementSave, EveryFailureOfANewAttachementsSaveLeavesNothingBehind) {
-  std::string flags = "new modified";
-  const auto save = [&] {
-    const Ref<CAttachement> attachement = FullAttachement();
-    const bool saved = attachement->Save();
-    if (!saved) flags = Flags(*attachement);
-    return saved;
-  };
-  const auto failures = FailEachCall(
-      database, *session, save, [&] { return flags; }, Unchanged::AllButSequences);
+  const auto failures = FailEachFirstSave(database, *session, [&] { return FullAttachement(); });
   ASSERT_EQ(failures.size(), 6u) << "four calls for the identifier, the opening and the insert";
   for (const InjectedFailure& failure : failures) EXPECT_EQ(failure.procedure, "CAttachement.Save");
 }

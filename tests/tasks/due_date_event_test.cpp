@@ -19,7 +19,7 @@ TEST_F(DueDateEvent, NewTaskWithADueDateGetsOneEvent) {
 }
 
 TEST_F(DueDateEvent, EventIsOfTypeTAndLinkedToTheTask) {
-  Run("UPDATE Sequences SET SEQ_Value=41 WHERE SEQ_ID=2");
+  SetSequences({{2, 41}});
   const Ref<CTask> task = StoredTask();
   EXPECT_EQ(task->ID, 42);
   EXPECT_EQ(Of("EVE_Type"), "T");

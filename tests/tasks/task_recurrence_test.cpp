@@ -1,3 +1,4 @@
+#include "tests/support/item_expectations.h"
 #include "tests/support/raised.h"
 #include "tests/tasks/task_fixture.h"
 
@@ -181,21 +182,11 @@ TEST_F(TaskRecurrence, KeepsWhatTheTaskSays) {
 
 TEST_F(TaskRecurrence, DrawsNumbersOfTaskRuleAndNotificationInThisOrder) {
   const Ref<CTask> task = StoredTask();
-  Run("UPDATE Sequences SET SEQ_Value=40 WHERE SEQ_ID=2");
-  Run("UPDATE Sequences SET SEQ_Value=80 WHERE SEQ_ID=8");
-  Run("UPDATE Sequences SET SEQ_Value=70 WHERE SEQ_ID=7");
+  SetSequences({{2, 40}, {8, 80}, {7, 70}});
   Forget();
   EXPECT_TRUE(task->ApplyRecurrence());
-  EXPECT_EQ(task->ID, 41);
-  EXPECT_EQ(task->Recurrence->ID, 81);
-  EXPECT_EQ(task->RecurrenceID, 81);
-  EXPECT_EQ(task->Notification->ID, 71);
-  EXPECT_EQ(task->NotificationID, 71);
-  Texts sequences;
-  for (const std::string& text : SentInAll()) {
-    if (text.starts_with("SELECT SEQ_Value")) sequences.push_back(text.substr(text.find_last_of('=') + 1));
-  }
-  EXPECT_EQ(sequences, (Texts{"2", "8", "7"}));
+  EXPECT_EQ(SequencesDrawn(), (Texts{"2", "8", "7"}));
+  ExpectNumbers(*task, 41, 81, 71);
 }
 
 TEST_F(TaskRecurrence, WithoutANotificationDrawsNoNumberForOne) {

@@ -72,7 +72,7 @@ TEST_F(UserSave, OfAnUntouchedLoadedOneSendsNothing) {
 }
 
 TEST_F(UserSave, ForTheFirstTimeDrawsFromSequenceSix) {
-  Run("UPDATE Sequences SET SEQ_Value=41 WHERE SEQ_ID=6");
+  SetSequences({{6, 41}});
   const Ref<CUser> user = NewUser("ann");
   ASSERT_TRUE(user->Save());
   EXPECT_EQ(user->ID, 42);
@@ -98,7 +98,7 @@ TEST_F(UserSave, WithoutItsSequenceFailsInTheNameOfTheSequence) {
 }
 
 TEST_F(UserSave, BehindTheLastIdentifierFails) {
-  Run("UPDATE Sequences SET SEQ_Value=2147483647 WHERE SEQ_ID=6");
+  SetSequences({{6, 2147483647}});
   EXPECT_FALSE(NewUser("ann")->Save());
   EXPECT_EQ(session->GetErrorProcedure(), "GetUniqueIDFromSeq");
 }
@@ -199,7 +199,7 @@ TEST_F(UserSave, OfADateOutOfRangeFailsBeforeAnIdentifierIsDrawn) {
 }
 
 TEST_F(UserSave, UnderAnIdentifierThatIsTakenFails) {
-  Run("UPDATE Sequences SET SEQ_Value=60 WHERE SEQ_ID=6");
+  SetSequences({{6, 60}});
   StoredUser();
   EXPECT_FALSE(NewUser("ann")->Save());
   EXPECT_EQ(session->GetErrorProcedure(), "CUser.Save");
