@@ -1,7 +1,9 @@
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "platform/text.h"
 #include "tests/notes/note_fixture.h"
+#include "tests/support/process.h"
 
 namespace zef::test {
 namespace {
@@ -103,6 +105,23 @@ TEST_F(NoteFile, FileThatCannotBeReadToItsEndLeavesWhatWasRead) {
   EXPECT_EQ(session->GetErrorProcedure(), "CNote.ReadFromFile");
   EXPECT_EQ(note_->Text, "");
   EXPECT_EQ(Flags(*note_), "old modified");
+}
+
+TEST(NoteFileOfAnotherUser, IsRecordedAndReadsNothing) {
+  const TemporaryFolder folder;
+  const std::string path = folder.path() / "note.txt";
+  std::ofstream(path) << "secret";
+  std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
+  std::filesystem::permissions(path, std::filesystem::perms::none);
+  Process child([&]() -> std::string {
+    if (geteuid() == 0 && setuid(65534) != 0) return "70, ";  // cannot become another user here
+    const auto session = MakeRef<CSession>();
+    session->conDBConnection = MakeRef<Connection>();
+    const auto note = MakeRef<CNote>();
+    note->SetSession(session);
+    return note->ReadFromFile(path) ? "done" : std::to_string(session->GetErrorCode()) + ", " + note->Text.get();
+  });
+  EXPECT_EQ(child.Result(), "70, ");
 }
 
 TEST_F(NoteFile, ReadingClearsAnOldError) {
