@@ -74,6 +74,8 @@ class Passed {
  private:
   static_assert(kSame<Held, Kept>, "the description states another type of argument");
   static_assert(How::kByReference || !kGivenBack, "the member changes an argument that is described as a value");
+  static constexpr bool kReferenceIsExact = How::kByReference && Crossing<Held>::kType.kind != VT_VARIANT;
+  static_assert(kReferenceIsExact || !kGivenBack, "a variable of any kind cannot be written back");
 
  public:
   Passed(const Call& call, std::size_t place) : variant_(call.arguments[place]), value_(In(place)) {}
@@ -92,7 +94,7 @@ class Passed {
   Kept In(std::size_t place) const {
     if (variant_ == nullptr) return Default();
     try {
-      if constexpr (How::kByReference) CheckReference();
+      if constexpr (kReferenceIsExact) CheckReference(*variant_, Crossing<Held>::kType.kind);
       return static_cast<Kept>(Crossing<Held>::In(*variant_));
     } catch (const ConversionFailure& failure) {
       throw ArgumentFailure(failure.result, place);
@@ -106,15 +108,6 @@ class Passed {
       return Kept();
     }
   }
-  /// A reference must be of the very type or of a variant.
-  void CheckReference() const {
-    constexpr VARTYPE kKind = Crossing<Held>::kType.kind;
-    const VARTYPE kind = variant_->vt;
-    if ((kind & VT_BYREF) == 0 || kKind == VT_VARIANT) return;
-    const bool exact = kind == (VT_BYREF | kKind) || kind == (VT_BYREF | VT_VARIANT);
-    if (!exact || variant_->byref == nullptr) throw ConversionFailure(DISP_E_TYPEMISMATCH);
-  }
-
   const VARIANT* variant_;
   Kept value_;
 };

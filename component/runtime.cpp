@@ -48,11 +48,8 @@ class Factory final : public IClassFactory {
   }
 
   HRESULT LockServer(BOOL lock) override {
-    if (lock != 0) {
-      ObjectBegins();
-    } else {
-      ObjectEnds();
-    }
+    if (lock == 0) return Unlock() ? S_OK : E_UNEXPECTED;
+    Lock();
     return S_OK;
   }
 
