@@ -2,19 +2,22 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <deque>
-#include <memory>
 #include <vector>
+
+#include "component/classes.h"
+#include "component/identifiers.h"
 
 namespace zef::test {
 namespace {
 
-constexpr const char* kClasses[] = {"CSession", "CAlarm", "CAttachement",  "CCategory",   "CContact",    "CEvent",
-                                    "CFolder",  "CNote",  "CNotification", "CPhoneLog",   "CRecurrence", "CTask",
-                                    "CUser",    "CTag",   "CAlarms",       "CCategories", "CContacts",   "CEvents",
-                                    "CFolders", "CNotes", "CPhoneLogs",    "CTags",       "CTasks",      "CUsers"};
+using component::Class;
+using component::Member;
+
+constexpr std::size_t kMostArguments = 6;  // one more than any member has
 
 constexpr const char* kTexts[] = {"",
                                   "1",
@@ -45,7 +48,6 @@ constexpr const char* kTexts[] = {"",
 
 constexpr std::int32_t kNumbers[] = {0, 1, 2, 3, -1, 4, 5, 7, 12, 18, 255, -32768, 65536, 2147483647, -2147483647 - 1};
 constexpr double kDates[] = {0.0, 1.0, 45413.375, -1.25, -657434.0, 2958465.99, 1e300, -1e300};
-constexpr DISPID kFirstNumbers[] = {0x40030000, 0x68030000, 0x60030000};
 constexpr WORD kFlags[] = {DISPATCH_METHOD,
                            DISPATCH_METHOD,
                            DISPATCH_METHOD | DISPATCH_PROPERTYGET,
@@ -102,21 +104,33 @@ Variant Array(Choices& choices) {
   return Variant::Of(static_cast<VARTYPE>(VT_ARRAY | kind), array);
 }
 
+/// An object with what the tables of the library say of it.
+struct Known {
+  Object object;
+  const Class* described;
+};
+
+/// The class of an object of the library.
+const Class* ClassOf(const Object& object) {
+  for (const auto& list : {component::PublicClasses(), component::ReachedClasses()}) {
+    for (const Class* described : list) {
+      void* same = nullptr;
+      if (object->QueryInterface(component::InterfaceOf(*described), &same) != S_OK) continue;
+      static_cast<IUnknown*>(same)->Release();
+      return described;
+    }
+  }
+  return nullptr;
+}
+
 class Driver {
  public:
   Driver(const std::function<Object(std::string_view)>& create, const std::string& connection_string,
          std::span<const std::uint8_t> bytes)
       : choices_(bytes) {
-    for (const char* class_name : kClasses) objects_.push_back(create(class_name));
-    first_result_ = objects_.size();
-    if (connection_string.empty()) return;
-    const Object session = objects_.front();
-    session.Call("Connect2DatabaseCS", connection_string);
-    for (std::size_t i = 1; i < first_result_; ++i) objects_[i].Put("Session", session);
-    Take(session.Get("conDBConnection").value);
-    Take(objects_.back().Call("Execute", "SELECT * FROM Folders").value);
-    Take(objects_.back().Get("Fields").value);
-    first_result_ = objects_.size();
+    for (const Class* described : component::PublicClasses()) known_.push_back({create(described->name), described});
+    if (!connection_string.empty()) Connect(known_.front().object, connection_string);
+    first_result_ = known_.size();
   }
 
   std::string Run() {
@@ -125,8 +139,16 @@ class Driver {
   }
 
  private:
+  void Connect(const Object& session, const std::string& connection_string) {
+    session.Call("Connect2DatabaseCS", connection_string);
+    for (const Known& known : known_) known.object.Put("Session", session);
+    Take(session.Get("conDBConnection").value);
+    Take(known_.back().object.Call("Execute", "SELECT * FROM Folders").value);
+    Take(known_.back().object.Get("Fields").value);
+  }
+
   void Step() {
-    if (choices_.OneIn(16)) {
+    if (choices_.OneIn(32)) {
       AskForNames();
     } else {
       Call();
@@ -134,17 +156,28 @@ class Driver {
     kept_.clear();
   }
 
-  Object Any() { return objects_[choices_.Raw<std::uint16_t>() % objects_.size()]; }
+  const Known& Any() { return known_[choices_.Below(known_.size())]; }
+  Object AnyOf(std::string_view class_name) {
+    const std::size_t start = choices_.Below(known_.size());
+    for (std::size_t i = 0; i < known_.size(); ++i) {
+      const Known& known = known_[(start + i) % known_.size()];
+      if (known.described->name == class_name) return known.object;
+    }
+    return known_[start].object;
+  }
 
   /// Keeps an object for later calls, in place of an earlier one if there are many.
   void Take(const Variant& value) {
     constexpr std::size_t kMost = 64;
     if (value.kind() != VT_DISPATCH || value.raw().pdispVal == nullptr) return;
     const Object object = value.object();
-    if (objects_.size() < kMost) {
-      objects_.push_back(object);
+    const Class* const described = ClassOf(object);
+    if (described == nullptr) {
+      broken_ = "an object of no class";
+    } else if (known_.size() < kMost) {
+      known_.push_back({object, described});
     } else {
-      objects_[first_result_ + choices_.Below(kMost - first_result_)] = object;
+      known_[first_result_ + choices_.Below(kMost - first_result_)] = {object, described};
     }
   }
 
@@ -166,16 +199,32 @@ class Driver {
       case 11: return Variant::Null();
       case 12: return Variant();
       case 13: return Variant::Missing();
-      case 14: return choices_.OneIn(4) ? Variant::Nothing() : Variant(Any());
-      case 15: return Variant(Any());
+      case 14: return choices_.OneIn(4) ? Variant::Nothing() : Variant(Any().object);
+      case 15: return Variant(Any().object);
       case 16: return Array(choices_);
       default: return Variant::Of(static_cast<VARTYPE>(choices_.Raw<std::uint16_t>()), LONGLONG{0});
     }
   }
 
+  /// A value as a member asks for it.
+  Variant Fitting(const component::Type& type) {
+    switch (type.kind) {
+      case VT_I4: return Variant(choices_.Of(kNumbers));
+      case VT_BOOL: return Variant(choices_.OneIn(2));
+      case VT_DATE: return Variant::Date(choices_.Of(kDates));
+      case VT_BSTR: return Variant(choices_.Of(kTexts));
+      case VT_DISPATCH: return Variant(AnyOf(type.name));
+      default: return Value();
+    }
+  }
+  Variant Argument(const component::Type* type) {
+    Variant value = type != nullptr && !choices_.OneIn(8) ? Fitting(*type) : Value();
+    return choices_.OneIn(3) ? Reference(std::move(value)) : std::move(value);
+  }
+
   /// A reference to something that lives until the call is over.
-  Variant Reference() {
-    Variant& value = Keep(Value());
+  Variant Reference(Variant&& to) {
+    Variant& value = Keep(std::move(to));
     if (choices_.OneIn(3)) return Variant::Ref(value);
     if (choices_.OneIn(4)) return Variant::Ref(Keep(Variant::Ref(value)));
     const bool whole = value.kind() == VT_DECIMAL;
@@ -184,28 +233,29 @@ class Driver {
   }
   Variant& Keep(Variant&& value) { return kept_.emplace_back(std::move(value)); }
 
-  DISPID MemberNumber() {
-    if (choices_.OneIn(24)) return DISPID_NEWENUM;
-    if (choices_.OneIn(24)) return choices_.Raw<DISPID>();
-    const std::size_t most = choices_.OneIn(4) ? 120 : 48;
-    return choices_.Of(kFirstNumbers) + static_cast<DISPID>(choices_.Below(most));
-  }
-
   void Call() {
-    const Object object = Any();
-    const DISPID member = MemberNumber();
-    const WORD flags = choices_.Of(kFlags);
-    const bool puts = (flags & (DISPATCH_METHOD | DISPATCH_PROPERTYGET)) == 0 && !choices_.OneIn(8);
-    std::array<VARIANT, 6> given{};
-    const std::size_t count = puts ? 1 : choices_.Below(4 + choices_.Below(3));
-    for (std::size_t i = 0; i < count; ++i) given[i] = Keep(choices_.OneIn(3) ? Reference() : Value()).raw();
-    std::array<DISPID, 6> named{};
-    std::size_t names = puts ? 1 : choices_.OneIn(4) ? choices_.Below(count + 1) : 0;
+    const Known known = Any();
+    const std::size_t place = choices_.Below(known.described->members.size());
+    const Member& member = known.described->members[place];
+    const DISPID number = choices_.OneIn(32) ? choices_.Raw<DISPID>() : component::MemberNumber(member, place);
+    const bool puts = member.put != nullptr && choices_.OneIn(2);
+    const WORD flags = choices_.OneIn(16) ? choices_.Of(kFlags) : puts ? DISPATCH_PROPERTYPUT : DISPATCH_METHOD;
+    const std::size_t count = choices_.OneIn(16) ? choices_.Below(kMostArguments + 1)
+                              : puts             ? 1
+                                                 : member.argument_count;
+    std::array<VARIANT, kMostArguments> given{};
+    for (std::size_t i = 0; i < count; ++i) {
+      const bool described = !puts && i < member.argument_count;
+      const component::Type* const type = puts ? &member.type : described ? &member.arguments[i].type : nullptr;
+      given[count - 1 - i] = Keep(Argument(type)).raw();
+    }
+    std::array<DISPID, kMostArguments> named{};
     for (DISPID& name : named) name = puts ? DISPID_PROPERTYPUT : static_cast<DISPID>(choices_.Below(6)) - 1;
+    std::size_t names = puts ? 1 : choices_.OneIn(8) ? choices_.Below(count + 1) : 0;
     if (choices_.OneIn(64)) ++names;
     DISPPARAMS parameters{choices_.OneIn(64) ? nullptr : given.data(), choices_.OneIn(64) ? nullptr : named.data(),
                           static_cast<UINT>(count), static_cast<UINT>(names)};
-    Judge(object, member, object.Invoke(member, flags, choices_.OneIn(64) ? nullptr : &parameters));
+    Judge(known.object, number, known.object.Invoke(number, flags, choices_.OneIn(64) ? nullptr : &parameters));
   }
 
   void Judge(const Object& object, DISPID member, const Outcome& outcome) {
@@ -247,13 +297,13 @@ class Driver {
     }
     std::array<DISPID, 3> numbers{};
     const HRESULT result =
-        Any()->GetIDsOfNames(IID_NULL, pointers.data(), static_cast<UINT>(choices_.Below(4)), 0, numbers.data());
+        Any().object->GetIDsOfNames(IID_NULL, pointers.data(), static_cast<UINT>(choices_.Below(4)), 0, numbers.data());
     const bool known = result == S_OK || result == DISP_E_UNKNOWNNAME || result == E_INVALIDARG;
     if (!known) broken_ = "an unknown answer about names";
   }
 
   Choices choices_;
-  std::vector<Object> objects_;
+  std::vector<Known> known_;
   std::size_t first_result_ = 0;  ///< objects from here on may be replaced
   std::deque<Variant> kept_;      ///< what arguments point at; their places do not move
   std::string broken_;
