@@ -158,6 +158,12 @@ struct SAFEARRAY {
   SAFEARRAYBOUND rgsabound[1];
 };
 
+/// What makes a variant 24 bytes long; no value of this library is one.
+struct VariantRecord {
+  void* pvRecord;
+  void* pRecInfo;
+};
+
 struct VARIANT {
   VARTYPE vt;
   WORD wReserved1;
@@ -200,10 +206,7 @@ struct VARIANT {
     SAFEARRAY** pparray;
     VARIANT* pvarVal;
     void* byref;
-    struct {
-      void* pvRecord;
-      void* pRecInfo;
-    } record;
+    VariantRecord record;
   };
 };
 using VARIANTARG = VARIANT;

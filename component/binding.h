@@ -46,7 +46,7 @@ inline constexpr bool kSame = std::is_same_v<Stated, Actual> ||
                               (std::is_enum_v<Stated> && std::is_same_v<Actual, Long>);
 
 template <class Stated>
-consteval Type TypeOf() {
+constexpr Type TypeOf() {
   if constexpr (std::is_void_v<Stated>) {
     return {};
   } else {
@@ -182,7 +182,7 @@ struct ArgumentsOf;
 template <class Result, class... Stated, class... Parameters>
 struct ArgumentsOf<Result(Stated...), std::tuple<Parameters...>> {
   template <class... Names>
-  static consteval void Describe(Member& member, Names... names) {
+  static constexpr void Describe(Member& member, Names... names) {
     static_assert(sizeof...(Names) == sizeof...(Stated), "every argument has a name");
     member.type = TypeOf<Result>();
     (Add<Stated, Parameters>(member, names), ...);
@@ -190,7 +190,7 @@ struct ArgumentsOf<Result(Stated...), std::tuple<Parameters...>> {
 
  private:
   template <class One, class Parameter>
-  static consteval void Add(Member& member, std::string_view name) {
+  static constexpr void Add(Member& member, std::string_view name) {
     using How = Passing<One>;
     Argument& argument = member.arguments[member.argument_count++];
     argument.name = name;
@@ -207,30 +207,30 @@ template <class T>
 struct Members {
   /// A variable that is a field of its own.
   template <auto Variable, class Stated>
-  static consteval Member Field(std::string_view name) {
+  static constexpr Member Field(std::string_view name) {
     return Variables<Variable, Stated>(name, Kind::Field);
   }
   /// A variable that is shown as a property with get and let, or set.
   template <auto Variable, class Stated>
-  static consteval Member Property(std::string_view name) {
+  static constexpr Member Property(std::string_view name) {
     return Variables<Variable, Stated>(name, Kind::Property);
   }
   /// A property of two C++ functions.
   template <auto Get, auto Set, class Stated>
-  static consteval Member Property(std::string_view name) {
+  static constexpr Member Property(std::string_view name) {
     Member member = ReadOnly<Get, Stated()>(name);
     member.put = &Bound<T, Set, void(Stated), typename ParametersOf<decltype(Set)>::Types>::Run;
     return member;
   }
   /// A property with get alone, perhaps with arguments.
   template <auto Get, class Signature, class... Names>
-  static consteval Member ReadOnly(std::string_view name, Names... arguments) {
+  static constexpr Member ReadOnly(std::string_view name, Names... arguments) {
     Member member = Function<Get, Signature>(name, arguments...);
     member.kind = Kind::Property;
     return member;
   }
   template <auto Call, class Signature, class... Names>
-  static consteval Member Function(std::string_view name, Names... arguments) {
+  static constexpr Member Function(std::string_view name, Names... arguments) {
     using Parameters = typename ParametersOf<decltype(Call)>::Types;
     Member member{.name = name, .get = &Bound<T, Call, Signature, Parameters>::Run};
     ArgumentsOf<Signature, Parameters>::Describe(member, std::string_view(arguments)...);
@@ -254,7 +254,7 @@ struct Members {
   };
 
   template <auto Variable, class Stated>
-  static consteval Member Variables(std::string_view name, Kind kind) {
+  static constexpr Member Variables(std::string_view name, Kind kind) {
     return {.name = name,
             .kind = kind,
             .type = TypeOf<Stated>(),

@@ -12,8 +12,6 @@ namespace {
 
 using Side = void (*)(const Call&);
 
-constexpr WORD kPuts = DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF;
-
 /// The side of a member that the flags ask for, or null. Reading a property may come as a call too; assigning by
 /// reference is for objects.
 Side SideFor(const Member& member, WORD flags) {

@@ -6,6 +6,7 @@
 #include "component/face.h"
 #include "component/identifiers.h"
 #include "component/lifetime.h"
+#include "platform/engine.h"
 
 namespace zef::component {
 namespace {
@@ -86,5 +87,9 @@ HRESULT GetClassObject(std::span<const Class* const> classes, REFCLSID rclsid, R
 }
 
 HRESULT CanUnloadNow() noexcept { return NothingLives() ? S_OK : S_FALSE; }
+
+void Unload() noexcept {
+  if (NothingLives()) ReleaseEngines();
+}
 
 }  // namespace zef::component

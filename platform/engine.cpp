@@ -5,6 +5,7 @@
 
 #include "platform/connection_string.h"
 #include "platform/sqlite/sqlite_engine.h"
+#include "platform/sqlite/sqlite_file.h"
 #include "platform/text.h"
 
 namespace zef {
@@ -79,5 +80,7 @@ void CreateDatabase(const std::string& connection_string) {
   const ConnectionString parsed = ParseConnectionString(connection_string);
   ProviderOf(parsed).create(parsed);
 }
+
+void ReleaseEngines() { ReleaseSqlite(); }
 
 }  // namespace zef

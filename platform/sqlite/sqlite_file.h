@@ -21,4 +21,7 @@ DatabaseHandle OpenDatabaseFile(const std::string& path, const std::string& pass
 /// given. Raises 75 if something of that name exists or the file cannot be made; a link in its place is not followed.
 void CreateDatabaseFile(const std::string& path, const std::string& password);
 
+/// Gives back what SQLite keeps for the whole process; one that the process shares with others is left alone.
+void ReleaseSqlite();
+
 }  // namespace zef

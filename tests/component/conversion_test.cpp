@@ -74,6 +74,8 @@ struct Refused {
   const char* name;
   Variant (*value)();
   HRESULT result;
+
+  friend void PrintTo(const Refused& refused, std::ostream* out) { *out << refused.name; }
 };
 class RefusedInteger : public ComponentTest, public testing::WithParamInterface<Refused> {};
 

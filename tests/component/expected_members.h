@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,8 @@ namespace zef::test {
 struct ExpectedClass {
   std::string name;
   std::vector<std::string> members;
+
+  friend void PrintTo(const ExpectedClass& expected, std::ostream* out) { *out << expected.name; }
 };
 
 /// The classes of "tests/component/members.txt", which is written by hand.
