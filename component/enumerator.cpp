@@ -2,7 +2,9 @@
 
 #include <new>
 
+#include "component/invocation.h"
 #include "component/lifetime.h"
+#include "platform/run_time_error.h"
 
 namespace zef::component {
 
@@ -42,10 +44,10 @@ HRESULT Enumerator::Fetch(VARIANT& element) noexcept {
     if (!element_at_(object_, position_, element)) return S_FALSE;
     ++position_;
     return S_OK;
-  } catch (const std::bad_alloc&) {
-    return E_OUTOFMEMORY;
+  } catch (const RunTimeError& failure) {
+    return FailureCode(failure.number());
   } catch (...) {
-    return E_FAIL;
+    return E_OUTOFMEMORY;
   }
 }
 

@@ -29,7 +29,7 @@ class Enumerator final : public IEnumVARIANT {
 
  private:
   ~Enumerator();
-  /// S_OK, S_FALSE behind the last element, or a failure.
+  /// S_OK, S_FALSE behind the last element, or the code of a failure.
   HRESULT Fetch(VARIANT& element) noexcept;
 
   const Class& described_;

@@ -87,12 +87,6 @@ HRESULT TakeAssigned(const DISPPARAMS& given, Call& call) {
   return S_OK;
 }
 
-/// A code for a raised failure: numbers of 16 bits in the range of run-time failures, the provider's as they are.
-SCODE CodeOf(std::int32_t number) {
-  return number >= 1 && number <= 0xFFFF ? static_cast<SCODE>(0x800A0000u + static_cast<std::uint32_t>(number))
-                                         : number;
-}
-
 BSTR TextOrNone(std::string_view text) noexcept {
   try {
     return NewText(text);
@@ -109,7 +103,7 @@ HRESULT Describe(EXCEPINFO* failure) noexcept {
     const RunTimeError raised = CurrentFailure().value_or(RunTimeError(FailureNumber::InvalidCall));
     failure->bstrSource = TextOrNone("ZEFComponents");
     failure->bstrDescription = TextOrNone(raised.description());
-    failure->scode = CodeOf(raised.number());
+    failure->scode = FailureCode(raised.number());
     return DISP_E_EXCEPTION;
   } catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;
@@ -127,6 +121,11 @@ void Tell(UINT* argument, UINT index) {
 }
 
 }  // namespace
+
+SCODE FailureCode(std::int32_t number) {
+  return number >= 1 && number <= 0xFFFF ? static_cast<SCODE>(0x800A0000u + static_cast<std::uint32_t>(number))
+                                         : number;
+}
 
 HRESULT CallMember(const Member& member, Object object, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                    EXCEPINFO* failure, UINT* argument) noexcept {

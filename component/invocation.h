@@ -1,9 +1,14 @@
 #pragma once
 
+#include <cstdint>
+
 #include "component/automation.h"
 #include "component/description.h"
 
 namespace zef::component {
+
+/// The code of a raised failure: numbers of 16 bits in the range of run-time failures, the provider's as they are.
+SCODE FailureCode(std::int32_t number);
 
 /// Calls a member as `IDispatch::Invoke` is asked to: finds out which of its sides is meant, brings positional and
 /// named arguments into the member's order, and turns every failure into a result and a description. Raises nothing.

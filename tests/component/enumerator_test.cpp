@@ -247,7 +247,7 @@ TEST_F(DatabaseEnumerator, FailsWhenItsRecordsetIsClosed) {
   Walk walk(rows.Get("Fields").value.object());
   rows.Call("Close");
   Variant field;
-  EXPECT_TRUE(FAILED(walk->Next(1, &field.raw(), nullptr)));
+  EXPECT_EQ(walk->Next(1, &field.raw(), nullptr), static_cast<HRESULT>(0x800A0000) + 3704);
   EXPECT_EQ(field.kind(), VT_EMPTY);
 }
 TEST_F(DatabaseEnumerator, WalksOverLoadedRecords) {

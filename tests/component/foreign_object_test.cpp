@@ -45,13 +45,36 @@ class EmptyHandedObject final : public ForeignObject {
   }
 };
 
+/// One that stands for an object of the library and hands out that one's interfaces.
+class StandInObject final : public ForeignObject {
+ public:
+  explicit StandInObject(const Object& inner) : inner_(inner) {}
+  HRESULT QueryInterface(REFIID riid, void** object) override { return inner_->QueryInterface(riid, object); }
+
+ private:
+  Object inner_;
+};
+
+/// One that gives up the client's last reference to an object in the middle of a call on it.
+class SpitefulObject final : public ForeignObject {
+ public:
+  explicit SpitefulObject(IDispatch* victim) : victim_(victim) {}
+  HRESULT QueryInterface(REFIID riid, void** object) override {
+    victim_->Release();
+    return ForeignObject::QueryInterface(riid, object);
+  }
+
+ private:
+  IDispatch* victim_;
+};
+
 class PassedObject : public ComponentTest {
  protected:
   static Variant Of(ForeignObject& object) {
     object.AddRef();
     return Variant::Of(VT_DISPATCH, static_cast<IDispatch*>(&object));
   }
-  const Object folder = Create("CFolder");
+  Object folder = Create("CFolder");
   const Object tags = Create("CTags");
 };
 
@@ -72,6 +95,24 @@ TEST_F(PassedObject, ThatBoastsIsRefused) {
 TEST_F(PassedObject, ThatGivesNothingIsRefused) {
   EmptyHandedObject empty_handed;
   EXPECT_EQ(folder.Put("Session", Of(empty_handed)).result, DISP_E_TYPEMISMATCH);
+}
+TEST_F(PassedObject, ThatStandsForOneOfTheLibraryIsTakenAsThatOne) {
+  const Object session = Create("CSession");
+  StandInObject stand_in(session);
+  EXPECT_EQ(folder.Put("Session", Of(stand_in)).result, S_OK);
+  EXPECT_EQ(folder.Get("Session").value.object(), session);
+}
+TEST_F(PassedObject, MayGiveUpTheObjectUnderTheCall) {
+  IDispatch* const victim = folder.get();
+  victim->AddRef();
+  const DISPID member = folder.Number("Session");
+  folder = Object();  // the last reference is the one that is given up
+  SpitefulObject spiteful(victim);
+  Variant value = Of(spiteful);
+  DISPID assigned = DISPID_PROPERTYPUT;
+  DISPPARAMS parameters{&value.raw(), &assigned, 1, 1};
+  EXPECT_EQ(victim->Invoke(member, IID_NULL, 0, DISPATCH_PROPERTYPUT, &parameters, nullptr, nullptr, nullptr),
+            DISP_E_TYPEMISMATCH);
 }
 TEST_F(PassedObject, OfAnotherClassIsRefused) {
   EXPECT_EQ(folder.Put("Session", Create("CTask")).result, DISP_E_TYPEMISMATCH);

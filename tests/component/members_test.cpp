@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <map>
+#include <string>
+#include <vector>
 
 #include "component/classes.h"
 #include "component/identifiers.h"
@@ -134,6 +137,41 @@ TEST_P(CreatedObject, AnswersToTheIdentifierOfItsDefaultInterface) {
 TEST_P(CreatedObject, StartsWithOneReference) { EXPECT_EQ(object.References(), 1u); }
 
 INSTANTIATE_TEST_SUITE_P(EveryClass, CreatedObject, testing::ValuesIn(CreatableClasses()), NameOfCase);
+
+/// The objects behind a connection, which clients only reach.
+class ReachedObject : public ConnectedTest {
+ protected:
+  ReachedObject() {
+    connection.Call("Execute", "SELECT * FROM NoSuchTable");
+    const Object errors = connection.Get("Errors").value.object();
+    const Object rows = connection.Call("Execute", "SELECT FLD_ID FROM Folders").value.object();
+    const Object fields = rows.Get("Fields").value.object();
+    reached = {{"Connection", connection}, {"Errors", errors}, {"Error", errors.Get("Item", 0).value.object()},
+               {"Recordset", rows},        {"Fields", fields}, {"Field", fields.Get("Item", 0).value.object()}};
+  }
+
+  const Object connection = session.Get("conDBConnection").value.object();
+  std::map<std::string, Object> reached;
+};
+
+TEST_F(ReachedObject, KnowsEveryMemberUnderItsNumber) {
+  const auto& classes = ExpectedClasses();
+  for (auto at = std::ranges::find(classes, std::string("Connection"), &ExpectedClass::name); at != classes.end();
+       ++at) {
+    for (std::size_t i = 0; i < at->members.size(); ++i) {
+      EXPECT_EQ(reached[at->name].Number(NameIn(at->members[i])), NumberOf(at->members[i], i))
+          << at->name << " " << at->members[i];
+    }
+  }
+}
+
+TEST_F(ReachedObject, HasADefaultInterfaceToo) {
+  for (const auto& [name, object] : reached) {
+    void* same = nullptr;
+    EXPECT_EQ(object->QueryInterface(component::InterfaceOf(*Described(name)), &same), S_OK) << name;
+    EXPECT_EQ(Object(static_cast<IDispatch*>(same)), object) << name;
+  }
+}
 
 TEST(PublicClasses, AreTwentyFourInTheirOrder) {
   std::vector<std::string> names;
