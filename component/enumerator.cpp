@@ -3,7 +3,6 @@
 #include <new>
 
 #include "component/invocation.h"
-#include "component/lifetime.h"
 #include "platform/run_time_error.h"
 
 namespace zef::component {
@@ -11,32 +10,11 @@ namespace zef::component {
 Enumerator::Enumerator(const Class& described, Object object, ElementAt element_at, std::int32_t position)
     : described_(described), object_(object), element_at_(element_at), position_(position) {
   described_.add_reference(object_.address);
-  ObjectBegins();
 }
 
-Enumerator::~Enumerator() {
-  described_.release(object_.address);
-  ObjectEnds();
-}
+Enumerator::~Enumerator() { described_.release(object_.address); }
 
-HRESULT Enumerator::QueryInterface(REFIID riid, void** object) {
-  if (object == nullptr) return E_POINTER;
-  if (riid == IID_IUnknown || riid == IID_IEnumVARIANT) {
-    *object = this;
-    AddRef();
-    return S_OK;
-  }
-  *object = nullptr;
-  return E_NOINTERFACE;
-}
-
-ULONG Enumerator::AddRef() { return ++references_; }
-
-ULONG Enumerator::Release() {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
-}
+bool Enumerator::Answers(REFIID riid) { return riid == IID_IUnknown || riid == IID_IEnumVARIANT; }
 
 HRESULT Enumerator::Fetch(VARIANT& element) noexcept {
   VariantInit(&element);

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "component/automation.h"
+#include "component/counted.h"
 #include "component/description.h"
 
 namespace zef::component {
@@ -12,23 +13,21 @@ using ElementAt = bool (*)(Object object, std::int32_t position, VARIANT& elemen
 
 /// A walk over the elements of an object, which it keeps alive. It goes by position: elements that are removed behind
 /// it move those that follow.
-class Enumerator final : public IEnumVARIANT {
+class Enumerator final : public Counted<Enumerator, IEnumVARIANT> {
  public:
   /// With one reference.
   Enumerator(const Class& described, Object object, ElementAt element_at, std::int32_t position = 0);
-  Enumerator(const Enumerator&) = delete;
-  Enumerator& operator=(const Enumerator&) = delete;
 
-  HRESULT QueryInterface(REFIID riid, void** object) override;
-  ULONG AddRef() override;
-  ULONG Release() override;
   HRESULT Next(ULONG count, VARIANT* values, ULONG* fetched) override;
   HRESULT Skip(ULONG count) override;
   HRESULT Reset() override;
   HRESULT Clone(IEnumVARIANT** copy) override;
 
  private:
+  friend class Counted<Enumerator, IEnumVARIANT>;
+
   ~Enumerator();
+  static bool Answers(REFIID riid);
   /// S_OK, S_FALSE behind the last element, or the code of a failure.
   HRESULT Fetch(VARIANT& element) noexcept;
 
@@ -36,7 +35,6 @@ class Enumerator final : public IEnumVARIANT {
   const Object object_;
   const ElementAt element_at_;
   std::int32_t position_;
-  ULONG references_ = 1;
 };
 
 }  // namespace zef::component

@@ -5,7 +5,6 @@
 
 #include "component/identifiers.h"
 #include "component/invocation.h"
-#include "component/lifetime.h"
 
 namespace zef::component {
 namespace {
@@ -49,7 +48,6 @@ Face::Face(const Class& described, Object object) : described_(described), objec
   void*& first = described_.outside(object_.address);
   next_ = static_cast<Face*>(first);
   first = this;
-  ObjectBegins();
 }
 
 Face::~Face() {
@@ -62,28 +60,14 @@ Face::~Face() {
     before->next_ = next_;
   }
   described_.release(object_.address);
-  ObjectEnds();
 }
 
-HRESULT Face::QueryInterface(REFIID riid, void** object) {
-  if (object == nullptr) return E_POINTER;
-  const bool asked_within = riid == OwnInterface();
-  if (asked_within) answering = this;
-  if (asked_within || riid == IID_IUnknown || riid == IID_IDispatch || riid == InterfaceOf(described_)) {
-    *object = this;
-    AddRef();
-    return S_OK;
+bool Face::Answers(REFIID riid) {
+  if (riid == OwnInterface()) {
+    answering = this;
+    return true;
   }
-  *object = nullptr;
-  return E_NOINTERFACE;
-}
-
-ULONG Face::AddRef() { return ++references_; }
-
-ULONG Face::Release() {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
+  return riid == IID_IUnknown || riid == IID_IDispatch || riid == InterfaceOf(described_);
 }
 
 HRESULT Face::GetTypeInfoCount(UINT* count) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <new>
 
+#include "component/counted.h"
 #include "component/face.h"
 #include "component/identifiers.h"
 #include "component/lifetime.h"
@@ -11,25 +12,9 @@
 namespace zef::component {
 namespace {
 
-class Factory final : public IClassFactory {
+class Factory final : public Counted<Factory, IClassFactory> {
  public:
-  explicit Factory(const Class& described) : described_(described) { ObjectBegins(); }
-  Factory(const Factory&) = delete;
-  Factory& operator=(const Factory&) = delete;
-
-  HRESULT QueryInterface(REFIID riid, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    const bool known = riid == IID_IUnknown || riid == IID_IClassFactory;
-    *object = known ? this : nullptr;
-    if (known) AddRef();
-    return known ? S_OK : E_NOINTERFACE;
-  }
-  ULONG AddRef() override { return ++references_; }
-  ULONG Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
+  explicit Factory(const Class& described) : described_(described) {}
 
   HRESULT CreateInstance(IUnknown* outer, REFIID riid, void** object) override {
     if (object == nullptr) return E_POINTER;
@@ -55,7 +40,10 @@ class Factory final : public IClassFactory {
   }
 
  private:
-  ~Factory() { ObjectEnds(); }
+  friend class Counted<Factory, IClassFactory>;
+
+  ~Factory() = default;
+  static bool Answers(REFIID riid) { return riid == IID_IUnknown || riid == IID_IClassFactory; }
 
   /// The face of a new object, which alone keeps it from here on.
   Face* Show(void* made) const {
@@ -68,7 +56,6 @@ class Factory final : public IClassFactory {
   }
 
   const Class& described_;
-  ULONG references_ = 1;
 };
 
 }  // namespace
