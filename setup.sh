@@ -15,7 +15,7 @@ wanted_packages() {
     build) ;;
     test) wanted+=("${packages_test[@]}") ;;
     bench) wanted+=("${packages_bench[@]}") ;;
-    ci) wanted+=("${packages_test[@]}" "${packages_ci[@]}") ;;
+    ci) wanted+=("${packages_test[@]}" "${packages_bench[@]}" "${packages_ci[@]}") ;;
     all) wanted+=("${packages_test[@]}" "${packages_bench[@]}" "${packages_ci[@]}") ;;
     *) echo "setup.sh: unknown group \"$1\"; known are build, test, bench, ci" >&2; return 2 ;;
   esac
