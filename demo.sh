@@ -64,6 +64,7 @@ tell "Notes hold text; any property of any record can be changed by its name."
 show zef add note people.db "Tomatoes" --text "Sow in March, plant out after the last frost."
 show zef set note people.db 1 Title="Tomatoes and beans"
 show zef show note people.db 1
+show zef export note people.db 1 tomatoes.txt
 
 tell "An alarm can carry a file. It lives in the database, whatever becomes of the one that it came from."
 echo "Tap, shed, greenhouse" >round.txt
@@ -81,6 +82,17 @@ show zef folders people.db
 tell "What takes more along than was named goes only with --yes."
 show zef delete folder people.db 14 || echo "(exit status $?)"
 show zef delete folder people.db 14 --yes
+
+tell "Several people may have an account. A program asks who it is, and what that one may do."
+show zef add user people.db ann --full-name "Ann Lee" --rights editor --password "tea at five"
+show zef users people.db
+show zef login people.db ann --password "tea at four" || echo "(exit status $?)"
+show zef login people.db ann --password "tea at five"
+
+tell "A database of an older version is upgraded behind a copy of it, all or nothing."
+show zef create old.db --schema 9.1
+show zef upgrade old.db
+show zef info old.db.backup
 
 tell "Every command speaks JSON to programs."
 show zef tasks people.db --where "TSK_DueDate < #6/1/2024#" --json

@@ -48,6 +48,9 @@ class World {
   const std::string& Writing() {
     return Made("writing", {.folders = 100, .events = kFewEvents, .contacts = kFewContacts});
   }
+  /// Contacts of an older database that is upgraded, with as many tasks and twice as many events.
+  std::int32_t UpgradedContacts() const { return quick_ ? 5'000 : 50'000; }
+
   const std::string& Small() { return Made("small", {.events = kFewEvents}); }
   const std::string& Large() { return Made("large", {.events = ManyEvents()}); }
   const std::string& SmallAddressBook() { return Made("small_book", {.contacts = kFewContacts}); }

@@ -18,6 +18,13 @@ namespace {
 
 constexpr char kDateHelp[] = "as 2024-05-17, \"2024-05-17 09:00\" or 5/17/2024";
 
+constexpr char kUpgradeHelp[] = R"(First the database is copied to a new file beside it, such as people.db.backup,
+with the same password. Then it is upgraded, all or nothing: after a failure it
+is as it was before. A database that has the version gets no copy, and at most
+indexes that it lacks.
+
+)";
+
 /// Refuses a value that is none of these.
 CLI::Validator OneOf(const std::vector<std::string>& known) {
   const auto check = [known](const std::string& text) {
@@ -97,6 +104,24 @@ void SeenOptions(CLI::App& app, Arguments& arguments) {
   AddNumber(app, "--user", arguments.user, "Identifier of the user; without it 1", "ID", 1);
 }
 
+void ListsOptions(CLI::App& app, Arguments& arguments) {
+  AddFile(app, arguments);
+  AddText(app, "LIST", arguments.list, "One of statuses, priorities, states and countries; without it all of them", "")
+      ->check(OneOf({"statuses", "priorities", "states", "countries"}));
+}
+
+void LogInOptions(CLI::App& app, Arguments& arguments) {
+  AddFile(app, arguments);
+  AddText(app, "NAME", arguments.name, "What the user logs in with", "")->required();
+  AddText(app, "--password", arguments.account_password, "Password of the account; without it, none", "PASSWORD");
+  app.footer(kAccountHelp);
+}
+
+void UpgradeOptions(CLI::App& app, Arguments& arguments) {
+  AddFile(app, arguments);
+  app.footer(std::string(kUpgradeHelp) + kGlobalHelp);
+}
+
 struct CommandEntry {
   Command command;
   const char* name;
@@ -107,10 +132,14 @@ struct CommandEntry {
 constexpr CommandEntry kCommands[] = {
     {Command::Create, "create", "Make a new database; what exists is never overwritten", &CreateOptions},
     {Command::Info, "info", "Tell what a database is and how much it holds", &AddFile},
+    {Command::Upgrade, "upgrade", "Bring a database of an older version to 9.2.4, behind a copy of it",
+     &UpgradeOptions},
     {Command::Folders, "folders", "Show the tree of folders", &AddFile},
     {Command::Tasks, "tasks", "List tasks", &TasksOptions},
     {Command::Agenda, "agenda", "Show a month and what is coming up", &AgendaOptions},
     {Command::Seen, "seen", "Tell or note whether a user has seen an occurrence of an event", &SeenOptions},
+    {Command::Lists, "lists", "Show the lists to choose from: statuses, priorities, states, countries", &ListsOptions},
+    {Command::LogIn, "login", "Check a user's name and password and show the rights", &LogInOptions},
 };
 
 constexpr CommandEntry kAddCommands[] = {
@@ -129,7 +158,7 @@ void AddCommand(CLI::App& parent, const CommandEntry& entry, Arguments& argument
 void AddGlobalOptions(CLI::App& app, Arguments& arguments) {
   app.add_flag("--json", arguments.json, "Print JSON, for programs");
   app.add_option_function<std::string>(
-         "--password",
+         "--password,--database-password",
          [&arguments](const std::string& text) {
            if (text.empty())
              throw Failure(kWrongUse,

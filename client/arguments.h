@@ -32,7 +32,11 @@ enum class Command {
   Done,
   CopyFolder,
   Find,
-  SaveAttachment
+  SaveAttachment,
+  Export,
+  Lists,
+  LogIn,
+  Upgrade
 };
 
 /// What a command line asks for. A command reads only what belongs to it.
@@ -44,7 +48,7 @@ struct Arguments {
   std::string password;
   std::string schema = kCurrentSchema;
 
-  std::string name;  ///< of a new folder or task, the text of a new event
+  std::string name;  ///< of a new folder or task, or of a user; the text of a new event
   std::optional<std::string> folder;
   std::optional<std::string> parent;
   std::optional<std::string> kind;
@@ -71,10 +75,12 @@ struct Arguments {
   RecordType type{};               ///< of the record or records that a command is about
   std::int32_t id = 0;             ///< of that record
   std::vector<Assignment> values;  ///< what a new record holds, or what is to be set
-  bool yes = false;
-  std::string source;  ///< the folder to be copied
-  std::string target;  ///< where to: a folder, or a file
+  bool yes = false;                ///< consent to what takes something away
+  std::string source;              ///< the folder to be copied
+  std::string target;              ///< where to: a folder, or a file
   std::string number;
+  std::string list;              ///< empty for all
+  std::string account_password;  ///< that of a user, while `password` is the database's
 };
 
 /// Reads the words behind the program's name. A text instead of arguments is to be shown and nothing else to be done:

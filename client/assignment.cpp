@@ -7,6 +7,7 @@
 #include "client/date_option.h"
 #include "client/failure.h"
 #include "client/number_option.h"
+#include "client/number_words.h"
 #include "platform/text.h"
 
 namespace zef::client {
@@ -38,9 +39,10 @@ bool ReadFlag(std::string_view option, std::string_view text) {
 
 }  // namespace
 
-PropertyValue ReadValue(std::string_view option, PropertyType type, std::string_view text) {
-  switch (type) {
-    case PropertyType::Number: return ReadNumber(option, text);
+PropertyValue ReadValue(std::string_view option, const PropertyInfo& property, std::string_view text) {
+  switch (property.type) {
+    case PropertyType::Number:
+      return property.words == nullptr ? ReadNumber(option, text) : ReadWords(option, *property.words, text);
     case PropertyType::Flag: return ReadFlag(option, text);
     case PropertyType::Date: return text.empty() ? Date() : ReadDate(option, text);
     default: return std::string(text);
@@ -59,7 +61,7 @@ Assignment ReadAssignment(const RecordKind& kind, std::string_view word) {
   });
   if (found == known.end()) RefuseUnknown(kind, known, name);
   if (found->read_only) throw Failure(kRefused, fmt::format("The property {} cannot be set.", found->name));
-  return {found->name, ReadValue(found->name, found->type, word.substr(sign + 1))};
+  return {found->name, ReadValue(found->name, *found, word.substr(sign + 1))};
 }
 
 PropertyInfo PropertyNamed(RecordType type, std::string_view name) {

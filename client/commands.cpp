@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cctype>
 
 #include "client/add_commands.h"
 #include "client/agenda.h"
@@ -11,8 +12,11 @@
 #include "client/failure.h"
 #include "client/occurrences.h"
 #include "client/printable.h"
+#include "client/progress.h"
 #include "client/record_commands.h"
+#include "client/record_views.h"
 #include "client/table.h"
+#include "client/upgrade_view.h"
 #include "client/views.h"
 
 namespace zef::client {
@@ -28,23 +32,24 @@ std::string Create(const Arguments& arguments, const Screen& /*screen*/) {
                      encrypted ? " It is encrypted." : "");
 }
 
+/// "folders" as the heading of a line.
+std::string Heading(std::string name) {
+  name[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(name[0])));
+  return name;
+}
+
 std::string Info(const Arguments& arguments, const Screen& screen) {
   const DatabaseInfo info = Store(arguments.file, arguments.password).Info();
   if (arguments.json) {
-    return JsonLine({{"file", arguments.file},
-                     {"version", info.version},
-                     {"encrypted", info.encrypted},
-                     {"folders", info.folders},
-                     {"tasks", info.tasks},
-                     {"events", info.events}});
+    Json::Object object{{"file", arguments.file}, {"version", info.version}, {"encrypted", info.encrypted}};
+    for (const auto& [name, count] : info.counts) object.emplace_back(name, count);
+    return JsonLine(std::move(object));
   }
   Table table({{""}, {""}});
   table.Add({"File", arguments.file});
   table.Add({"Version", info.version});
   table.Add({"Encrypted", info.encrypted ? "yes" : "no"});
-  table.Add({"Folders", std::to_string(info.folders)});
-  table.Add({"Tasks", std::to_string(info.tasks)});
-  table.Add({"Events", std::to_string(info.events)});
+  for (const auto& [name, count] : info.counts) table.Add({Heading(name), std::to_string(count)});
   return table.Text(screen);
 }
 
@@ -86,6 +91,24 @@ std::string TellSeen(const Arguments& arguments, const Screen& /*screen*/) {
                      Printable(event.text), DateText(*moment));
 }
 
+std::string ShowLists(const Arguments& arguments, const Screen& screen) {
+  std::vector<LookupList> lists = Open(arguments)->Lists();
+  std::erase_if(lists, [&](const LookupList& list) { return !arguments.list.empty() && list.name != arguments.list; });
+  return arguments.json ? ListsJson(lists) : ListsTable(lists, screen);
+}
+
+std::string LogIn(const Arguments& arguments, const Screen& screen) {
+  const RecordValues user = Open(arguments)->LogIn(arguments.name, arguments.account_password);
+  return arguments.json ? JsonLine(JsonOf(user)) : RecordText(user, screen);
+}
+
+std::string Upgrade(const Arguments& arguments, const Screen& /*screen*/) {
+  Progress progress;
+  const UpgradeInfo info =
+      Store(arguments.file, arguments.password).Upgrade([&](const std::string& text) { progress.Tell(text); });
+  return arguments.json ? UpgradeJson(arguments.file, info) : UpgradeText(arguments.file, info);
+}
+
 struct Entry {
   Command command;
   std::string (*run)(const Arguments&, const Screen&);
@@ -98,6 +121,8 @@ constexpr Entry kEntries[] = {
     {Command::List, &ListRecords},      {Command::AddRecord, &AddRecord}, {Command::Show, &ShowRecord},
     {Command::Set, &SetRecord},         {Command::Delete, &DeleteRecord}, {Command::Done, &FinishTask},
     {Command::CopyFolder, &CopyFolder}, {Command::Find, &FindContact},    {Command::SaveAttachment, &SaveAttachment},
+    {Command::Export, &ExportRecord},   {Command::Lists, &ShowLists},     {Command::LogIn, &LogIn},
+    {Command::Upgrade, &Upgrade},
 };
 
 }  // namespace

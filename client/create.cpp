@@ -46,9 +46,7 @@ class TemporaryFile {
 
 /// The log of another database under this name would be played into the new one.
 void RequireFreePlace(const fs::path& place) {
-  if (!place.has_filename()) throw Failure(kRefused, fmt::format("'{}' names no file.", place.native()));
-  RequireWritableFolder(place.has_parent_path() ? place.parent_path() : fs::path("."));
-  if (NameIsTaken(place)) throw Failure(kRefused, fmt::format("'{}' exists already.", place.native()));
+  RequireNewPlace(place);
   for (const char* const ending : kLogEndings) {
     const fs::path log = WithEnding(place, ending);
     if (!NameIsTaken(log)) continue;

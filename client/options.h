@@ -14,6 +14,10 @@ namespace zef::client {
 
 inline constexpr char kGlobalHelp[] = "Every command also takes --json, --password and --no-colour; see zef --help.";
 
+inline constexpr char kAccountHelp[] =
+    "Here --password is that of the account; the one of the database is --database-password.\n\n"
+    "Every command also takes --json and --no-colour; see zef --help.";
+
 template <class Target>
 CLI::Option* AddText(CLI::App& app, const char* name, Target& target, const std::string& help,
                      const char* type = "TEXT") {

@@ -35,6 +35,13 @@ void SyncFolder(const std::filesystem::path& folder) {
   close(opened);
 }
 
+void RequireWritableFolder(const std::filesystem::path& folder) {
+  const std::filesystem::path inside = folder / ".";  // so that a file in the folder's place is told
+  if (access(inside.c_str(), W_OK | X_OK) == 0) return;
+  throw Failure(kRefused,
+                fmt::format("Nothing can be made in the folder '{}': {}.", folder.native(), std::strerror(errno)));
+}
+
 }  // namespace
 
 void PlaceFile(const std::filesystem::path& from, const std::filesystem::path& to) {
@@ -45,11 +52,23 @@ void PlaceFile(const std::filesystem::path& from, const std::filesystem::path& t
   SyncFolder(to.parent_path());
 }
 
-void RequireWritableFolder(const std::filesystem::path& folder) {
-  const std::filesystem::path inside = folder / ".";  // so that a file in the folder's place is told
-  if (access(inside.c_str(), W_OK | X_OK) == 0) return;
-  throw Failure(kRefused,
-                fmt::format("Nothing can be made in the folder '{}': {}.", folder.native(), std::strerror(errno)));
+void RequireNewPlace(const std::filesystem::path& place) {
+  if (!place.has_filename()) throw Failure(kRefused, fmt::format("'{}' names no file.", place.native()));
+  RequireWritableFolder(place.has_parent_path() ? place.parent_path() : std::filesystem::path("."));
+  if (NameIsTaken(place)) throw Failure(kRefused, fmt::format("'{}' exists already.", place.native()));
+}
+
+void MakeNewFile(const std::filesystem::path& place, const std::function<void(const std::string& temporary)>& write) {
+  RequireNewPlace(place);
+  const std::filesystem::path temporary = TemporaryNameBeside(place);
+  try {
+    write(temporary.native());
+    PlaceFile(temporary, place);
+  } catch (...) {
+    std::error_code ignored;
+    std::filesystem::remove(temporary, ignored);
+    throw;
+  }
 }
 
 bool NameIsTaken(const std::filesystem::path& path) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
+#include <string>
 
 namespace zef::client {
 
@@ -8,8 +10,13 @@ namespace zef::client {
 /// even if it came into being a moment ago; the file keeps its old name then.
 void PlaceFile(const std::filesystem::path& from, const std::filesystem::path& to);
 
-/// Raises a `Failure` if new files cannot be made in a folder.
-void RequireWritableFolder(const std::filesystem::path& folder);
+/// Raises a `Failure` if a new file cannot be made here: without a file name, in a folder that cannot be written to, or
+/// in the place of anything.
+void RequireNewPlace(const std::filesystem::path& place);
+
+/// Makes a new file, whole or not at all: `write` gets the name of a temporary one beside the place, which then takes
+/// it. Raises what `RequireNewPlace` and `PlaceFile` do.
+void MakeNewFile(const std::filesystem::path& place, const std::function<void(const std::string& temporary)>& write);
 
 /// True if something has this name; a link counts, whatever it points to.
 bool NameIsTaken(const std::filesystem::path& path);

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "client/assignment.h"
+#include "client/number_words.h"
 #include "client/options.h"
 #include "client/record_kinds.h"
 
@@ -43,9 +44,9 @@ void AddList(CLI::App& app, const RecordKind& kind, Arguments& arguments) {
 
 /// What was given with an option becomes a value of its property at once, so that a wrong one is told by its own name.
 void AddValue(CLI::App& app, const RecordKind& kind, const AddOption& option, Arguments& arguments) {
-  const PropertyType type = PropertyNamed(kind.type, option.property).type;
-  const auto assign = [&arguments, &option, type](const std::string& text) {
-    arguments.values.emplace_back(option.property, ReadValue(option.name, type, text));
+  const auto assign = [&arguments, &option,
+                       property = PropertyNamed(kind.type, option.property)](const std::string& text) {
+    arguments.values.emplace_back(option.property, ReadValue(option.name, property, text));
   };
   if (option.type == nullptr) {
     app.add_flag_callback(
@@ -63,17 +64,21 @@ void AddAdding(CLI::App& app, const RecordKind& kind, Arguments& arguments) {
   for (const AddOption& option : kind.options) AddValue(adding, kind, option, arguments);
   AddFolderOf(adding, arguments, kind);
   if (kind.type == RecordType::Alarm) AddRule(adding, arguments.rule);
+  if (kind.type == RecordType::User) adding.footer(kAccountHelp);
 }
 
 std::string PropertiesHelp(const RecordKind& kind) {
   std::string names;
+  std::string words;
   for (const PropertyInfo& property : PropertiesOf(kind.type)) {
-    if (!property.read_only) names += (names.empty() ? "" : ", ") + std::string(property.name);
+    if (property.read_only) continue;
+    names += (names.empty() ? "" : ", ") + std::string(property.name);
+    if (property.words != nullptr) words += fmt::format("\n{} is one of {}.", property.name, AllWords(*property.words));
   }
   return fmt::format(
       "Properties: {}.\nDates are given as 2024-05-17 or \"2024-05-17 09:00\", nothing for no date; flags "
-      "as yes or no.\n\n{}",
-      names, kGlobalHelp);
+      "as yes or no.{}\n\n{}",
+      names, words, kGlobalHelp);
 }
 
 void AddShowing(CLI::App& app, const RecordKind& kind, Arguments& arguments) {
@@ -105,7 +110,18 @@ void AddDeleting(CLI::App& app, const RecordKind& kind, Arguments& arguments) {
   deleting.add_flag("--yes", arguments.yes, "Deletes the folder with all that is in and below it");
 }
 
-/// Adds a command that has a command of its own for each kind of record.
+void AddExporting(CLI::App& app, const RecordKind& kind, Arguments& arguments) {
+  if (!CanBeExported(kind.type)) return;
+  CLI::App& exporting = AddCommand(app, kind.name, fmt::format("Write one of the {} to a text file", kind.plural),
+                                   Command::Export, kind.type, arguments);
+  AddIdentifier(exporting, arguments);
+  AddText(exporting, "TARGET", arguments.target,
+          "The file to be made, in Windows-1252; a character that this lacks becomes \"?\"", "")
+      ->required();
+  exporting.add_flag("--yes", arguments.yes, "Writes over a file that exists; a link is refused");
+}
+
+/// Adds a command that has a command of its own for each kind of record, or for some.
 void AddForEachKind(CLI::App& app, const char* name, const char* help,
                     void (*add)(CLI::App&, const RecordKind&, Arguments&), Arguments& arguments) {
   CLI::App* const command = app.add_subcommand(name, help);
@@ -149,6 +165,7 @@ void AddRecordCommands(CLI::App& app, CLI::App& add, Arguments& arguments) {
   AddForEachKind(app, "show", "Show all that a record holds", &AddShowing, arguments);
   AddForEachKind(app, "set", "Change properties of a record", &AddSetting, arguments);
   AddForEachKind(app, "delete", "Delete a record", &AddDeleting, arguments);
+  AddForEachKind(app, "export", "Write a record to a text file", &AddExporting, arguments);
   AddSteps(app, arguments);
 }
 

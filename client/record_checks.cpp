@@ -70,6 +70,16 @@ void RequireReferences(Store& store, const RecordKind& kind, std::int32_t id, co
   }
 }
 
+void RequireFreeName(Store& store, const RecordKind& kind, std::int32_t id, const std::vector<Assignment>& values) {
+  if (kind.type != RecordType::User) return;
+  for (const auto& [property, value] : values) {
+    if (property != kind.title) continue;
+    const auto& name = std::get<std::string>(value);
+    const std::optional<std::int32_t> bearer = store.UserID(name);
+    if (bearer && *bearer != id) throw Failure(kRefused, fmt::format("There is a user '{}' already.", name));
+  }
+}
+
 void RequireHolder(const FolderInfo& folder) {
   if (!folder.shows_all) return;
   throw Failure(kRefused,

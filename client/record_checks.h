@@ -16,6 +16,10 @@ void RequireTitleKept(const RecordKind& kind, const std::vector<Assignment>& val
 /// fit, or would put the folder `id` below itself. 0 and -1 refer to nothing.
 void RequireReferences(Store& store, const RecordKind& kind, std::int32_t id, const std::vector<Assignment>& values);
 
+/// Raises a `Failure` if values would give the user `id`, or a new one, the name of another: logging in would find only
+/// one of the two.
+void RequireFreeName(Store& store, const RecordKind& kind, std::int32_t id, const std::vector<Assignment>& values);
+
 /// Raises a `Failure` for a folder that cannot hold items because it stands for those of all folders.
 void RequireHolder(const FolderInfo& folder);
 

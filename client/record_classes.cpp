@@ -11,6 +11,7 @@
 #include "folders/folder.h"
 #include "notes/note.h"
 #include "tasks/task.h"
+#include "users/user.h"
 
 namespace zef::client {
 namespace {
@@ -45,6 +46,10 @@ void Attach(CAlarm& alarm, const PropertyValue& value) {
   file.Description = std::string();
   if (!path.empty()) file.ResetFlagsX(true, file.IsNew());  // the same path may hold another content by now
 }
+
+PropertyValue TypeOf(const CUser& user) { return user.UserType(); }
+
+void SetPassword(CUser& user, const PropertyValue& password) { user.Password = std::get<std::string>(password); }
 
 PropertyValue FullNameOf(const CContact& contact) { return contact.FullName(); }
 
@@ -173,6 +178,18 @@ constexpr Member<CCategory> kCategory[] = {
     {"DateLastUpdate", &CCategory::DateLastUpdate, kKept},
 };
 
+constexpr Member<CUser> kUser[] = {
+    {"ID", &CUser::ID, kKept},
+    {"Name", &CUser::Name},
+    {"FullName", &CUser::FullName},
+    {"Rights", &CUser::Rights},
+    {"UserType", Derived<CUser>{PropertyType::Text, &TypeOf}},
+    {"Email", &CUser::Email},
+    {"Password", Derived<CUser>{PropertyType::Text, nullptr, &SetPassword}},
+    {"CreationDate", &CUser::CreationDate, kKept},
+    {"DateLastUpdate", &CUser::DateLastUpdate, kKept},
+};
+
 }  // namespace
 
 // The sort clause of a list stands behind its condition; only the loading of folders has one of its own.
@@ -191,7 +208,8 @@ constexpr RecordClass<CTask> kTaskClass{"task",
                                         &CSession::GetTask,
                                         &CSession::CreateTask,
                                         &CSession::LoadTasksWithCriteria,
-                                        &CSession::DeleteTask};
+                                        &CSession::DeleteTask,
+                                        &CTask::Save2File};
 constexpr RecordClass<CEvent> kEventClass{"event",
                                           kEvent,
                                           "EVE_FolderID",
@@ -199,7 +217,8 @@ constexpr RecordClass<CEvent> kEventClass{"event",
                                           &CSession::GetEvent,
                                           &CSession::CreateEvent,
                                           &CSession::LoadEventsWithCriteria,
-                                          &CSession::DeleteEvent};
+                                          &CSession::DeleteEvent,
+                                          &CEvent::Save2File};
 constexpr RecordClass<CContact> kContactClass{"contact",
                                               kContact,
                                               "CNT_FolderID",
@@ -207,7 +226,8 @@ constexpr RecordClass<CContact> kContactClass{"contact",
                                               &CSession::GetContact,
                                               &CSession::CreateContact,
                                               &CSession::LoadContactsWithCriteria,
-                                              &CSession::DeleteContact};
+                                              &CSession::DeleteContact,
+                                              &CContact::Save2File};
 constexpr RecordClass<CNote> kNoteClass{"note",
                                         kNote,
                                         "NOT_FolderID",
@@ -215,7 +235,8 @@ constexpr RecordClass<CNote> kNoteClass{"note",
                                         &CSession::GetNote,
                                         &CSession::CreateNote,
                                         &CSession::LoadNotesWithCriteria,
-                                        &CSession::DeleteNote};
+                                        &CSession::DeleteNote,
+                                        &CNote::Save2File};
 constexpr RecordClass<CAlarm> kAlarmClass{"alarm",
                                           kAlarm,
                                           "ALA_FolderID",
@@ -223,7 +244,8 @@ constexpr RecordClass<CAlarm> kAlarmClass{"alarm",
                                           &CSession::GetAlarm,
                                           &CSession::CreateAlarm,
                                           &CSession::LoadAlarmsWithCriteria,
-                                          &CSession::DeleteAlarm};
+                                          &CSession::DeleteAlarm,
+                                          &CAlarm::Save2File};
 constexpr RecordClass<CPhoneLog> kCallClass{"call",
                                             kCall,
                                             "",
@@ -240,5 +262,13 @@ constexpr RecordClass<CCategory> kCategoryClass{"category",
                                                 nullptr,
                                                 &CSession::LoadCategoriesWithCriteria,
                                                 &CSession::DeleteCategory};
+constexpr RecordClass<CUser> kUserClass{"user",
+                                        kUser,
+                                        "",
+                                        "USR_Name, USR_ID",
+                                        &CSession::GetUser,
+                                        nullptr,
+                                        &CSession::LoadUsersWithCriteria,
+                                        &CSession::DeleteUser};
 
 }  // namespace zef::client

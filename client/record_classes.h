@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 #include <variant>
 
@@ -13,8 +14,8 @@
 /// The library's classes of record as tables of data, for the store alone.
 namespace zef::client {
 
-/// A property that is no plain one of its class: it is worked out, or belongs to a child. Without `set` it is only
-/// read.
+/// A property that is no plain one of its class: it is worked out, belongs to a child, or is a secret. Without `set` it
+/// is only read, without `get` only written.
 template <class R>
 struct Derived {
   PropertyType type;
@@ -44,6 +45,7 @@ struct RecordClass {
   Ref<R> (CSession::*create)();  ///< null if a client makes the record by itself
   bool (CSession::*load)(const Ref<Collection<R>>&, const std::string&);
   bool (CSession::*remove)(std::int32_t);
+  bool (R::*save_to_file)(const std::string&) const = nullptr;  ///< null if its records are not exported by themselves
 };
 
 extern const RecordClass<CFolder> kFolderClass;
@@ -54,6 +56,7 @@ extern const RecordClass<CNote> kNoteClass;
 extern const RecordClass<CAlarm> kAlarmClass;
 extern const RecordClass<CPhoneLog> kCallClass;
 extern const RecordClass<CCategory> kCategoryClass;
+extern const RecordClass<CUser> kUserClass;
 
 /// Calls `use` with the class of a type.
 template <class Use>
@@ -66,9 +69,10 @@ auto WithClass(RecordType type, Use&& use) {
     case RecordType::Note: return use(kNoteClass);
     case RecordType::Alarm: return use(kAlarmClass);
     case RecordType::Call: return use(kCallClass);
-    case RecordType::Category: break;
+    case RecordType::Category: return use(kCategoryClass);
+    case RecordType::User: break;
   }
-  return use(kCategoryClass);
+  return use(kUserClass);
 }
 
 }  // namespace zef::client

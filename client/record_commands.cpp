@@ -7,6 +7,7 @@
 #include "client/commands.h"
 #include "client/date_option.h"
 #include "client/failure.h"
+#include "client/place_file.h"
 #include "client/printable.h"
 #include "client/record_checks.h"
 #include "client/record_kinds.h"
@@ -43,12 +44,17 @@ void RequireConsent(const RecordValues& folder, bool yes) {
                             is_protected ? "belongs to the system, which looks for it by its name; it goes" : "goes"));
 }
 
+const PropertyValue* Among(const std::vector<Assignment>& values, std::string_view property) {
+  const auto found =
+      std::find_if(values.begin(), values.end(), [&](const Assignment& value) { return value.first == property; });
+  return found == values.end() ? nullptr : &found->second;
+}
+
 /// The date that a rule begins with, if there is one among the values.
 std::optional<Date> StartIn(const std::vector<Assignment>& values) {
-  const auto found =
-      std::find_if(values.begin(), values.end(), [](const Assignment& value) { return value.first == "StartDate"; });
-  if (found == values.end()) return std::nullopt;
-  return std::get<Date>(found->second);
+  const PropertyValue* const start = Among(values, "StartDate");
+  if (start == nullptr) return std::nullopt;
+  return std::get<Date>(*start);
 }
 
 }  // namespace
@@ -70,6 +76,8 @@ std::string AddRecord(const Arguments& arguments, const Screen& /*screen*/) {
   if (rule.type != kNoRule) values.emplace_back("Recurrence", rule);
   const auto store = Open(arguments);
   RequireReferences(*store, kind, 0, values);
+  RequireFreeName(*store, kind, 0, values);
+  if (kind.type == RecordType::User && Among(values, "Rights") == nullptr) values.emplace_back("Rights", kViewer);
   std::string place;
   if (kind.root_folder != nullptr) {
     const FolderInfo folder =
@@ -93,6 +101,7 @@ std::string SetRecord(const Arguments& arguments, const Screen& /*screen*/) {
   const auto store = Open(arguments);
   RequireOwn(store->Record(kind.type, arguments.id));
   RequireReferences(*store, kind, arguments.id, arguments.values);
+  RequireFreeName(*store, kind, arguments.id, arguments.values);
   const RecordValues changed = store->SetRecord(kind.type, arguments.id, arguments.values);
   return arguments.json ? JsonLine(JsonOf(changed)) : Sentence("Changed", changed);
 }
@@ -133,6 +142,19 @@ std::string FindContact(const Arguments& arguments, const Screen& screen) {
   const std::optional<RecordValues> contact = Open(arguments)->ContactWithNumber(arguments.number);
   if (!contact) throw Failure(kRefused, fmt::format("No contact has the number '{}'.", arguments.number));
   return arguments.json ? JsonLine(JsonOf(*contact)) : RecordText(*contact, screen);
+}
+
+std::string ExportRecord(const Arguments& arguments, const Screen& /*screen*/) {
+  const auto store = Open(arguments);
+  const RecordValues record = store->Record(arguments.type, arguments.id);
+  if (!arguments.yes && NameIsTaken(arguments.target)) {
+    throw Failure(kRefused, fmt::format("'{}' exists already; it is written over only with --yes.", arguments.target));
+  }
+  store->Export(record.type, arguments.id, arguments.target, arguments.yes);
+  if (arguments.json) {
+    return JsonLine({{"kind", KindOf(record.type).name}, {"id", arguments.id}, {"file", arguments.target}});
+  }
+  return fmt::format("Wrote {} to {}.\n", Called(record), Printable(arguments.target));
 }
 
 std::string SaveAttachment(const Arguments& arguments, const Screen& /*screen*/) {

@@ -16,6 +16,7 @@ std::string DeleteRecord(const Arguments& arguments, const Screen& screen);
 std::string FinishTask(const Arguments& arguments, const Screen& screen);
 std::string CopyFolder(const Arguments& arguments, const Screen& screen);
 std::string FindContact(const Arguments& arguments, const Screen& screen);
+std::string ExportRecord(const Arguments& arguments, const Screen& screen);
 std::string SaveAttachment(const Arguments& arguments, const Screen& screen);
 
 }  // namespace zef::client

@@ -9,8 +9,6 @@ namespace {
 constexpr bool kMayBeCut = true;
 constexpr bool kRequired = true;
 
-constexpr const char* kDirections[] = {"incoming", "outgoing"};
-
 constexpr ListColumn kContactColumns[] = {
     {"ID", "ID"},          {"NAME", "FullName", kMayBeCut}, {"COMPANY", "Company", kMayBeCut},
     {"PHONE", "Phone"},    {"MOBILE", "MobilePhone"},       {"EMAIL", "Email", kMayBeCut},
@@ -25,11 +23,17 @@ constexpr ListColumn kAlarmColumns[] = {{"ID", "ID"},
                                         {"FILE", "Attachement", kMayBeCut}};
 constexpr ListColumn kCallColumns[] = {{"ID", "ID"},
                                        {"WHEN", "RecordDate"},
-                                       {"DIRECTION", "Direction", false, kDirections},
+                                       {"DIRECTION", "Direction"},
                                        {"NUMBER", "PhoneNumber"},
                                        {"CONTACT", "ContactID"},
                                        {"SUBJECT", "Subject", kMayBeCut}};
 constexpr ListColumn kCategoryColumns[] = {{"ID", "ID"}, {"NAME", "Name", kMayBeCut}, {"COLOUR", "Color"}};
+
+constexpr ListColumn kUserColumns[] = {{"ID", "ID"},
+                                       {"NAME", "Name", kMayBeCut},
+                                       {"FULL NAME", "FullName", kMayBeCut},
+                                       {"RIGHTS", "Rights"},
+                                       {"EMAIL", "Email", kMayBeCut}};
 
 constexpr AddOption kCategory = {"--category", "CategoryID", "Identifier of its category", "ID"};
 
@@ -78,6 +82,14 @@ constexpr AddOption kCategoryOptions[] = {
     {"NAME", "Name", "Name of the new category", "", kRequired},
     {"--colour", "Color", "A colour, as the number that programs give it", "N"},
 };
+constexpr AddOption kUserOptions[] = {
+    {"NAME", "Name", "What the new user logs in with", "", kRequired},
+    {"--full-name", "FullName", "The person's name"},
+    {"--password", "Password", "Password of the account, not of the database; without it, none"},
+    {"--rights", "Rights", "administrator, editor, viewer or none, or several as in editor,viewer; without it, viewer",
+     "RIGHTS"},
+    {"--email", "Email", "Mail address"},
+};
 
 constexpr RecordKind kKinds[] = {
     {RecordType::Folder, "folder", "folders", "Name"},
@@ -88,6 +100,7 @@ constexpr RecordKind kKinds[] = {
     {RecordType::Alarm, "alarm", "alarms", "Text", "Alarms", kAlarms, kAlarmColumns, kAlarmOptions},
     {RecordType::Call, "call", "calls", "PhoneNumber", nullptr, {}, kCallColumns, kCallOptions},
     {RecordType::Category, "category", "categories", "Name", nullptr, {}, kCategoryColumns, kCategoryOptions},
+    {RecordType::User, "user", "users", "Name", nullptr, {}, kUserColumns, kUserOptions},
 };
 
 struct NamePair {

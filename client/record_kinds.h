@@ -14,7 +14,6 @@ struct ListColumn {
   const char* heading;
   std::string_view property;
   bool may_be_cut = false;
-  std::span<const char* const> words{};  ///< for a number that stands for a word, in its order from 0 on
 };
 
 /// What `add` takes: an option, or an argument if the name has no hyphens; it fills a property.

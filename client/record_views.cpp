@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "client/date_option.h"
+#include "client/number_words.h"
 #include "client/rule_text.h"
 #include "client/table.h"
 #include "client/views.h"
@@ -29,10 +30,11 @@ struct ToJson {
   }
 };
 
-std::string Cell(const ListColumn& column, const PropertyValue& value) {
-  const auto* const number = std::get_if<std::int32_t>(&value);
-  const bool named = number != nullptr && *number >= 0 && static_cast<std::size_t>(*number) < column.words.size();
-  return named ? column.words[static_cast<std::size_t>(*number)] : ValueText(value);
+/// A value of a property: the words for its number, if it has some.
+std::string PropertyText(RecordType type, std::string_view property, const PropertyValue& value) {
+  const NumberWords* const known = WordsOf(type, property);
+  const std::optional<std::string> words = known ? WordsFor(*known, std::get<std::int32_t>(value)) : std::nullopt;
+  return words ? *words : ValueText(value);
 }
 
 /// The property's name in front of the first line.
@@ -45,10 +47,10 @@ void AddLines(Table& table, std::string_view name, std::string_view text) {
   }
 }
 
-/// 0 and -1 are references to nothing.
-bool SaysNothing(const PropertyValue& value) {
+/// 0 and -1 are references to nothing, unless they stand for words.
+bool SaysNothing(const PropertyValue& value, const std::string& text) {
   const auto* const number = std::get_if<std::int32_t>(&value);
-  return number != nullptr ? *number == 0 || *number == -1 : ValueText(value).empty();
+  return text.empty() || (number != nullptr && (text == "0" || text == "-1"));
 }
 
 }  // namespace
@@ -65,13 +67,15 @@ std::string RecordTable(const RecordKind& kind, const std::vector<RecordValues>&
   if (records.empty()) return fmt::format("No {}.\n", kind.plural);
   std::vector<Table::Column> columns;
   for (const ListColumn& column : kind.columns) {
-    const bool is_number = column.words.empty() && std::holds_alternative<std::int32_t>(records[0][column.property]);
+    const bool is_number = WordsOf(kind.type, column.property) == nullptr &&
+                           std::holds_alternative<std::int32_t>(records[0][column.property]);
     columns.push_back({column.heading, is_number ? Table::Align::Right : Table::Align::Left, column.may_be_cut});
   }
   Table table(columns);
   for (const RecordValues& record : records) {
     std::vector<std::string> cells;
-    for (const ListColumn& column : kind.columns) cells.push_back(Cell(column, record[column.property]));
+    for (const ListColumn& column : kind.columns)
+      cells.push_back(PropertyText(kind.type, column.property, record[column.property]));
     table.Add(cells);
   }
   return table.Text(screen);
@@ -80,7 +84,8 @@ std::string RecordTable(const RecordKind& kind, const std::vector<RecordValues>&
 std::string RecordText(const RecordValues& record, const Screen& screen) {
   Table table({{""}, {""}});
   for (const auto& [name, value] : record.properties) {
-    if (!SaysNothing(value)) AddLines(table, name, ValueText(value));
+    const std::string text = PropertyText(record.type, name, value);
+    if (!SaysNothing(value, text)) AddLines(table, name, text);
   }
   return table.Text(screen);
 }

@@ -17,7 +17,8 @@ Json::Object JsonOf(const RecordValues& record);
 
 /// A list of records in the columns of their kind.
 std::string RecordTable(const RecordKind& kind, const std::vector<RecordValues>& records, const Screen& screen);
-/// The properties of a record that hold something, one in a line; a text of several lines takes as many.
+/// The properties of a record that hold something, one in a line, numbers in words where they have some; a text of
+/// several lines takes as many.
 std::string RecordText(const RecordValues& record, const Screen& screen);
 
 }  // namespace zef::client

@@ -10,6 +10,29 @@
 namespace zef::client {
 namespace {
 
+struct CountedTable {
+  const char* name;
+  const char* table;
+};
+
+constexpr CountedTable kCounted[] = {
+    {"folders", "Folders"},       {"tasks", "Tasks"},   {"events", "Events"},   {"contacts", "Contacts"},
+    {"notes", "Notes"},           {"alarms", "Alarms"}, {"calls", "PhoneLogs"}, {"attachments", "Attachements"},
+    {"categories", "Categories"}, {"users", "Users"},
+};
+
+struct KnownList {
+  const char* name;
+  bool (CSession::*load)(const Ref<CTags>&);
+};
+
+constexpr KnownList kLists[] = {
+    {"statuses", &CSession::LoadTaskStatusList},
+    {"priorities", &CSession::LoadTaskPriorityList},
+    {"states", &CSession::LoadStateTags},
+    {"countries", &CSession::LoadCountryTags},
+};
+
 /// The client's condition and that of a folder as one.
 std::string Condition(const std::optional<FolderInfo>& folder, const std::string& condition) {
   if (!folder || folder->shows_all) return condition;
@@ -23,6 +46,7 @@ Store::Store(const std::string& file, const std::string& password) : session_(st
   std::string text = "Provider=SQLite;Data Source=" + QuotedConnectionValue(file);
   if (!password.empty()) text += ";Password=" + QuotedConnectionValue(password);
   Telling([&] { session_->it->Connect2DatabaseCS(text); });
+  session_->connection_string = std::move(text);
   session_->it->SetAdministratorRights();
   session_->file = file;
   session_->encrypted = !password.empty();  // a password for an open file is refused
@@ -31,17 +55,16 @@ Store::Store(const std::string& file, const std::string& password) : session_(st
 Store::~Store() = default;
 
 DatabaseInfo Store::Info() {
-  return {.version = session_->Version(),
-          .encrypted = session_->encrypted,
-          .folders = session_->Count("Folders"),
-          .tasks = session_->Count("Tasks"),
-          .events = session_->Count("Events")};
+  DatabaseInfo info{.version = session_->Version(), .encrypted = session_->encrypted};
+  for (const auto& [name, table] : kCounted) info.counts.emplace_back(name, session_->Count(table));
+  return info;
 }
 
 void Store::RequireCurrentVersion() {
   const std::string version = session_->Version();
   if (!IsOlderVersion(version, kCurrentSchema)) return;
-  Refuse(fmt::format("The database has version '{}'; it must be upgraded to {} first.", version, kCurrentSchema));
+  Refuse(fmt::format("The database has version '{}'; it must be upgraded to {} first, by zef upgrade.", version,
+                     kCurrentSchema));
 }
 
 std::vector<FolderInfo> Store::Folders() { return session_->Folders(""); }
@@ -102,6 +125,17 @@ std::string Store::Priority(const std::string& name) {
   if (!found.empty()) return found[0];
   const auto known = session_->Texts("SELECT TP_Name FROM lstTaskPriority ORDER BY TP_ID");
   Refuse(fmt::format("There is no priority '{}'; known are {}.", name, fmt::join(known, ", ")));
+}
+
+std::vector<LookupList> Store::Lists() {
+  std::vector<LookupList> lists;
+  for (const auto& [name, load] : kLists) {
+    const auto tags = MakeRef<CTags>();
+    session_->Require((*session_->it.*load)(tags), "A list could not be read.");
+    lists.push_back({.name = name});
+    for (const Ref<CTag>& tag : *tags) lists.back().entries.push_back({tag->ID, tag->Text});
+  }
+  return lists;
 }
 
 std::vector<TaskInfo> Store::Tasks(const std::optional<FolderInfo>& folder, const std::string& condition) {

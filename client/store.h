@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "client/record_values.h"
@@ -15,12 +17,32 @@ namespace zef::client {
 /// The kinds of item that a folder holds, as the database numbers them.
 enum FolderKind : std::int32_t { kContacts = 1, kTasks = 2, kNotes = 3, kEvents = 4, kAlarms = 6 };
 
+/// Bits of a user's rights, as the database numbers them.
+enum UserRights : std::int32_t { kAdministrator = 1, kEditor = 2, kViewer = 4 };
+
 struct DatabaseInfo {
   std::string version{};
   bool encrypted = false;
-  std::int32_t folders = 0;
-  std::int32_t tasks = 0;
-  std::int32_t events = 0;
+  std::vector<std::pair<std::string, std::int32_t>> counts{};  ///< of records by the plural name of their kind
+};
+
+/// A list that the database offers to choose from, such as "countries".
+struct LookupList {
+  struct Entry {
+    std::int32_t id = 0;
+    std::string name{};
+  };
+  std::string name{};
+  std::vector<Entry> entries{};
+};
+
+/// What an upgrade has done.
+struct UpgradeInfo {
+  std::string from{};
+  std::string to{};
+  std::vector<std::string> steps{};    ///< the versions that were reached, one after the other
+  std::vector<std::string> indexes{};  ///< those that were added
+  std::string backup{};                ///< where the database stands as it was before; empty if no step was needed
 };
 
 struct FolderInfo {
@@ -70,6 +92,9 @@ class Store {
   Store& operator=(const Store&) = delete;
 
   DatabaseInfo Info();
+  /// Brings the tables to the current version, all or nothing, behind a copy of the database beside it. A database
+  /// that has the version lacks at most indexes, which are added. `tell` hears what is being done.
+  UpgradeInfo Upgrade(const std::function<void(const std::string&)>& tell);
   /// Raises unless the tables are those that the operations below need.
   void RequireCurrentVersion();
 
@@ -89,6 +114,14 @@ class Store {
   /// The name of a priority in the spelling of the database's list.
   std::string Priority(const std::string& name);
 
+  /// All lists to choose from.
+  std::vector<LookupList> Lists();
+
+  /// The account with a name and password; letter case does not count, and a password of blanks is none.
+  RecordValues LogIn(const std::string& name, const std::string& password);
+  /// The identifier of the account with a name, if there is one.
+  std::optional<std::int32_t> UserID(const std::string& name);
+
   /// The tasks of a folder, or of all, that meet a condition in the library's SQL, or all.
   std::vector<TaskInfo> Tasks(const std::optional<FolderInfo>& folder, const std::string& condition);
   std::vector<EventInfo> Events();
@@ -105,6 +138,9 @@ class Store {
   RecordValues SetRecord(RecordType type, std::int32_t id, const std::vector<Assignment>& values);
   /// Deletes a record with all that hangs on it; a folder with all that is in and below it.
   void DeleteRecord(RecordType type, std::int32_t id);
+  /// Writes a record of a type that `CanBeExported` to a text file. Nothing is written over unless `replace` says so,
+  /// and a link never.
+  void Export(RecordType type, std::int32_t id, const std::string& path, bool replace);
 
   /// Notes that a task was done on a day and makes the next instance of its series, all or nothing. Gives the new
   /// instance, or nothing if there is none.
@@ -125,6 +161,9 @@ class Store {
  private:
   std::unique_ptr<Session> session_;
 };
+
+/// True for the types that the library writes to text files.
+bool CanBeExported(RecordType type);
 
 /// The date of a rule's next occurrence after another one; the empty date if there is none.
 Date NextOccurrence(const RuleSpec& rule, Date after);

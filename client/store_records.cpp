@@ -5,12 +5,15 @@
 #include "addressbook/phone_log.h"
 #include "calendar/alarm.h"
 #include "calendar/event.h"
+#include "client/number_words.h"
+#include "client/place_file.h"
 #include "client/record_classes.h"
 #include "client/store_session.h"
 #include "folders/category.h"
 #include "folders/folder.h"
 #include "notes/note.h"
 #include "tasks/task.h"
+#include "users/user.h"
 
 /// Records of any type by the names of their properties.
 namespace zef::client {
@@ -64,16 +67,24 @@ struct Typing {
 };
 
 template <class R>
-PropertyInfo InfoOf(const Member<R>& member) {
+PropertyInfo InfoOf(RecordType type, const Member<R>& member) {
   const auto* const derived = std::get_if<Derived<R>>(&member.access);
   const bool read_only = member.kept || (derived != nullptr && derived->set == nullptr);
-  return {member.name, std::visit(Typing<R>{}, member.access), read_only};
+  return {member.name, std::visit(Typing<R>{}, member.access), read_only, WordsOf(type, member.name)};
+}
+
+/// False for a secret.
+template <class R>
+bool IsReadable(const Member<R>& member) {
+  const auto* const derived = std::get_if<Derived<R>>(&member.access);
+  return derived == nullptr || derived->get != nullptr;
 }
 
 template <class R>
 RecordValues ValuesOf(RecordType type, const RecordClass<R>& known, const R& record) {
   RecordValues values{type, {}};
   for (const Member<R>& member : known.members) {
+    if (!IsReadable(member)) continue;
     values.properties.emplace_back(member.name, std::visit(Reading<R>{record}, member.access));
   }
   return values;
@@ -129,9 +140,9 @@ std::string Criteria(const RecordClass<R>& known, const std::optional<FolderInfo
 }  // namespace
 
 std::vector<PropertyInfo> PropertiesOf(RecordType type) {
-  return WithClass(type, [](const auto& known) {
+  return WithClass(type, [type](const auto& known) {
     std::vector<PropertyInfo> infos;
-    for (const auto& member : known.members) infos.push_back(InfoOf(member));
+    for (const auto& member : known.members) infos.push_back(InfoOf(type, member));
     return infos;
   });
 }
@@ -179,6 +190,24 @@ void Store::DeleteRecord(RecordType type, std::int32_t id) {
     Found(*session_, known, id);
     session_->Require(Telling([&] { return (*session_->it.*known.remove)(id); }),
                       fmt::format("The {} could not be deleted.", known.name));
+  });
+}
+
+bool CanBeExported(RecordType type) {
+  return WithClass(type, [](const auto& known) { return known.save_to_file != nullptr; });
+}
+
+void Store::Export(RecordType type, std::int32_t id, const std::string& path, bool replace) {
+  WithClass(type, [&]<class R>(const RecordClass<R>& known) {
+    const Ref<R> record = Found(*session_, known, id);
+    const auto write = [&](const std::string& place) {
+      session_->Require((*record.*known.save_to_file)(place), "The file could not be written.");
+    };
+    if (replace) {
+      write(path);
+    } else {
+      MakeNewFile(path, write);
+    }
   });
 }
 

@@ -41,6 +41,7 @@ class Store::Session {
  public:
   Ref<CSession> it = MakeRef<CSession>();
   std::string file;
+  std::string connection_string;
   bool encrypted = false;
 
   [[noreturn]] void RefuseAsRecorded(const std::string& otherwise) const {
@@ -94,13 +95,12 @@ class Store::Session {
 
   /// Raises for a database that another program has made.
   std::string Version() const {
-    try {
-      const Ref<Recordset> rs = it->conDBConnection->Execute("SELECT VI_Version FROM _VersionInfo");
-      if (!rs->EndOfFile() && !IsNull(rs->ValueAt(0))) return ToText(rs->ValueAt(0));
-    } catch (const RunTimeError& failure) {
-      const FailureNumber code = failure.code();
-      if (code != FailureNumber::NoSuchTable && code != FailureNumber::NoSuchColumn) Refuse(failure.description());
-    }
+    std::string version;
+    std::string kind;
+    const bool read = it->GetDBInfo(version, kind);
+    if (!version.empty()) return version;
+    const auto code = static_cast<FailureNumber>(read ? 0 : it->GetErrorCode());
+    if (!read && code != FailureNumber::NoSuchTable && code != FailureNumber::ItemNotFound) RefuseAsRecorded("");
     Refuse(fmt::format("'{}' is a database, but none of zef's.", file));
   }
 

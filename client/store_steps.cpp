@@ -1,5 +1,3 @@
-#include <filesystem>
-
 #include "addressbook/contact.h"
 #include "calendar/alarm.h"
 #include "client/place_file.h"
@@ -69,22 +67,11 @@ std::optional<RecordValues> Store::ContactWithNumber(const std::string& number) 
 
 void Store::SaveAttachment(std::int32_t alarm, const std::string& path) {
   const Ref<CAlarm> record = session_->Existing(session_->it->GetAlarm(alarm), "alarm", alarm);
-  const std::filesystem::path place(path);
-  if (!place.has_filename()) Refuse(fmt::format("'{}' names no file.", path));
-  RequireWritableFolder(place.has_parent_path() ? place.parent_path() : std::filesystem::path("."));
-  if (NameIsTaken(place)) Refuse(fmt::format("'{}' exists already.", path));
-  CAttachement& file = *record->Attachement;
-  const std::filesystem::path temporary = TemporaryNameBeside(place);
-  file.CacheFileName = temporary.string();
-  session_->Require(file.Cache2File(), "The file could not be written.");
-  if (!NameIsTaken(temporary)) Refuse(fmt::format("No file is attached to alarm {}.", alarm));
-  try {
-    PlaceFile(temporary, place);
-  } catch (const Failure&) {
-    std::error_code ignored;
-    std::filesystem::remove(temporary, ignored);
-    throw;
-  }
+  MakeNewFile(path, [&](const std::string& temporary) {
+    record->Attachement->CacheFileName = temporary;
+    session_->Require(record->Attachement->Cache2File(), "The file could not be written.");
+    if (!NameIsTaken(temporary)) Refuse(fmt::format("No file is attached to alarm {}.", alarm));
+  });
 }
 
 }  // namespace zef::client

@@ -5,21 +5,13 @@
 #include <algorithm>
 
 #include "client/date_option.h"
+#include "client/number_words.h"
 #include "client/rule_text.h"
 #include "client/table.h"
 #include "client/tree.h"
 
 namespace zef::client {
 namespace {
-
-struct Kind {
-  FolderKind number;
-  const char* name;
-};
-
-constexpr Kind kKinds[] = {
-    {kContacts, "contacts"}, {kTasks, "tasks"}, {kNotes, "notes"}, {kEvents, "events"}, {kAlarms, "alarms"},
-};
 
 struct EventKind {
   const char* type;
@@ -33,16 +25,10 @@ Json TextOrNull(const std::string& text) { return text.empty() ? Json(nullptr) :
 }  // namespace
 
 std::string KindName(std::int32_t kind) {
-  const auto* const found =
-      std::find_if(std::begin(kKinds), std::end(kKinds), [&](const Kind& known) { return known.number == kind; });
-  return found == std::end(kKinds) ? fmt::format("kind {}", kind) : found->name;
+  return WordsFor(kFolderKindWords, kind).value_or(fmt::format("kind {}", kind));
 }
 
-std::int32_t KindNamed(const std::string& name) {
-  const auto* const found =
-      std::find_if(std::begin(kKinds), std::end(kKinds), [&](const Kind& known) { return known.name == name; });
-  return found == std::end(kKinds) ? 0 : found->number;
-}
+std::int32_t KindNamed(const std::string& name) { return NumberFor(kFolderKindWords, name).value_or(0); }
 
 Json JsonOf(Date date) { return TextOrNull(DateText(date)); }
 
@@ -86,6 +72,24 @@ Json::Object JsonOf(const EventInfo& event) {
           {"type", event.type},
           {"link", event.link},
           {"rule", JsonOf(event.rule)}};
+}
+
+std::string ListsJson(const std::vector<LookupList>& lists) {
+  Json::Object object;
+  for (const LookupList& list : lists) {
+    Json::Array entries;
+    for (const auto& [id, name] : list.entries) entries.push_back(Json::Object{{"id", id}, {"name", name}});
+    object.emplace_back(list.name, std::move(entries));
+  }
+  return JsonLine(std::move(object));
+}
+
+std::string ListsTable(const std::vector<LookupList>& lists, const Screen& screen) {
+  Table table({{"LIST"}, {"ID", Table::Align::Right}, {"NAME", Table::Align::Left, true}});
+  for (const LookupList& list : lists) {
+    for (const auto& [id, name] : list.entries) table.Add({list.name, std::to_string(id), name});
+  }
+  return table.Text(screen);
 }
 
 std::string FolderTree(const std::vector<FolderInfo>& folders, const Screen& screen) {

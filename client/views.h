@@ -30,8 +30,12 @@ std::string JsonLine(const std::vector<Info>& infos) {
 }
 inline std::string JsonLine(Json::Object object) { return Json(std::move(object)).Text() + '\n'; }
 
+/// The lists by their names.
+std::string ListsJson(const std::vector<LookupList>& lists);
+
 /// Records as tables for people.
 std::string FolderTree(const std::vector<FolderInfo>& folders, const Screen& screen);
+std::string ListsTable(const std::vector<LookupList>& lists, const Screen& screen);
 std::string TaskTable(const std::vector<TaskInfo>& tasks, const Screen& screen);
 
 /// What a type of event means to people; empty for an entry of their own.

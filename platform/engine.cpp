@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "platform/backup.h"
 #include "platform/connection_string.h"
 #include "platform/sqlite/sqlite_engine.h"
 #include "platform/text.h"
@@ -14,11 +15,12 @@ struct Provider {
   std::string_view name;
   std::unique_ptr<Engine> (*open)(const ConnectionString&);
   void (*create)(const ConnectionString&);
+  void (*back_up)(const ConnectionString&, const std::string& path, const BackupProgress&);
 };
 
 constexpr Provider kProviders[] = {
-    {"Microsoft.Jet.OLEDB.4.0", &OpenSqlite, &CreateSqlite},
-    {"SQLite", &OpenSqlite, &CreateSqlite},
+    {"Microsoft.Jet.OLEDB.4.0", &OpenSqlite, &CreateSqlite, &BackUpSqlite},
+    {"SQLite", &OpenSqlite, &CreateSqlite, &BackUpSqlite},
 };
 
 const Provider& ProviderOf(const ConnectionString& connection) {
@@ -78,6 +80,11 @@ std::unique_ptr<Engine> OpenEngine(const ConnectionString& connection) {
 void CreateDatabase(const std::string& connection_string) {
   const ConnectionString parsed = ParseConnectionString(connection_string);
   ProviderOf(parsed).create(parsed);
+}
+
+void BackUpDatabase(const std::string& connection_string, const std::string& path, const BackupProgress& progress) {
+  const ConnectionString parsed = ParseConnectionString(connection_string);
+  ProviderOf(parsed).back_up(parsed, path, progress);
 }
 
 }  // namespace zef

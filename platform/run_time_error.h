@@ -45,6 +45,7 @@ enum class FailureNumber : std::int32_t {
   TypesDoNotConvert = -2147217913,
   TableExists = -2147217857,
   ColumnExists = -2147217858,
+  IndexExists = -2147217868,
   RowVanished = -2147217864,
   PasswordRefused = -2147217843,
   NoTransaction = -2147168242,

@@ -32,7 +32,7 @@ class Change {
  private:
   void Run(const std::string& text);
   void AddOne(const sql::Constraint& constraint);
-  bool Finds(const std::string& query, std::string_view name);
+  bool FindsIndex(std::string_view name);
   sql::TableInfo Table();
   const sql::ColumnInfo& Column(const sql::TableInfo& table, std::string_view name);
   void MakeIndex(const std::string& name, bool unique, const std::vector<sql::SchemaChange::IndexColumn>& columns);
@@ -53,8 +53,10 @@ void Change::Run(const std::string& text) {
   CheckSqlite(db_, code);
 }
 
-bool Change::Finds(const std::string& query, std::string_view name) {
-  const StatementHandle statement = PrepareOwn(db_, query);
+/// Among those with a statement of their own; a key of a table is no index to its users.
+bool Change::FindsIndex(std::string_view name) {
+  const StatementHandle statement =
+      PrepareOwn(db_, "SELECT 1 FROM sqlite_schema WHERE type='index' AND sql IS NOT NULL AND name=?1 COLLATE NOCASE");
   sqlite3_bind_text(statement.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
   return sqlite3_step(statement.get()) == SQLITE_ROW;
 }
@@ -88,6 +90,9 @@ void Change::CreateIndex() { MakeIndex(change_.name, change_.unique, change_.ind
 void Change::MakeIndex(const std::string& name, bool unique,
                        const std::vector<sql::SchemaChange::IndexColumn>& columns) {
   const sql::TableInfo table = Table();
+  if (FindsIndex(name)) {
+    throw RunTimeError(FailureNumber::IndexExists, "The index '" + name + "' exists already.");
+  }
   std::string items;
   for (const auto& column : columns) {
     const sql::ColumnInfo& info = Column(table, column.name);
@@ -238,10 +243,7 @@ void Change::AddOne(const sql::Constraint& constraint) {
 
 void Change::DropConstraint() {
   const sql::TableInfo table = Table();
-  if (Finds("SELECT 1 FROM sqlite_schema WHERE type='index' AND sql IS NOT NULL AND name=?1 COLLATE NOCASE",
-            change_.name)) {
-    return DropIndex();
-  }
+  if (FindsIndex(change_.name)) return DropIndex();
   TableText text = StoredText(table.name);
   if (!text.RemoveConstraint(change_.name)) {
     throw RunTimeError(FailureNumber::StatementError,

@@ -6,6 +6,7 @@
 
 #include "platform/sqlite/functions.h"
 #include "platform/sqlite/schema_change.h"
+#include "platform/sqlite/sqlite_backup.h"
 #include "platform/sqlite/sqlite_error.h"
 #include "platform/sqlite/table_description.h"
 #include "platform/text.h"
@@ -174,6 +175,11 @@ std::unique_ptr<Engine> OpenSqlite(const ConnectionString& connection) {
 void CreateSqlite(const ConnectionString& connection) {
   const FileName file = FileOf(connection);
   CreateDatabaseFile(file.path, file.password);
+}
+
+void BackUpSqlite(const ConnectionString& connection, const std::string& path, const BackupProgress& progress) {
+  const FileName file = FileOf(connection);
+  BackUpDatabaseFile(file.path, file.password, path, progress);
 }
 
 }  // namespace zef

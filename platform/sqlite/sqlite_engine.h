@@ -5,6 +5,7 @@
 #include <deque>
 #include <optional>
 
+#include "platform/backup.h"
 #include "platform/connection_string.h"
 #include "platform/sql_engine.h"
 #include "platform/sqlite/sqlite_dialect.h"
@@ -63,5 +64,7 @@ class SqliteEngine final : public SqlEngine {
 std::unique_ptr<Engine> OpenSqlite(const ConnectionString& connection);
 /// Makes that file, with write-ahead logging.
 void CreateSqlite(const ConnectionString& connection);
+/// Copies that file to a new one.
+void BackUpSqlite(const ConnectionString& connection, const std::string& path, const BackupProgress& progress);
 
 }  // namespace zef

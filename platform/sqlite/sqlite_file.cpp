@@ -101,15 +101,20 @@ DatabaseHandle OpenDatabaseFile(const std::string& path, const std::string& pass
   return db;
 }
 
-void CreateDatabaseFile(const std::string& path, const std::string& password) {
+DatabaseHandle OpenNewDatabaseFile(const std::string& path, const std::string& password) {
   const int file = open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
   if (file < 0) {
     throw RunTimeError(FailureNumber::PathFileAccess,
                        "The file " + Quoted(path) + " cannot be made: " + std::strerror(errno) + ".");
   }
   close(file);
-  const DatabaseHandle db = OpenHandle(path, SQLITE_OPEN_READWRITE);
+  DatabaseHandle db = OpenHandle(path, SQLITE_OPEN_READWRITE);
   SetPassword(db.get(), password);
+  return db;
+}
+
+void CreateDatabaseFile(const std::string& path, const std::string& password) {
+  const DatabaseHandle db = OpenNewDatabaseFile(path, password);
   CheckSqlite(db.get(), Run(db.get(), "PRAGMA journal_mode=WAL"));
   CheckSqlite(db.get(), Run(db.get(), "PRAGMA user_version=0; VACUUM"));
 }

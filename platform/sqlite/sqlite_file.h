@@ -17,8 +17,13 @@ using DatabaseHandle = std::unique_ptr<sqlite3, CloseDatabase>;
 /// database, cut short or damaged; each case has its own sentence.
 DatabaseHandle OpenDatabaseFile(const std::string& path, const std::string& password);
 
+/// Makes a new file without content, private to the user (0600), and opens it as a database, which will be encrypted if
+/// a password is given. Raises 75 if something of that name exists or the file cannot be made; a link in its place is
+/// not followed.
+DatabaseHandle OpenNewDatabaseFile(const std::string& path, const std::string& password);
+
 /// Makes a new, empty database file, private to the user (0600), with write-ahead logging, encrypted if a password is
-/// given. Raises 75 if something of that name exists or the file cannot be made; a link in its place is not followed.
+/// given. Raises as `OpenNewDatabaseFile` does.
 void CreateDatabaseFile(const std::string& path, const std::string& password);
 
 }  // namespace zef

@@ -80,7 +80,9 @@ INSTANTIATE_TEST_SUITE_P(
         Spelled{{"set", "note", "f", "1", "Title=x"}, Command::Set},
         Spelled{{"delete", "folder", "f", "1", "--yes"}, Command::Delete}, Spelled{{"done", "f", "1"}, Command::Done},
         Spelled{{"copy", "folder", "f", "a", "b"}, Command::CopyFolder}, Spelled{{"find", "f", "555"}, Command::Find},
-        Spelled{{"attachment", "save", "f", "1", "x"}, Command::SaveAttachment}));
+        Spelled{{"attachment", "save", "f", "1", "x"}, Command::SaveAttachment}, Spelled{{"users", "f"}, Command::List},
+        Spelled{{"set", "user", "f", "1", "Name=x"}, Command::Set}, Spelled{{"lists", "f", "states"}, Command::Lists},
+        Spelled{{"export", "note", "f", "1", "x"}, Command::Export}, Spelled{{"upgrade", "f"}, Command::Upgrade}));
 
 TEST(Arguments, NoCommandIsWrongUseThatTellsThem) {
   EXPECT_THAT(Complaint({}), StartsWith("2: 'zef' needs a command; there are create, info, "));
@@ -94,7 +96,7 @@ TEST(Arguments, UnknownThingToAddIsWrongUse) {
   EXPECT_THAT(
       Complaint({"add", "bogus"}),
       StartsWith("2: 'zef add' has no command 'bogus'; there are folder, task, event, contact, note, alarm, call, "
-                 "category."));
+                 "category, user."));
 }
 
 TEST(Arguments, MissingFileIsWrongUse) { EXPECT_THAT(Complaint({"info"}), StartsWith("2: FILE is missing.")); }
@@ -200,9 +202,9 @@ TEST(Arguments, HelpOfSetNamesTheProperties) {
 }
 
 TEST(Arguments, UnknownKindOfRecordIsWrongUseThatTellsTheKinds) {
-  EXPECT_THAT(Complaint({"show", "user", "f", "1"}),
-              StartsWith("2: 'zef show' has no command 'user'; there are folder, task, event, contact, note, alarm, "
-                         "call, category."));
+  EXPECT_THAT(Complaint({"show", "person", "f", "1"}),
+              StartsWith("2: 'zef show' has no command 'person'; there are folder, task, event, contact, note, alarm, "
+                         "call, category, user."));
 }
 
 // ---- one clear sentence for each mistake

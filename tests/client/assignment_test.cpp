@@ -74,10 +74,12 @@ TEST(Assignment, WordWithoutAPropertyIsWrongUse) {
   EXPECT_EQ(Complaint(RecordType::Task, "=x"), "2: '=x' does not say what to set; write Property=value.");
 }
 
+constexpr PropertyInfo kFlag{"Flag", PropertyType::Flag, false};
+
 class FlagWord : public testing::TestWithParam<std::pair<const char*, bool>> {};
 
 TEST_P(FlagWord, IsUnderstood) {
-  EXPECT_EQ(ReadValue("Flag", PropertyType::Flag, GetParam().first), PropertyValue(GetParam().second));
+  EXPECT_EQ(ReadValue("Flag", kFlag, GetParam().first), PropertyValue(GetParam().second));
 }
 
 INSTANTIATE_TEST_SUITE_P(Assignment, FlagWord,
@@ -85,8 +87,7 @@ INSTANTIATE_TEST_SUITE_P(Assignment, FlagWord,
                                          std::pair("no", false), std::pair("False", false), std::pair("0", false)));
 
 TEST(Assignment, OtherWordForAFlagIsWrongUse) {
-  EXPECT_EQ(FailureOf([] { ReadValue("Flag", PropertyType::Flag, "maybe"); }),
-            "2: Flag: 'maybe' is neither yes nor no.");
+  EXPECT_EQ(FailureOf([] { ReadValue("Flag", kFlag, "maybe"); }), "2: Flag: 'maybe' is neither yes nor no.");
 }
 
 }  // namespace

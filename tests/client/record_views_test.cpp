@@ -1,6 +1,6 @@
 #include "client/record_views.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace zef::client {
 namespace {
@@ -38,11 +38,15 @@ TEST(RecordViews, EmptyListIsToldByItsKind) {
 TEST(RecordViews, RecordShowsWhatItHoldsLineByLine) {
   EXPECT_EQ(RecordText(Call(1), {}),
             "ID           1\n"
-            "Direction    1\n"
+            "Direction    outgoing\n"
             "RecordDate   2024-05-01 10:00\n"
             "PhoneNumber  555\n"
             "Notes        a\n"
             "             b\n");
+}
+
+TEST(RecordViews, NumberWithAWordIsShownEvenIfItIsZero) {
+  EXPECT_THAT(RecordText(Call(0), {}), testing::HasSubstr("Direction    incoming\n"));
 }
 
 TEST(RecordViews, JsonHoldsEveryProperty) {

@@ -30,24 +30,40 @@ TEST_F(ZefCreateTest, ExistingFileIsRefused) {
 
 TEST_F(ZefCreateTest, NewDatabaseHasTheSystemFoldersAndNothingElse) {
   EXPECT_EQ(Printed({"info", "people.db"}),
-            "File       people.db\nVersion    9.2.4\nEncrypted  no\nFolders    12\nTasks      0\nEvents     0\n");
+            "File         people.db\nVersion      9.2.4\nEncrypted    no\nFolders      12\nTasks        0\nEvents      "
+            " 0\nContacts     0\nNotes        0\nAlarms       0\nCalls        0\nAttachments  0\nCategories   0\nUsers "
+            "       1\n");
 }
 
 TEST_F(ZefCreateTest, InfoIsToldAsJson) {
   EXPECT_EQ(Printed({"info", "people.db", "--json"}),
             "{\"file\": \"people.db\", \"version\": \"9.2.4\", \"encrypted\": false, \"folders\": 12, \"tasks\": 0, "
-            "\"events\": 0}\n");
+            "\"events\": 0, \"contacts\": 0, \"notes\": 0, \"alarms\": 0, \"calls\": 0, \"attachments\": 0, "
+            "\"categories\": 0, \"users\": 1}\n");
+}
+
+TEST_F(ZefCreateTest, InfoCountsEveryKindOfRecord) {
+  std::ofstream(File("plan.txt")) << "the plan";
+  Zef({"add", "task", "people.db", "Pay", "--due", "2024-05-17"});
+  Zef({"add", "contact", "people.db", "--last-name", "Lee"});
+  Zef({"add", "note", "people.db", "Ideas"});
+  Zef({"add", "alarm", "people.db", "Go", "--start", "2024-05-14", "--attach", "plan.txt"});
+  Zef({"add", "call", "people.db", "555"});
+  Zef({"add", "category", "people.db", "Red"});
+  EXPECT_THAT(Printed({"info", "people.db", "--json"}),
+              EndsWith("\"tasks\": 1, \"events\": 1, \"contacts\": 1, \"notes\": 1, \"alarms\": 1, \"calls\": 1, "
+                       "\"attachments\": 1, \"categories\": 1, \"users\": 1}\n"));
 }
 
 TEST_F(ZefCreateTest, OlderSchemaIsMadeAndTold) {
   Zef({"create", "old.db", "--schema", "9.1"});
-  EXPECT_THAT(Printed({"info", "old.db"}), HasSubstr("Version    9.1.0\n"));
+  EXPECT_THAT(Printed({"info", "old.db"}), HasSubstr("Version      9.1.0\n"));
 }
 
 TEST_F(ZefCreateTest, OlderSchemaIsRefusedByCommandsThatNeedTheNewOne) {
   Zef({"create", "old.db", "--schema", "9.1"});
   EXPECT_THAT(Complaint(1, {"folders", "old.db"}),
-              HasSubstr("has version '9.1.0'; it must be upgraded to 9.2.4 first."));
+              HasSubstr("has version '9.1.0'; it must be upgraded to 9.2.4 first, by zef upgrade."));
 }
 
 #ifdef ZEF_SYSTEM_SQLITE
@@ -72,7 +88,7 @@ TEST_F(ZefPasswordTest, FileShowsNothingOfItsContent) {
 }
 
 TEST_F(ZefPasswordTest, RightPasswordOpens) {
-  EXPECT_THAT(Printed({"info", "secret.db", "--password", "p'w\"d"}), HasSubstr("Encrypted  yes\n"));
+  EXPECT_THAT(Printed({"info", "secret.db", "--password", "p'w\"d"}), HasSubstr("Encrypted    yes\n"));
 }
 
 TEST_F(ZefPasswordTest, WrongPasswordIsRefused) {

@@ -34,12 +34,13 @@ TEST_P(ZefFileTest, FileOfAnotherKindIsRefused) {
 }
 
 using Words = std::vector<std::string>;
-INSTANTIATE_TEST_SUITE_P(EveryCommand, ZefFileTest,
-                         testing::Values(Words{"info", "FILE"}, Words{"folders", "FILE"},
-                                         Words{"add", "folder", "FILE", "x"}, Words{"add", "task", "FILE", "x"},
-                                         Words{"add", "event", "FILE", "x", "--start", "2024-05-17"},
-                                         Words{"tasks", "FILE"}, Words{"agenda", "FILE"},
-                                         Words{"seen", "FILE", "1", "2024-05-17"}));
+INSTANTIATE_TEST_SUITE_P(
+    EveryCommand, ZefFileTest,
+    testing::Values(Words{"info", "FILE"}, Words{"folders", "FILE"}, Words{"add", "folder", "FILE", "x"},
+                    Words{"add", "task", "FILE", "x"}, Words{"add", "event", "FILE", "x", "--start", "2024-05-17"},
+                    Words{"tasks", "FILE"}, Words{"agenda", "FILE"}, Words{"seen", "FILE", "1", "2024-05-17"},
+                    Words{"users", "FILE"}, Words{"add", "user", "FILE", "ann"}, Words{"login", "FILE", "ann"},
+                    Words{"lists", "FILE"}, Words{"export", "note", "FILE", "1", "n.txt"}, Words{"upgrade", "FILE"}));
 
 TEST_F(ZefTest, WrongUseIsToldOnStandardErrorWithStatusTwo) {
   EXPECT_THAT(Complaint(2, {"bogus"}), StartsWith("zef: 'zef' has no command 'bogus'"));

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "tests/upgrade/filled_database.h"
+#include "tests/support/filled_database.h"
 #include "tests/upgrade/upgrade_fixture.h"
 #include "tests/upgrade/upgrading_client.h"
 

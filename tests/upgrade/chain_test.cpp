@@ -5,7 +5,7 @@
 #include "platform/sqlite/sqlite_statement.h"
 #include "platform/text.h"
 #include "tests/support/dump.h"
-#include "tests/upgrade/filled_database.h"
+#include "tests/support/filled_database.h"
 #include "tests/upgrade/upgrade_fixture.h"
 
 namespace zef::test {

@@ -86,6 +86,17 @@ TEST_P(SchemaChanges, AnIndexIsMadeAndDropped) {
   Execute("CREATE INDEX IX_Word ON Things (Word)");
 }
 
+TEST_P(SchemaChanges, AnIndexIsMadeOnceWhateverTheLetterCaseOfItsName) {
+  Execute("CREATE INDEX IX_Word ON Things (Word)");
+  EXPECT_EQ(FailureOf("CREATE INDEX ix_word ON Things (T)"), -2147217868);
+}
+
+TEST_P(SchemaChanges, AnIndexThatExistsIsNamed) {
+  Execute("CREATE INDEX IX_Word ON Things (Word)");
+  EXPECT_EQ(Raised([&] { Execute("CREATE INDEX IX_Word ON Things (Word)"); })->description(),
+            "The index 'IX_Word' exists already.");
+}
+
 TEST_P(SchemaChanges, AnIndexedColumnIsNotDroppedAndTheIndexIsNamed) {
   Execute("CREATE INDEX IX_Word ON Things (T, Word)");
   Execute("CREATE INDEX IX_Later ON Things (Word)");

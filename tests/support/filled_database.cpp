@@ -1,4 +1,4 @@
-#include "tests/upgrade/filled_database.h"
+#include "tests/support/filled_database.h"
 
 #include "platform/recordset.h"
 #include "platform/text.h"
@@ -101,15 +101,19 @@ void FillOlderDatabase(Connection& connection) {
 
 void AddManyRows(Connection& connection, int contacts) {
   TransactionGuard<Connection> guard(connection);
+  // An identifier that is Null now and then and dangles where the list is shorter than `spread`.
+  const auto reference = [](int i, int spread) {
+    return i % 9 == 0 ? std::string("Null") : std::to_string(i % spread);
+  };
   for (int i = 1; i <= contacts; ++i) {
     const std::string id = std::to_string(1000 + i);
-    const std::string reference = std::to_string(i % 60);
     connection.Execute(
         "INSERT INTO Contacts (CNT_ID,CNT_LastName,CNT_StateID,CNT_CountryID,CNT_WorkStateID,"
         "CNT_WorkCountryID,CNT_Phone) VALUES (" +
-        id + ",'L" + id + "'," + reference + "," + reference + "," + reference + "," + reference + ",'555" + id + "')");
+        id + ",'L" + id + "'," + reference(i, 60) + "," + reference(i, 220) + "," + reference(i, 53) + "," +
+        reference(i, 211) + ",'555" + id + "')");
     connection.Execute("INSERT INTO Tasks (TSK_ID,TSK_FolderID,TSK_PriorityID,TSK_Name) VALUES (" + id + ",3," +
-                       std::to_string(i % 5) + ",'T" + id + "')");
+                       reference(i, 5) + ",'T" + id + "')");
     for (const char* half : {"", "7"}) {
       connection.Execute("INSERT INTO Events (EVE_ID,EVE_FolderID,EVE_Text,EVE_StartDate) VALUES (" +
                          std::string(half) + id + ",1,'E" + id + "','5/1/2024 9:00:00 AM')");

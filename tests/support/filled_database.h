@@ -10,7 +10,7 @@ namespace zef::test {
 /// apostrophes, texts of full length and of other scripts.
 void FillOlderDatabase(Connection& connection);
 
-/// Adds so many contacts and tasks and twice as many events.
+/// Adds so many contacts and tasks and twice as many events; some references are Null and some dangle.
 void AddManyRows(Connection& connection, int contacts);
 
 /// What an upgrade must keep: every row of every table, references to lists read as the names that they stand for, in

@@ -1,0 +1,26 @@
+#include "client/backup.h"
+
+#include <filesystem>
+
+#include "client/place_file.h"
+
+namespace zef::client {
+namespace {
+
+std::string FreeNameFor(const std::string& file) {
+  const std::string first = file + ".backup";
+  std::string name = first;
+  for (int number = 2; NameIsTaken(name); ++number) name = first + "." + std::to_string(number);
+  return name;
+}
+
+}  // namespace
+
+std::string BackUpBeside(const std::string& file, const std::string& connection_string,
+                         const BackupProgress& progress) {
+  const std::string place = FreeNameFor(file);
+  MakeNewFile(place, [&](const std::string& temporary) { BackUpDatabase(connection_string, temporary, progress); });
+  return place;
+}
+
+}  // namespace zef::client
