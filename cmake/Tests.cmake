@@ -29,7 +29,8 @@ foreach(folder IN LISTS folders)
   endif()
   if(folder STREQUAL "client" AND TARGET zef)
     add_dependencies(${target} zef)
-    target_compile_definitions(${target} PRIVATE "ZEF_BINARY=\"$<TARGET_FILE:zef>\"")
+    target_compile_definitions(${target} PRIVATE
+      "ZEF_BINARY=\"$<TARGET_FILE:zef>\"" "ZEF_LIBRARY=\"$<TARGET_FILE:ZEFComponents>\"")
   endif()
   set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
   gtest_discover_tests(${target}
