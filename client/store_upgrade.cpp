@@ -44,7 +44,6 @@ std::span<const UpgradeStep> StepsFrom(const std::string& version) {
 
 std::string BackUp(const Store::Session& session, const HeldSignals& signals, const Tell& tell) {
   tell("Copying the database");
-  signals.StopIfAsked();
   return BackUpBeside(session.file, [&](const std::string& temporary) {
     session.it.conDBConnection->BackUpDatabase(session.connection_string, temporary);
     signals.StopIfAsked();
