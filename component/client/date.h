@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <ctime>
 
-#include "failure.h"
+#include "ZEFComponents/failure.h"
 
 namespace zef {
 inline namespace automation {

@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "date.h"
+#include "ZEFComponents/date.h"
 
 namespace zef {
 inline namespace automation {
