@@ -38,7 +38,7 @@ void Mark(const std::vector<Occurrence>& occurrences, std::chrono::year_month mo
 }
 
 bool IsEarlier(const AgendaEntry& a, const AgendaEntry& b) {
-  if (!(a.occurrence.start == b.occurrence.start)) return IsLater(b.occurrence.start, a.occurrence.start);
+  if (!(a.occurrence.start == b.occurrence.start)) return a.occurrence.start < b.occurrence.start;
   return a.event.id < b.event.id;
 }
 

@@ -28,7 +28,7 @@ std::string LibraryFile() {
   if (!NamedFile().empty()) return NamedFile();
   std::error_code unknown;
   const fs::path folder = fs::read_symlink("/proc/self/exe", unknown).parent_path();
-  const fs::path library_folder = folder.parent_path() / "lib";
+  const fs::path library_folder = (folder / ZEF_LIBRARY_FOLDER).lexically_normal();
   for (const fs::path& place : {folder, library_folder}) {
     if (fs::exists(place / kFileName, unknown)) return place / kFileName;
   }

@@ -37,7 +37,7 @@ void ForEachOccurrence(const EventInfo& event, const std::function<bool(const Oc
   for (std::int32_t told = 1; IsCalendarDate(date); ++told) {
     if (!wanted(OccurrenceFrom(date, length)) || told == limit) return;
     const Date next = rule ? rule.NextOccuranceDate(date) : Date();
-    if (!IsLater(next, date)) return;
+    if (!(next > date)) return;
     date = next;
   }
 }
@@ -58,7 +58,7 @@ std::optional<Date> OccurrenceAt(const EventInfo& event, Date moment) {
   ForEachOccurrence(event, [&](const Occurrence& occurrence) {
     const bool same_day = whole_day && occurrence.first_day == moment.DayNumber();
     if (same_day || occurrence.start == moment) found = occurrence.start;
-    return !found && !IsLater(occurrence.start, moment);
+    return !found && !(occurrence.start > moment);
   });
   return found;
 }

@@ -202,6 +202,10 @@ constexpr Member<CUser> kUser[] = {
     Plain<&CUser::DateLastUpdate>("DateLastUpdate", kKept),
 };
 
+/// A member function of the library as a plain one.
+template <auto Function>
+constexpr auto kRun = [](const auto& object, const auto&... arguments) { return (object.*Function)(arguments...); };
+
 }  // namespace
 
 // The sort clause of a list stands behind its condition; only the loading of folders has one of its own.
@@ -209,78 +213,78 @@ constexpr RecordClass<CFolder, CFolders> kFolderClass{"folder",
                                                       kFolder,
                                                       "",
                                                       "",
-                                                      &CSession::GetFolder,
-                                                      &CSession::CreateFolder,
-                                                      &CSession::LoadFoldersWithCriteria,
-                                                      &CSession::DeleteFolder};
+                                                      kRun<&CSession::GetFolder>,
+                                                      kRun<&CSession::CreateFolder>,
+                                                      kRun<&CSession::LoadFoldersWithCriteria>,
+                                                      kRun<&CSession::DeleteFolder>};
 constexpr RecordClass<CTask, CTasks> kTaskClass{"task",
                                                 kTask,
                                                 "TSK_FolderID",
                                                 "TSK_ID",
-                                                &CSession::GetTask,
-                                                &CSession::CreateTask,
-                                                &CSession::LoadTasksWithCriteria,
-                                                &CSession::DeleteTask,
-                                                &CTask::Save2File};
+                                                kRun<&CSession::GetTask>,
+                                                kRun<&CSession::CreateTask>,
+                                                kRun<&CSession::LoadTasksWithCriteria>,
+                                                kRun<&CSession::DeleteTask>,
+                                                kRun<&CTask::Save2File>};
 constexpr RecordClass<CEvent, CEvents> kEventClass{"event",
                                                    kEvent,
                                                    "EVE_FolderID",
                                                    "EVE_StartDate, EVE_ID",
-                                                   &CSession::GetEvent,
-                                                   &CSession::CreateEvent,
-                                                   &CSession::LoadEventsWithCriteria,
-                                                   &CSession::DeleteEvent,
-                                                   &CEvent::Save2File};
+                                                   kRun<&CSession::GetEvent>,
+                                                   kRun<&CSession::CreateEvent>,
+                                                   kRun<&CSession::LoadEventsWithCriteria>,
+                                                   kRun<&CSession::DeleteEvent>,
+                                                   kRun<&CEvent::Save2File>};
 constexpr RecordClass<CContact, CContacts> kContactClass{"contact",
                                                          kContact,
                                                          "CNT_FolderID",
                                                          "CNT_LastName, CNT_FirstName, CNT_MI, CNT_ID",
-                                                         &CSession::GetContact,
-                                                         &CSession::CreateContact,
-                                                         &CSession::LoadContactsWithCriteria,
-                                                         &CSession::DeleteContact,
-                                                         &CContact::Save2File};
+                                                         kRun<&CSession::GetContact>,
+                                                         kRun<&CSession::CreateContact>,
+                                                         kRun<&CSession::LoadContactsWithCriteria>,
+                                                         kRun<&CSession::DeleteContact>,
+                                                         kRun<&CContact::Save2File>};
 constexpr RecordClass<CNote, CNotes> kNoteClass{"note",
                                                 kNote,
                                                 "NOT_FolderID",
                                                 "NOT_ID",
-                                                &CSession::GetNote,
-                                                &CSession::CreateNote,
-                                                &CSession::LoadNotesWithCriteria,
-                                                &CSession::DeleteNote,
-                                                &CNote::Save2File};
+                                                kRun<&CSession::GetNote>,
+                                                kRun<&CSession::CreateNote>,
+                                                kRun<&CSession::LoadNotesWithCriteria>,
+                                                kRun<&CSession::DeleteNote>,
+                                                kRun<&CNote::Save2File>};
 constexpr RecordClass<CAlarm, CAlarms> kAlarmClass{"alarm",
                                                    kAlarm,
                                                    "ALA_FolderID",
                                                    "ALA_StartDate, ALA_ID",
-                                                   &CSession::GetAlarm,
-                                                   &CSession::CreateAlarm,
-                                                   &CSession::LoadAlarmsWithCriteria,
-                                                   &CSession::DeleteAlarm,
-                                                   &CAlarm::Save2File};
+                                                   kRun<&CSession::GetAlarm>,
+                                                   kRun<&CSession::CreateAlarm>,
+                                                   kRun<&CSession::LoadAlarmsWithCriteria>,
+                                                   kRun<&CSession::DeleteAlarm>,
+                                                   kRun<&CAlarm::Save2File>};
 constexpr RecordClass<CPhoneLog, CPhoneLogs> kCallClass{"call",
                                                         kCall,
                                                         "",
                                                         "PL_RecordDate, PL_ID",
-                                                        &CSession::GetPhoneLog,
-                                                        &CSession::CreatePhoneLog,
-                                                        &CSession::LoadPhoneLogsWithCriteria,
-                                                        &CSession::DeletePhoneLog};
+                                                        kRun<&CSession::GetPhoneLog>,
+                                                        kRun<&CSession::CreatePhoneLog>,
+                                                        kRun<&CSession::LoadPhoneLogsWithCriteria>,
+                                                        kRun<&CSession::DeletePhoneLog>};
 constexpr RecordClass<CCategory, CCategories> kCategoryClass{"category",
                                                              kCategory,
                                                              "",
                                                              "CAT_Name, CAT_ID",
-                                                             &CSession::GetCategory,
+                                                             kRun<&CSession::GetCategory>,
                                                              nullptr,
-                                                             &CSession::LoadCategoriesWithCriteria,
-                                                             &CSession::DeleteCategory};
+                                                             kRun<&CSession::LoadCategoriesWithCriteria>,
+                                                             kRun<&CSession::DeleteCategory>};
 constexpr RecordClass<CUser, CUsers> kUserClass{"user",
                                                 kUser,
                                                 "",
                                                 "USR_Name, USR_ID",
-                                                &CSession::GetUser,
+                                                kRun<&CSession::GetUser>,
                                                 nullptr,
-                                                &CSession::LoadUsersWithCriteria,
-                                                &CSession::DeleteUser};
+                                                kRun<&CSession::LoadUsersWithCriteria>,
+                                                kRun<&CSession::DeleteUser>};
 
 }  // namespace zef::client

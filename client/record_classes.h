@@ -28,11 +28,11 @@ struct RecordClass {
   std::span<const Member<R>> members;
   std::string_view folder_column;  ///< empty if its records lie in no folder
   std::string_view order;          ///< of lists
-  R (CSession::*get)(const std::int32_t&) const;
-  R (CSession::*create)() const;  ///< null if a client makes the record by itself
-  bool (CSession::*load)(const Records&, const std::string&) const;
-  bool (CSession::*remove)(const std::int32_t&) const;
-  bool (R::*save_to_file)(const std::string&) const = nullptr;  ///< null if its records are not exported by themselves
+  R (*get)(const CSession&, const std::int32_t& id);
+  R (*create)(const CSession&);  ///< null if a client makes the record by itself
+  bool (*load)(const CSession&, const Records&, const std::string& criteria);
+  bool (*remove)(const CSession&, const std::int32_t& id);
+  bool (*save_to_file)(const R&, const std::string& path) = nullptr;  ///< null if it is not exported by itself
 };
 
 extern const RecordClass<CFolder, CFolders> kFolderClass;

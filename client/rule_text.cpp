@@ -216,7 +216,7 @@ void ReadEnd(const RuleOptions& options, std::optional<Date> first, RuleSpec& ru
   rule.end = *options.until;
   const bool whole_day = rule.end.SecondsOfDay() == 0;
   if (first && whole_day && first->SecondsOfDay() != 0) rule.end = Date(rule.end.YearMonthDay(), kLastSecondOfDay);
-  if (first && IsLater(*first, rule.end)) WrongRule("--until lies before the first day.");
+  if (first && *first > rule.end) WrongRule("--until lies before the first day.");
 }
 
 }  // namespace

@@ -44,7 +44,7 @@ void Stamp(R& record) {
 
 template <class R, class Records>
 R Created(const Store::Session& session, const RecordClass<R, Records>& known) {
-  if (known.create != nullptr) return session.Made((session.it.*known.create)());
+  if (known.create != nullptr) return session.Made(known.create(session.it));
   R record = Make<R>();
   record.Session = session.it;
   return record;
@@ -52,7 +52,7 @@ R Created(const Store::Session& session, const RecordClass<R, Records>& known) {
 
 template <class R, class Records>
 R Found(const Store::Session& session, const RecordClass<R, Records>& known, std::int32_t id) {
-  return session.Existing((session.it.*known.get)(id), known.name, id);
+  return session.Existing(known.get(session.it, id), known.name, id);
 }
 
 template <class R, class Records>
@@ -86,7 +86,7 @@ std::vector<RecordValues> Store::Records(RecordType type, const std::optional<Fo
                                          const std::string& condition) {
   return WithClass(type, [&]<class R, class Records>(const RecordClass<R, Records>& known) {
     const auto loaded = Make<Records>();
-    session_->Require((session_->it.*known.load)(loaded, Criteria(known, folder, condition)),
+    session_->Require(known.load(session_->it, loaded, Criteria(known, folder, condition)),
                       "The records could not be read.");
     std::vector<RecordValues> all;
     for (const R& record : loaded) all.push_back(ValuesOf(type, known, record));
@@ -123,7 +123,7 @@ RecordValues Store::SetRecord(RecordType type, std::int32_t id, const std::vecto
 void Store::DeleteRecord(RecordType type, std::int32_t id) {
   WithClass(type, [&](const auto& known) {
     Found(*session_, known, id);
-    session_->Require(Telling([&] { return (session_->it.*known.remove)(id); }),
+    session_->Require(Telling([&] { return known.remove(session_->it, id); }),
                       fmt::format("The {} could not be deleted.", known.name));
   });
 }
@@ -136,7 +136,7 @@ void Store::Export(RecordType type, std::int32_t id, const std::string& path, bo
   WithClass(type, [&]<class R, class Records>(const RecordClass<R, Records>& known) {
     R record = Found(*session_, known, id);
     const auto write = [&](const std::string& place) {
-      session_->Require((record.*known.save_to_file)(place), "The file could not be written.");
+      session_->Require(known.save_to_file(record, place), "The file could not be written.");
     };
     if (replace) {
       write(path);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <compare>
 #include <cstdint>
 #include <ctime>
 
@@ -68,6 +69,13 @@ struct Date {
 
   /// Two dates are equal when their numbers are.
   friend constexpr bool operator==(Date, Date) = default;
+  /// The later moment is the greater one, times of day included.
+  friend std::partial_ordering operator<=>(Date a, Date b) {
+    const double day_a = std::trunc(a.value);
+    const double day_b = std::trunc(b.value);
+    if (const auto days = day_a <=> day_b; days != 0) return days;
+    return std::fabs(a.value - day_a) <=> std::fabs(b.value - day_b);
+  }
 
   [[noreturn]] static void RaiseInvalidCall() {
     constexpr std::int32_t kInvalidCall = 5;
@@ -83,14 +91,6 @@ struct Date {
     return static_cast<int>(std::lround(fraction * kSecondsPerDay));
   }
 };
-
-/// True if `a` is a later moment than `b`, times of day included.
-inline bool IsLater(Date a, Date b) {
-  const double day_a = std::trunc(a.value);
-  const double day_b = std::trunc(b.value);
-  if (day_a != day_b) return day_a > day_b;
-  return std::fabs(a.value - day_a) > std::fabs(b.value - day_b);
-}
 
 /// The local date and time in whole seconds. A leap second counts as the second before it.
 inline Date Now() {

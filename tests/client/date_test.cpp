@@ -114,12 +114,12 @@ TEST(ClientDateRoundedToSeconds, CarryBeyondTheRangeRaises5) {
   EXPECT_EQ(FailureOf([] { Date(kLast + 86399.7 / 86400).RoundedToSeconds(); }), 5);
 }
 
-TEST(ClientDateIsLater, ComparesTimesOfDay) { EXPECT_TRUE(IsLater(On(2024, 5, 1, 9, 0, 1), On(2024, 5, 1, 9))); }
-TEST(ClientDateIsLater, EqualDatesAreNotLater) { EXPECT_FALSE(IsLater(On(2024, 5, 1), On(2024, 5, 1))); }
-TEST(ClientDateIsLater, BeforeDayZeroALaterTimeIsLater) { EXPECT_TRUE(IsLater(Date(-1.75), Date(-1.25))); }
-TEST(ClientDateIsLater, BeforeDayZeroANextDayIsLater) { EXPECT_TRUE(IsLater(Date(-1.0), Date(-2.9))); }
-TEST(ClientDateIsLater, TheTwoFormsOfDayZeroAreTheSameMoment) { EXPECT_FALSE(IsLater(Date(0.5), Date(-0.5))); }
-TEST(ClientDateIsLater, ANumberThatIsNoneIsNeverLater) { EXPECT_FALSE(IsLater(Date(kNan), Date())); }
+TEST(ClientDateOrder, ComparesTimesOfDay) { EXPECT_GT(On(2024, 5, 1, 9, 0, 1), On(2024, 5, 1, 9)); }
+TEST(ClientDateOrder, EqualDatesAreNotLater) { EXPECT_FALSE(On(2024, 5, 1) > On(2024, 5, 1)); }
+TEST(ClientDateOrder, BeforeDayZeroALaterTimeIsLater) { EXPECT_GT(Date(-1.75), Date(-1.25)); }
+TEST(ClientDateOrder, BeforeDayZeroANextDayIsLater) { EXPECT_GT(Date(-1.0), Date(-2.9)); }
+TEST(ClientDateOrder, TheTwoFormsOfDayZeroAreTheSameMoment) { EXPECT_FALSE(Date(0.5) > Date(-0.5)); }
+TEST(ClientDateOrder, ANumberThatIsNoneIsNeverLater) { EXPECT_FALSE(Date(kNan) > Date()); }
 
 TEST(ClientDateNow, IsAMomentInWholeSeconds) {
   const Date now = Now();
