@@ -19,7 +19,7 @@ void RequireName(const Arguments& arguments, const char* what) {
 }
 
 void RequireOrder(std::optional<Date> first, std::optional<Date> second, const char* sentence) {
-  if (first && second && IsLater(*first, *second)) throw Failure(kWrongUse, sentence);
+  if (first && second && *first > *second) throw Failure(kWrongUse, sentence);
 }
 
 /// The folder that was asked for, or the one at the root where items of the kind go.

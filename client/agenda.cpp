@@ -10,7 +10,6 @@
 #include "client/rule_text.h"
 #include "client/table.h"
 #include "client/views.h"
-#include "platform/date_parts.h"
 
 namespace zef::client {
 namespace {
@@ -39,14 +38,13 @@ void Mark(const std::vector<Occurrence>& occurrences, std::chrono::year_month mo
 }
 
 bool IsEarlier(const AgendaEntry& a, const AgendaEntry& b) {
-  if (!(a.occurrence.start == b.occurrence.start)) return IsLater(b.occurrence.start, a.occurrence.start);
+  if (!(a.occurrence.start == b.occurrence.start)) return a.occurrence.start < b.occurrence.start;
   return a.event.id < b.event.id;
 }
 
 /// "Fri 2024-05-17".
 std::string DayWithWeekday(Date date) {
-  const auto weekday = static_cast<std::size_t>((date.Weekday() + 5) % 7);
-  return fmt::format("{} {}", kWeekdays[weekday].substr(0, 3), DayText(date));
+  return fmt::format("{} {}", kWeekdays[date.Weekday().iso_encoding() - 1].substr(0, 3), DayText(date));
 }
 
 /// "09:00", "09:00-10:30", "09:00 to 2024-05-19 12:00", "to 2024-05-19"; empty for a whole day.
@@ -91,7 +89,7 @@ AgendaSpan SpanOf(Date today, std::optional<std::chrono::year_month> month, std:
   AgendaSpan span{.month = month.value_or(day.year() / day.month()), .today = today.DayNumber()};
   span.first_day = span.today;
   span.last_day = span.today + days.value_or(kDefaultDays) - 1;
-  span.last_day = std::min(span.last_day, date_parts::kLastDay);
+  span.last_day = std::min(span.last_day, Date::kLastDay);
   if (!month || days) return span;
   span.first_day = FirstDayOf(*month);
   span.last_day = LastDayOf(*month);

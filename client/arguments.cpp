@@ -9,8 +9,8 @@
 #include "client/failure.h"
 #include "client/options.h"
 #include "client/record_arguments.h"
+#include "client/text.h"
 #include "client/wrong_use.h"
-#include "platform/text.h"
 #include "version.h"
 
 namespace zef::client {
@@ -184,7 +184,7 @@ void JoinIntervals(std::vector<std::string>& words) {
 }
 
 void RequireUtf8(const std::vector<std::string>& words) {
-  if (std::all_of(words.begin(), words.end(), [](const std::string& word) { return text::IsValidUtf8(word); })) return;
+  if (std::all_of(words.begin(), words.end(), [](const std::string& word) { return IsValidUtf8(word); })) return;
   throw Failure(kWrongUse, "An argument is not UTF-8 text.");
 }
 

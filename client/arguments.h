@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "client/create.h"
+#include "client/date.h"
 #include "client/record_values.h"
 #include "client/rule_text.h"
-#include "platform/date.h"
 
 namespace zef::client {
 

@@ -8,7 +8,7 @@
 #include "client/failure.h"
 #include "client/number_option.h"
 #include "client/number_words.h"
-#include "platform/text.h"
+#include "client/text.h"
 
 namespace zef::client {
 namespace {
@@ -23,7 +23,7 @@ constexpr FlagWord kFlagWords[] = {{"yes", true}, {"true", true},   {"1", true},
 
 bool ReadFlag(std::string_view option, std::string_view text) {
   const auto* const found = std::find_if(std::begin(kFlagWords), std::end(kFlagWords),
-                                         [&](const FlagWord& known) { return text::Compare(known.word, text) == 0; });
+                                         [&](const FlagWord& known) { return EqualNames(known.word, text); });
   if (found != std::end(kFlagWords)) return found->value;
   throw Failure(kWrongUse, fmt::format("{}: '{}' is neither yes nor no.", option, text));
 }
@@ -56,9 +56,8 @@ Assignment ReadAssignment(const RecordKind& kind, std::string_view word) {
   }
   const std::string_view name = word.substr(0, sign);
   const std::vector<PropertyInfo> known = PropertiesOf(kind.type);
-  const auto found = std::find_if(known.begin(), known.end(), [&](const PropertyInfo& property) {
-    return text::Compare(property.name, name) == 0;
-  });
+  const auto found = std::find_if(known.begin(), known.end(),
+                                  [&](const PropertyInfo& property) { return EqualNames(property.name, name); });
   if (found == known.end()) RefuseUnknown(kind, known, name);
   if (found->read_only) throw Failure(kRefused, fmt::format("The property {} cannot be set.", found->name));
   return {found->name, ReadValue(found->name, *found, word.substr(sign + 1))};

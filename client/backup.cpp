@@ -1,7 +1,5 @@
 #include "client/backup.h"
 
-#include <filesystem>
-
 #include "client/place_file.h"
 
 namespace zef::client {
@@ -16,10 +14,9 @@ std::string FreeNameFor(const std::string& file) {
 
 }  // namespace
 
-std::string BackUpBeside(const std::string& file, const std::string& connection_string,
-                         const BackupProgress& progress) {
+std::string BackUpBeside(const std::string& file, const std::function<void(const std::string& temporary)>& write) {
   const std::string place = FreeNameFor(file);
-  MakeNewFile(place, [&](const std::string& temporary) { BackUpDatabase(connection_string, temporary, progress); });
+  MakeNewFile(place, write);
   return place;
 }
 

@@ -1,14 +1,13 @@
 #pragma once
 
+#include <functional>
 #include <string>
-
-#include "platform/backup.h"
 
 namespace zef::client {
 
-/// Copies the database file of a connection string to a new file beside it, whole or not at all, and gives that one's
-/// name: the first of "people.db.backup", "people.db.backup.2" and so on that is free. Raises a `Failure` if it cannot
-/// be made.
-std::string BackUpBeside(const std::string& file, const std::string& connection_string, const BackupProgress& progress);
+/// Makes a new file beside a database, whole or not at all, and gives its name: the first of "people.db.backup",
+/// "people.db.backup.2" and so on that is free. `write` copies the database to the temporary name that it gets. Raises
+/// what that does, and a `Failure` if the file cannot be made.
+std::string BackUpBeside(const std::string& file, const std::function<void(const std::string& temporary)>& write);
 
 }  // namespace zef::client

@@ -5,14 +5,10 @@
 #include <filesystem>
 #include <utility>
 
-#include "client/failure.h"
+#include "client/components.h"
+#include "client/connection_string.h"
 #include "client/held_signals.h"
 #include "client/place_file.h"
-#include "platform/connection.h"
-#include "platform/connection_string.h"
-#include "platform/engine.h"
-#include "platform/recordset.h"
-#include "platform/transaction_guard.h"
 #include "schema/schema_text.h"
 #include "schema/statements.h"
 
@@ -50,48 +46,53 @@ void RequireFreePlace(const fs::path& place) {
   for (const char* const ending : kLogEndings) {
     const fs::path log = WithEnding(place, ending);
     if (!NameIsTaken(log)) continue;
-    throw Failure(kRefused, fmt::format("'{}' is left over from another database; remove it first.", log.native()));
+    Refuse(fmt::format("'{}' is left over from another database; remove it first.", log.native()));
   }
 }
 
 /// Programs open a database through `Connect2Database`, which joins its parts unquoted.
 void RequireConnectable(const std::string& file, const std::string& password) {
   const auto survives = [](const std::string& value) {
-    try {
-      const ConnectionString read = ParseConnectionString("Key=" + value);
-      return read.parts.size() == 1 && read.Get("Key") == value;
-    } catch (const RunTimeError&) {
-      return false;
-    }
+    const bool quoted = value.starts_with('"') || value.starts_with('\'');
+    return !quoted && Trim(value) == value && value.find(';') == std::string::npos;
   };
   constexpr char kNever[] = "a semicolon, a quotation mark at the beginning, or a blank at either end";
-  if (!survives(file)) throw Failure(kRefused, fmt::format("'{}': the name must not have {}.", file, kNever));
+  if (!survives(file)) Refuse(fmt::format("'{}': the name must not have {}.", file, kNever));
   if (!password.empty() && !survives(password)) {
-    throw Failure(kRefused, fmt::format("--password: it must not have {}.", kNever));
+    Refuse(fmt::format("--password: it must not have {}.", kNever));
   }
 }
 
-void Fill(Connection& connection, std::string_view statements, const HeldSignals& signals) {
-  TransactionGuard<Connection> transaction(connection);
+/// The connection object of a session that has not come to connect.
+Connection NewConnection() {
+  const CSession session = Make<CSession>();
+  try {
+    session.Connect2DatabaseCS("");
+  } catch (const automation::Failure&) {  // nothing has been named to connect to
+  }
+  return session.conDBConnection;
+}
+
+/// All or nothing: closing the connection undoes what was not committed.
+void Fill(const Connection& connection, std::string_view statements, const HeldSignals& signals) {
+  connection.BeginTrans();
   for (const std::string& statement : schema::Statements(statements)) {
     signals.StopIfAsked();
     connection.Execute(statement);
   }
-  transaction.Commit();
+  connection.CommitTrans();
 }
 
 void MakeDatabase(const fs::path& path, const std::string& password, std::string_view statements,
                   const HeldSignals& signals) {
-  std::string text = "Provider=SQLite;Data Source=" + QuotedConnectionValue(path.native());
-  if (!password.empty()) text += ";Password=" + QuotedConnectionValue(password);
-  zef::CreateDatabase(text);
-  const auto connection = MakeRef<Connection>();
-  connection->Open(text);
-  Fill(*connection, statements, signals);
-  connection->Close();
+  const std::string text = ConnectionString(path.native(), password);
+  const Connection connection = NewConnection();
+  connection.CreateDatabase(text);
+  connection.Open(text);
+  Fill(connection, statements, signals);
+  connection.Close();
   // Closing writes the log into the file and removes it; a log that is still there holds what the file lacks.
-  if (NameIsTaken(WithEnding(path, "-wal")))
-    throw Failure(kRefused, "The new database could not be written completely.");
+  if (NameIsTaken(WithEnding(path, "-wal"))) Refuse("The new database could not be written completely.");
 }
 
 }  // namespace
@@ -106,11 +107,7 @@ void CreateDatabaseFrom(const std::string& statements, const std::string& file, 
   RequireFreePlace(place);
   const HeldSignals signals;  // goes last, when the temporary file is gone
   const TemporaryFile temporary(place);
-  try {
-    MakeDatabase(temporary.path(), password, statements, signals);
-  } catch (const RunTimeError& failure) {
-    throw Failure(kRefused, failure.description());
-  }
+  Telling([&] { MakeDatabase(temporary.path(), password, statements, signals); });
   signals.StopIfAsked();
   PlaceFile(temporary.path(), place);
 }

@@ -5,8 +5,8 @@
 #include <charconv>
 #include <optional>
 
+#include "ZEFComponents/date_text.h"
 #include "client/failure.h"
-#include "platform/date_parts.h"
 
 namespace zef::client {
 namespace {
@@ -67,6 +67,6 @@ std::string TimeText(Date date) {
   return seconds % 60 == 0 ? text : fmt::format("{}:{:02}", text, seconds % 60);
 }
 
-bool IsCalendarDate(Date date) { return !date.IsZero() && date_parts::InRange(date.value()); }
+bool IsCalendarDate(Date date) { return !date.IsZero() && date.IsInRange(); }
 
 }  // namespace zef::client

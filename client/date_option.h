@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/date.h"
+#include "client/date.h"
 
 namespace zef::client {
 

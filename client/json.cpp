@@ -4,26 +4,26 @@
 
 #include <iterator>
 
-#include "platform/text_decoding.h"
+#include "ZEFComponents/client.h"
 
 namespace zef::client {
 namespace {
 
 /// Escapes more control characters than JSON asks for: some terminals also obey those from U+0080 to U+009F.
-void AppendEscaped(std::string& text, UChar32 c) {
+void AppendEscaped(std::string& text, char32_t c) {
   if (c == '"' || c == '\\') {
     text += '\\';
     text += static_cast<char>(c);
   } else if (c < 0x20 || (c >= 0x7F && c <= 0x9F)) {
     fmt::format_to(std::back_inserter(text), "\\u{:04x}", static_cast<unsigned>(c));
   } else {
-    text::AppendCodePoint(text, c);
+    AppendUtf8(text, c);
   }
 }
 
 void AppendQuoted(std::string& text, std::string_view value) {
   text += '"';
-  for (std::size_t at = 0; at < value.size();) AppendEscaped(text, text::NextCodePoint(value, at));
+  for (std::size_t at = 0; at < value.size();) AppendEscaped(text, NextPoint(value, at));
   text += '"';
 }
 

@@ -7,7 +7,7 @@
 #include "client/choice.h"
 #include "client/failure.h"
 #include "client/store.h"
-#include "platform/text.h"
+#include "client/text.h"
 
 namespace zef::client {
 namespace {
@@ -34,15 +34,9 @@ constexpr WordedProperty kProperties[] = {
     {RecordType::User, "Rights", kRightsWords},
 };
 
-std::string_view Trimmed(std::string_view text) {
-  while (text.starts_with(' ')) text.remove_prefix(1);
-  while (text.ends_with(' ')) text.remove_suffix(1);
-  return text;
-}
-
 std::optional<std::int32_t> NumberOfWord(const NumberWords& known, std::string_view text) {
   const auto found = std::find_if(known.words.begin(), known.words.end(),
-                                  [&](const NumberWord& word) { return text::Compare(word.word, text) == 0; });
+                                  [&](const NumberWord& word) { return EqualNames(word.word, text); });
   if (found == known.words.end()) return std::nullopt;
   return found->number;
 }
@@ -76,7 +70,7 @@ std::optional<std::int32_t> NumberFor(const NumberWords& known, std::string_view
   std::int32_t number = 0;
   for (std::size_t at = 0; at <= text.size();) {
     const std::size_t end = std::min(text.find(',', at), text.size());
-    const std::optional<std::int32_t> part = NumberOfWord(known, Trimmed(text.substr(at, end - at)));
+    const std::optional<std::int32_t> part = NumberOfWord(known, Trim(text.substr(at, end - at)));
     if (!part) return std::nullopt;
     number |= *part;
     at = end + 1;

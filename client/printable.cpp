@@ -1,30 +1,30 @@
 #include "client/printable.h"
 
-#include "platform/text.h"
-#include "platform/text_decoding.h"
+#include "ZEFComponents/client.h"
+#include "client/text.h"
 
 namespace zef::client {
 namespace {
 
-constexpr UChar32 kReplacement = 0xFFFD;
+constexpr char32_t kReplacement = 0xFFFD;
 
 struct Range {
-  UChar32 first;
-  UChar32 last;
+  char32_t first;
+  char32_t last;
 };
 
 // Control characters, line and paragraph separator, and what embeds, overrides or isolates a direction of writing.
 constexpr Range kUnsafe[] = {{0x00, 0x1F},     {0x7F, 0x9F},     {0x061C, 0x061C},
                              {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
 
-bool IsUnsafe(UChar32 c) {
+bool IsUnsafe(char32_t c) {
   for (const Range& range : kUnsafe) {
     if (c >= range.first && c <= range.last) return true;
   }
   return false;
 }
 
-UChar32 Shown(UChar32 c) {
+char32_t Shown(char32_t c) {
   if (c == '\t' || c == '\n' || c == '\r') return ' ';
   return IsUnsafe(c) ? kReplacement : c;
 }
@@ -34,10 +34,10 @@ UChar32 Shown(UChar32 c) {
 std::string Printable(std::string_view text) {
   std::string shown;
   shown.reserve(text.size());
-  for (std::size_t at = 0; at < text.size();) text::AppendCodePoint(shown, Shown(text::NextCodePoint(text, at)));
+  for (std::size_t at = 0; at < text.size();) AppendUtf8(shown, Shown(NextPoint(text, at)));
   return shown;
 }
 
-std::size_t Width(std::string_view text) { return static_cast<std::size_t>(text::Length(text)); }
+std::size_t Width(std::string_view text) { return Length(text); }
 
 }  // namespace zef::client

@@ -5,15 +5,16 @@
 namespace zef::client {
 
 RuleSpec SpecOf(const CRecurrence& rule) {
+  RuleSpec spec{.type = rule.RType};
+  if (spec.type == kNoRule) return spec;
   const std::array<bool, 7> days{rule.Monday, rule.Tuesday,  rule.Wendsday, rule.Thursday,
                                  rule.Friday, rule.Saturday, rule.Sunday};
-  RuleSpec spec{.type = rule.RType,
-                .sub_type = rule.SubType,
-                .options1 = rule.Options1,
-                .options2 = rule.Options2,
-                .week_number = rule.WeekNumber,
-                .end = rule.EndDate,
-                .occurrences = rule.OccurencesNo};
+  spec.sub_type = rule.SubType;
+  spec.options1 = rule.Options1;
+  spec.options2 = rule.Options2;
+  spec.week_number = rule.WeekNumber;
+  spec.end = rule.EndDate;
+  spec.occurrences = rule.OccurencesNo;
   for (std::size_t i = 0; i < days.size(); ++i) spec.days |= static_cast<std::int32_t>(days[i]) << i;
   return spec;
 }
@@ -38,7 +39,7 @@ TaskInfo InfoOf(const CTask& task) {
           .start = task.StartDate,
           .due = task.DueDate,
           .done = task.Completed > 0,
-          .rule = SpecOf(*task.Recurrence)};
+          .rule = SpecOf(task.Recurrence)};
 }
 
 EventInfo InfoOf(const CEvent& event) {
@@ -51,12 +52,12 @@ EventInfo InfoOf(const CEvent& event) {
           .reminder = event.Reminder,
           .type = event.EType,
           .link = event.LinkID,
-          .rule = SpecOf(*event.Recurrence)};
+          .rule = SpecOf(event.Recurrence)};
 }
 
-void WriteRule(const RuleSpec& spec, CRecurrence& rule) {
+void WriteRule(const RuleSpec& spec, CRecurrence rule) {
   if (spec.type == kNoRule) return;
-  rule.RType = spec.type;
+  rule.RType = static_cast<RecurrenceType>(spec.type);
   rule.SubType = spec.sub_type;
   rule.Options1 = spec.options1;
   rule.Options2 = spec.options2;
@@ -71,6 +72,12 @@ void WriteRule(const RuleSpec& spec, CRecurrence& rule) {
   rule.Friday = falls_on(4);
   rule.Saturday = falls_on(5);
   rule.Sunday = falls_on(6);
+}
+
+CRecurrence RecordOf(const RuleSpec& spec) {
+  CRecurrence rule = Make<CRecurrence>();
+  WriteRule(spec, rule);
+  return rule;
 }
 
 }  // namespace zef::client

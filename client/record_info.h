@@ -1,9 +1,7 @@
 #pragma once
 
-#include "calendar/event.h"
+#include "client/components.h"
 #include "client/store.h"
-#include "folders/folder.h"
-#include "tasks/task.h"
 
 namespace zef::client {
 
@@ -14,6 +12,8 @@ EventInfo InfoOf(const CEvent& event);
 RuleSpec SpecOf(const CRecurrence& rule);
 
 /// Leaves the record of an empty rule untouched, so that no row is written for it.
-void WriteRule(const RuleSpec& spec, CRecurrence& rule);
+void WriteRule(const RuleSpec& spec, CRecurrence rule);
+/// A rule that belongs to no record.
+CRecurrence RecordOf(const RuleSpec& spec);
 
 }  // namespace zef::client

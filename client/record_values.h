@@ -7,8 +7,8 @@
 #include <variant>
 #include <vector>
 
+#include "client/date.h"
 #include "client/rule.h"
-#include "platform/date.h"
 
 namespace zef::client {
 

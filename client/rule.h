@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/date.h"
+#include "client/date.h"
 
 namespace zef::client {
 

@@ -9,7 +9,7 @@
 #include "client/calendar_names.h"
 #include "client/date_option.h"
 #include "client/failure.h"
-#include "platform/text.h"
+#include "client/text.h"
 
 namespace zef::client {
 namespace {
@@ -23,7 +23,7 @@ using Words = std::vector<std::string>;
 /// The words of a text in small letters, cut at blanks and commas, without those that only make it read well.
 Words WordsOf(std::string_view text) {
   constexpr std::string_view kFillers[] = {"the", "of", "and", "day"};
-  const std::string lower = text::LowerAscii(text);
+  const std::string lower = LowerAscii(text);
   Words words;
   for (std::size_t at = 0; at < lower.size();) {
     const std::size_t start = lower.find_first_not_of(" ,", at);
@@ -49,7 +49,7 @@ std::optional<std::int32_t> NumberOf(std::string_view word, std::int32_t limit) 
 std::optional<std::int32_t> IndexOf(std::span<const std::string_view> names, std::string_view word) {
   if (word.size() < 3) return std::nullopt;
   for (std::size_t i = 0; i < names.size(); ++i) {
-    if (text::LowerAscii(names[i]).starts_with(word)) return static_cast<std::int32_t>(i);
+    if (LowerAscii(names[i]).starts_with(word)) return static_cast<std::int32_t>(i);
   }
   return std::nullopt;
 }
@@ -61,7 +61,11 @@ std::optional<std::int32_t> IndexOfWhole(std::span<const std::string_view> names
   return static_cast<std::int32_t>(found - names.begin());
 }
 
-std::int32_t WeekdayIndex(Date date) { return (date.Weekday() + 5) % 7; }
+std::int32_t WeekdayIndex(Date date) { return static_cast<std::int32_t>(date.Weekday().iso_encoding()) - 1; }
+std::int32_t MonthIndex(Date date) {
+  return static_cast<std::int32_t>(static_cast<unsigned>(date.YearMonthDay().month())) - 1;
+}
+std::int32_t DayOf(Date date) { return static_cast<std::int32_t>(static_cast<unsigned>(date.YearMonthDay().day())); }
 
 // ---- the days of each kind of rule
 
@@ -114,7 +118,7 @@ void ReadWeekly(const Days& days, std::int32_t number, RuleSpec& rule) {
 void ReadMonthly(const Days& days, std::int32_t number, RuleSpec& rule) {
   rule.options2 = number;
   if (!days.Given("month")) {
-    rule.options1 = days.first->Day();
+    rule.options1 = DayOf(*days.first);
     return;
   }
   const Words words = WordsOf(*days.on);
@@ -152,8 +156,8 @@ bool ReadWeekdayOfYear(const Words& words, RuleSpec& rule) {
 void ReadYearly(const Days& days, std::int32_t number, RuleSpec& rule) {
   if (number != 1) WrongRule("A rule by the year comes back every year; write --every year.");
   if (!days.Given("year")) {
-    rule.options1 = days.first->Month() - 1;
-    rule.options2 = days.first->Day();
+    rule.options1 = MonthIndex(*days.first);
+    rule.options2 = DayOf(*days.first);
     return;
   }
   const Words words = WordsOf(*days.on);
@@ -191,11 +195,11 @@ const Unit* UnitNamed(std::string_view word) {
 
 /// "week" or "2 weeks".
 Interval ReadEvery(const std::string& text) {
-  const std::string lower = text::LowerAscii(text::Trim(text));
+  const std::string lower = LowerAscii(Trim(text));
   const std::size_t blank = lower.find(' ');
   const bool numbered = blank != std::string::npos;
   const auto number = numbered ? NumberOf(std::string_view(lower).substr(0, blank), kLongestInterval) : 1;
-  const Unit* const unit = UnitNamed(numbered ? text::Trim(std::string_view(lower).substr(blank)) : lower);
+  const Unit* const unit = UnitNamed(numbered ? Trim(std::string_view(lower).substr(blank)) : lower);
   if (!number || unit == nullptr) {
     WrongRule(
         fmt::format("--every '{}' is no interval. Write day, week, month or year, or a number from 1 to {} and one of "
@@ -212,7 +216,7 @@ void ReadEnd(const RuleOptions& options, std::optional<Date> first, RuleSpec& ru
   rule.end = *options.until;
   const bool whole_day = rule.end.SecondsOfDay() == 0;
   if (first && whole_day && first->SecondsOfDay() != 0) rule.end = Date(rule.end.YearMonthDay(), kLastSecondOfDay);
-  if (first && IsLater(*first, rule.end)) WrongRule("--until lies before the first day.");
+  if (first && *first > rule.end) WrongRule("--until lies before the first day.");
 }
 
 }  // namespace

@@ -3,9 +3,10 @@
 #include <utility>
 
 #include "client/choice.h"
+#include "client/connection_string.h"
 #include "client/create.h"
 #include "client/store_session.h"
-#include "platform/connection_string.h"
+#include "client/text.h"
 
 namespace zef::client {
 namespace {
@@ -23,7 +24,7 @@ constexpr CountedTable kCounted[] = {
 
 struct KnownList {
   const char* name;
-  bool (CSession::*load)(const Ref<CTags>&);
+  bool (CSession::*load)(const CTags&) const;
 };
 
 constexpr KnownList kLists[] = {
@@ -36,18 +37,17 @@ constexpr KnownList kLists[] = {
 /// The client's condition and that of a folder as one.
 std::string Condition(const std::optional<FolderInfo>& folder, const std::string& condition) {
   if (!folder || folder->shows_all) return condition;
-  const std::string in_folder = "TSK_FolderID=" + SqlNumber(folder->id);
+  const std::string in_folder = fmt::format("TSK_FolderID={}", folder->id);
   return condition.empty() ? in_folder : fmt::format("({}) AND {}", condition, in_folder);
 }
 
 }  // namespace
 
 Store::Store(const std::string& file, const std::string& password) : session_(std::make_unique<Session>()) {
-  std::string text = "Provider=SQLite;Data Source=" + QuotedConnectionValue(file);
-  if (!password.empty()) text += ";Password=" + QuotedConnectionValue(password);
-  Telling([&] { session_->it->Connect2DatabaseCS(text); });
+  std::string text = ConnectionString(file, password);
+  Telling([&] { session_->it.Connect2DatabaseCS(text); });
   session_->connection_string = std::move(text);
-  session_->it->SetAdministratorRights();
+  session_->it.SetAdministratorRights();
   session_->file = file;
   session_->encrypted = !password.empty();  // a password for an open file is refused
 }
@@ -71,7 +71,7 @@ std::vector<FolderInfo> Store::Folders() { return session_->Folders(""); }
 
 FolderInfo Store::Folder(const std::string& id_or_name, std::optional<FolderKind> kind) {
   std::vector<FolderInfo> found;
-  if (const auto id = IdentifierIn(id_or_name)) found = session_->Folders("FLD_ID=" + SqlNumber(*id));
+  if (const auto id = IdentifierIn(id_or_name)) found = session_->Folders(fmt::format("FLD_ID={}", *id));
   if (found.empty()) found = session_->Folders("FLD_Name=" + SqlQuoted(id_or_name));
   return ChooseFolder(std::move(found), id_or_name, kind);
 }
@@ -81,43 +81,43 @@ FolderInfo Store::RootFolder(const std::string& name) {
 }
 
 FolderInfo Store::Add(const FolderInfo& folder) {
-  const Ref<CFolder> record = Telling([&] { return session_->Made(session_->it->CreateFolder()); });
-  record->ParentID = folder.parent;
-  record->Name = folder.name;
-  record->Description = folder.description;
-  record->ItemsType = folder.kind;
-  session_->Require(record->Save(), "The folder could not be saved.");
-  return InfoOf(*record);
+  CFolder record = Telling([&] { return session_->Made(session_->it.CreateFolder()); });
+  record.ParentID = folder.parent;
+  record.Name = folder.name;
+  record.Description = folder.description;
+  record.ItemsType = static_cast<FolderType>(folder.kind);
+  session_->Require(record.Save(), "The folder could not be saved.");
+  return InfoOf(record);
 }
 
 TaskInfo Store::Add(const TaskInfo& task) {
-  const Ref<CTask> record = Telling([&] { return session_->Made(session_->it->CreateTask()); });
-  record->FolderID = task.folder;
-  record->Name = task.name;
-  record->Description = task.description;
-  record->AssignedTo = task.assigned_to;
-  record->Priority = task.priority;
-  record->StartDate = task.start;
-  record->DueDate = task.due;
-  WriteRule(task.rule, *record->Recurrence);
-  session_->Require(record->Save(),
+  CTask record = Telling([&] { return session_->Made(session_->it.CreateTask()); });
+  record.FolderID = task.folder;
+  record.Name = task.name;
+  record.Description = task.description;
+  record.AssignedTo = task.assigned_to;
+  record.Priority = task.priority;
+  record.StartDate = task.start;
+  record.DueDate = task.due;
+  WriteRule(task.rule, record.Recurrence);
+  session_->Require(record.Save(),
                     "The task could not be saved, perhaps because the folder 'Tasks Due Dates' is missing.");
-  return InfoOf(*record);
+  return InfoOf(record);
 }
 
 EventInfo Store::Add(const EventInfo& event) {
-  const Ref<CEvent> record = Telling([&] { return session_->Made(session_->it->CreateEvent()); });
-  record->FolderID = event.folder;
-  record->Text = event.text;
-  record->Location = event.location;
-  record->StartDate = event.start;
-  record->EndDate = event.end;
-  record->Reminder = event.reminder;
-  record->EType = std::string("E");
-  record->LinkID = -1;
-  WriteRule(event.rule, *record->Recurrence);
-  session_->Require(record->Save(), "The event could not be saved.");
-  return InfoOf(*record);
+  CEvent record = Telling([&] { return session_->Made(session_->it.CreateEvent()); });
+  record.FolderID = event.folder;
+  record.Text = event.text;
+  record.Location = event.location;
+  record.StartDate = event.start;
+  record.EndDate = event.end;
+  record.Reminder = event.reminder;
+  record.EType = std::string("E");
+  record.LinkID = -1;
+  WriteRule(event.rule, record.Recurrence);
+  session_->Require(record.Save(), "The event could not be saved.");
+  return InfoOf(record);
 }
 
 std::string Store::Priority(const std::string& name) {
@@ -130,47 +130,41 @@ std::string Store::Priority(const std::string& name) {
 std::vector<LookupList> Store::Lists() {
   std::vector<LookupList> lists;
   for (const auto& [name, load] : kLists) {
-    const auto tags = MakeRef<CTags>();
-    session_->Require((*session_->it.*load)(tags), "A list could not be read.");
+    const auto tags = Make<CTags>();
+    session_->Require((session_->it.*load)(tags), "A list could not be read.");
     lists.push_back({.name = name});
-    for (const Ref<CTag>& tag : *tags) lists.back().entries.push_back({tag->ID, tag->Text});
+    for (const CTag& tag : tags) lists.back().entries.push_back({tag.ID, tag.Text});
   }
   return lists;
 }
 
 std::vector<TaskInfo> Store::Tasks(const std::optional<FolderInfo>& folder, const std::string& condition) {
-  const auto tasks = MakeRef<CTasks>();
-  session_->Require(session_->it->LoadTasksWithCriteria(tasks, Condition(folder, condition)),
+  const auto tasks = Make<CTasks>();
+  session_->Require(session_->it.LoadTasksWithCriteria(tasks, Condition(folder, condition)),
                     "The tasks could not be read.");
-  return InfosOf(*tasks);
+  return InfosOf(tasks);
 }
 
 std::vector<EventInfo> Store::Events() {
-  const auto events = MakeRef<CEvents>();
-  session_->Require(session_->it->LoadEventsWithCriteria(events, ""), "The events could not be read.");
-  return InfosOf(*events);
+  const auto events = Make<CEvents>();
+  session_->Require(session_->it.LoadEventsWithCriteria(events, ""), "The events could not be read.");
+  return InfosOf(events);
 }
 
-EventInfo Store::Event(std::int32_t id) { return InfoOf(*session_->Event(id)); }
+EventInfo Store::Event(std::int32_t id) { return InfoOf(session_->Event(id)); }
 
 bool Store::IsSeen(std::int32_t event, Date moment, std::int32_t user) {
-  const Ref<CEvent> record = session_->Event(event);
-  session_->it->UserID = user;
+  const CEvent record = session_->Event(event);
+  session_->it.UserID = user;
   bool show = true;
-  session_->Require(record->SeenByUser(moment, show), "The event's marks could not be read.");
+  session_->Require(record.SeenByUser(moment, show), "The event's marks could not be read.");
   return !show;
 }
 
 void Store::MarkSeen(std::int32_t event, Date moment, std::int32_t user) {
-  const Ref<CEvent> record = session_->Event(event);
-  session_->it->UserID = user;
-  session_->Require(record->MarkSeenByUser(moment), "The mark could not be written.");
-}
-
-Date NextOccurrence(const RuleSpec& rule, Date after) {
-  const auto record = MakeRef<CRecurrence>();
-  WriteRule(rule, *record);
-  return record->NextOccuranceDate(after);
+  const CEvent record = session_->Event(event);
+  session_->it.UserID = user;
+  session_->Require(record.MarkSeenByUser(moment), "The mark could not be written.");
 }
 
 }  // namespace zef::client

@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
+#include "client/date.h"
 #include "client/record_values.h"
 #include "client/rule.h"
-#include "platform/date.h"
 
 namespace zef::client {
 
@@ -164,8 +164,5 @@ class Store {
 
 /// True for the types that the library writes to text files.
 bool CanBeExported(RecordType type);
-
-/// The date of a rule's next occurrence after another one; the empty date if there is none.
-Date NextOccurrence(const RuleSpec& rule, Date after);
 
 }  // namespace zef::client

@@ -7,45 +7,38 @@
 #include <utility>
 #include <vector>
 
-#include "client/failure.h"
+#include "client/components.h"
 #include "client/record_info.h"
 #include "client/store.h"
-#include "platform/recordset.h"
-#include "session/collections.h"
-#include "session/session.h"
 
 /// What the files of the store share; for them alone.
 namespace zef::client {
 
-[[noreturn]] inline void Refuse(const std::string& sentence) { throw Failure(kRefused, sentence); }
-
-/// Runs a step of the library; what it raises is told in its own words.
-template <class Step>
-auto Telling(Step&& step) -> decltype(step()) {
-  try {
-    return step();
-  } catch (const RunTimeError& failure) {
-    Refuse(failure.description());
-  }
-}
-
-template <class Element>
-auto InfosOf(const Collection<Element>& records) {
-  std::vector<decltype(InfoOf(std::declval<const Element&>()))> infos;
-  for (const Ref<Element>& record : records) infos.push_back(InfoOf(*record));
+template <class Records>
+auto InfosOf(const Records& records) {
+  std::vector<decltype(InfoOf(*records.begin()))> infos;
+  for (const auto& record : records) infos.push_back(InfoOf(record));
   return infos;
 }
+
+/// The value in the first column of the row that a record set stands at.
+inline Value FirstValue(const Recordset& rows) { return rows.Fields->Item(0)->Value; }
+
+// Numbers of failures.
+constexpr std::int32_t kItemNotFound = 3265;
+constexpr std::int32_t kNoSuchTable = -2147217865;
 
 /// The library's session, with a result for each operation that fails by raising.
 class Store::Session {
  public:
-  Ref<CSession> it = MakeRef<CSession>();
+  CSession it = Make<CSession>();
   std::string file;
   std::string connection_string;
   bool encrypted = false;
 
   [[noreturn]] void RefuseAsRecorded(const std::string& otherwise) const {
-    Refuse(it->GetErrorDescription().empty() ? otherwise : it->GetErrorDescription());
+    const std::string recorded = it.GetErrorDescription();
+    Refuse(recorded.empty() ? otherwise : recorded);
   }
 
   void Require(bool done, const std::string& otherwise) const {
@@ -54,19 +47,20 @@ class Store::Session {
 
   /// The record, or the recorded failure.
   template <class Record>
-  Ref<Record> Made(Ref<Record> record) const {
+  Record Made(Record record) const {
     if (!record) RefuseAsRecorded("A new identifier could not be drawn.");
     return record;
   }
 
-  /// The values of the first column of a select, as texts.
+  /// The texts in the first column of a select, empty for what is none.
   std::vector<std::string> Texts(const std::string& select) const {
     return Telling([&] {
       std::vector<std::string> texts;
-      const Ref<Recordset> rs = it->conDBConnection->Execute(select);
-      for (; !rs->EndOfFile(); rs->MoveNext()) {
-        const Value value = rs->ValueAt(0);
-        texts.push_back(IsNull(value) ? std::string() : ToText(value));
+      const Recordset rows = it.conDBConnection->Execute(select);
+      for (; !rows.EndOfFile; rows.MoveNext()) {
+        const Value value = FirstValue(rows);
+        const auto* const text = std::get_if<std::string>(&value);
+        texts.push_back(text == nullptr ? std::string() : *text);
       }
       return texts;
     });
@@ -74,45 +68,46 @@ class Store::Session {
 
   std::int32_t Count(const char* table) const {
     return Telling([&] {
-      return ToLong(it->conDBConnection->Execute(fmt::format("SELECT Count(*) FROM {}", table))->ValueAt(0));
+      return std::get<std::int32_t>(
+          FirstValue(it.conDBConnection->Execute(fmt::format("SELECT Count(*) FROM {}", table))));
     });
   }
 
   std::vector<FolderInfo> Folders(const std::string& criteria) const {
-    const auto folders = MakeRef<CFolders>();
-    Require(it->LoadFoldersWithCriteria(folders, criteria), "The folders could not be read.");
-    return InfosOf(*folders);
+    const auto folders = Make<CFolders>();
+    Require(it.LoadFoldersWithCriteria(folders, criteria), "The folders could not be read.");
+    return InfosOf(folders);
   }
 
   /// The record that was read, or why there is none.
   template <class Record>
-  Ref<Record> Existing(Ref<Record> record, std::string_view kind, std::int32_t id) const {
+  Record Existing(Record record, std::string_view kind, std::int32_t id) const {
     if (!record) RefuseAsRecorded(fmt::format("There is no {} {}.", kind, id));
     return record;
   }
 
-  Ref<CEvent> Event(std::int32_t id) const { return Existing(it->GetEvent(id), "event", id); }
+  CEvent Event(std::int32_t id) const { return Existing(it.GetEvent(id), "event", id); }
 
   /// Raises for a database that another program has made.
   std::string Version() const {
     std::string version;
     std::string kind;
-    const bool read = it->GetDBInfo(version, kind);
+    const bool read = it.GetDBInfo(version, kind);
     if (!version.empty()) return version;
-    const auto code = static_cast<FailureNumber>(read ? 0 : it->GetErrorCode());
-    if (!read && code != FailureNumber::NoSuchTable && code != FailureNumber::ItemNotFound) RefuseAsRecorded("");
+    const std::int32_t code = it.GetErrorCode();
+    if (!read && code != kNoSuchTable && code != kItemNotFound) RefuseAsRecorded("");
     Refuse(fmt::format("'{}' is a database, but none of zef's.", file));
   }
 
   /// Runs steps in a transaction of the session, which is undone if they raise.
   template <class Steps>
   void InTransaction(Steps&& steps) const {
-    Require(it->BeginTransaction(), "The database could not be locked for writing.");
+    Require(it.BeginTransaction(), "The database could not be locked for writing.");
     try {
       Telling(steps);
-      Require(it->CommitTransaction(), "The changes could not be written.");
+      Require(it.CommitTransaction(), "The changes could not be written.");
     } catch (const Failure&) {
-      it->RollbackTransaction();
+      it.RollbackTransaction();
       throw;
     }
   }

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <span>
 
 #include "client/backup.h"
 #include "client/create.h"
@@ -16,7 +17,7 @@ using Tell = std::function<void(const std::string&)>;
 struct UpgradeStep {
   const char* from;  ///< the version, or how it begins if it ends with a point
   const char* to;
-  bool (CSession::*run)(std::string& version, std::string& message);
+  bool (CSession::*run)(std::string& version, std::string& message) const;
 };
 
 constexpr UpgradeStep kSteps[] = {
@@ -42,17 +43,18 @@ std::span<const UpgradeStep> StepsFrom(const std::string& version) {
 }
 
 std::string BackUp(const Store::Session& session, const HeldSignals& signals, const Tell& tell) {
-  return BackUpBeside(session.file, session.connection_string, [&](std::int64_t done, std::int64_t all) {
+  tell("Copying the database");
+  return BackUpBeside(session.file, [&](const std::string& temporary) {
+    session.it.conDBConnection->BackUpDatabase(session.connection_string, temporary);
     signals.StopIfAsked();
-    tell(fmt::format("Copying the database: {} %", all == 0 ? 100 : 100 * done / all));
   });
 }
 
 /// A step tells of some failures by the description alone, and clears none of before.
 void RunStep(const Store::Session& session, const UpgradeStep& step, std::string& version) {
   std::string unused;
-  session.it->ClearError();
-  session.Require((*session.it.*step.run)(version, unused), "The step failed without a reason.");
+  session.it.ClearError();
+  session.Require((session.it.*step.run)(version, unused), "The step failed without a reason.");
 }
 
 /// The name in "CREATE INDEX name ON ...".
@@ -62,19 +64,21 @@ std::string IndexIn(const std::string& statement) {
   return statement.substr(kCreate.size(), statement.find(' ', kCreate.size()) - kCreate.size());
 }
 
+constexpr std::int32_t kIndexExists = -2147217868;
+
 /// True if there was none of that name.
-bool AddIndex(Connection& connection, const std::string& statement) {
+bool AddIndex(const Connection& connection, const std::string& statement) {
   try {
     connection.Execute(statement);
     return true;
-  } catch (const RunTimeError& failure) {
-    if (failure.code() != FailureNumber::IndexExists) throw;
+  } catch (const automation::Failure& failure) {
+    if (failure.number() != kIndexExists) throw;
     return false;
   }
 }
 
 /// The steps make no indexes for the columns that they add; without them look-ups would read whole tables.
-std::vector<std::string> AddMissingIndexes(Connection& connection) {
+std::vector<std::string> AddMissingIndexes(const Connection& connection) {
   std::vector<std::string> added;
   for (const std::string& statement : schema::Statements(schema::Text(kCurrentSchema))) {
     const std::string name = IndexIn(statement);
@@ -98,7 +102,7 @@ void RunUpgrade(const Store::Session& session, UpgradeInfo& info, const Tell& te
     }
     tell("Looking after the indexes");
     signals.StopIfAsked();
-    info.indexes = AddMissingIndexes(*session.it->conDBConnection);
+    info.indexes = AddMissingIndexes(session.it.conDBConnection);
   });
 }
 

@@ -1,12 +1,11 @@
 #include "client/table.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <numeric>
 #include <string_view>
 
 #include "client/printable.h"
-#include "platform/text.h"
+#include "client/text.h"
 
 namespace zef::client {
 namespace {
@@ -17,7 +16,7 @@ constexpr std::size_t kLeastWidth = 8;
 /// The text, or its beginning with an ellipsis behind it.
 std::string Cut(const std::string& text, std::size_t width) {
   if (Width(text) <= width) return text;
-  return std::string(text::Left(text, static_cast<std::int64_t>(width) - 1)) + "…";
+  return std::string(Left(text, width - 1)) + "…";
 }
 
 }  // namespace

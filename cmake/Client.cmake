@@ -1,4 +1,5 @@
-# The command-line client: everything but its main file is a library, so that its tests can link it.
+# The command-line client: everything but its main file is a library, so that its tests can link it. It knows the
+# components by their header alone and loads their library when it makes the first object.
 
 file(GLOB_RECURSE client_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/client/*.cpp" "${PROJECT_SOURCE_DIR}/client/*.h")
 set(client_main "${PROJECT_SOURCE_DIR}/client/main.cpp")
@@ -9,11 +10,16 @@ list(FILTER client_units INCLUDE REGEX "\\.cpp$")
 if(client_units)
   find_package(CLI11 REQUIRED)
   add_library(zefclient STATIC ${client_sources})
-  target_link_libraries(zefclient PUBLIC zefcore zefschema CLI11::CLI11 PRIVATE zef_warnings)
+  target_include_directories(zefclient PUBLIC "${PROJECT_SOURCE_DIR}" PRIVATE "${PROJECT_BINARY_DIR}/generated")
+  target_compile_features(zefclient PUBLIC cxx_std_20)
+  target_link_libraries(zefclient PUBLIC zefheader fmt::fmt CLI11::CLI11 PRIVATE zefschema zef_warnings)
+  cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_LIBDIR BASE_DIRECTORY "${CMAKE_INSTALL_FULL_BINDIR}" OUTPUT_VARIABLE libraries)
+  target_compile_definitions(zefclient PRIVATE "ZEF_LIBRARY_FOLDER=\"${libraries}\"")
 endif()
 if(EXISTS "${client_main}")
   find_package(CLI11 REQUIRED)
   add_executable(zef "${client_main}")
-  target_link_libraries(zef PRIVATE $<TARGET_NAME_IF_EXISTS:zefclient> zefcore zefschema CLI11::CLI11 zef_warnings)
+  target_link_libraries(zef PRIVATE $<TARGET_NAME_IF_EXISTS:zefclient> zef_warnings)
+  add_dependencies(zef ZEFComponents)  # looked for beside it
   set_target_properties(zef PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}")
 endif()

@@ -24,7 +24,9 @@ add_custom_command(
   DEPENDS zef_describe
   COMMENT "Describing the classes" VERBATIM)
 configure_file("${PROJECT_SOURCE_DIR}/component/automation.h" "${ZEF_INCLUDE}/ZEFComponents/automation.h" COPYONLY)
-configure_file("${PROJECT_SOURCE_DIR}/component/client/client.h" "${ZEF_INCLUDE}/ZEFComponents/client.h" COPYONLY)
+foreach(header IN ITEMS client date date_text failure)
+  configure_file("${PROJECT_SOURCE_DIR}/component/client/${header}.h" "${ZEF_INCLUDE}/ZEFComponents/${header}.h" COPYONLY)
+endforeach()
 
 add_library(ZEFComponents SHARED "${component_exports}" "${ZEF_RESOURCES}")
 set_source_files_properties("${ZEF_RESOURCES}" PROPERTIES OBJECT_DEPENDS "${ZEF_IDL}")

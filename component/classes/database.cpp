@@ -1,6 +1,7 @@
 #include "component/binding.h"
 #include "component/enumerator.h"
 #include "component/table.h"
+#include "platform/backup.h"
 #include "platform/engine.h"
 #include "platform/recordset.h"
 
@@ -88,6 +89,9 @@ Long RecordsetState(const Recordset& recordset) { return recordset.IsOpen() ? 1 
 Long NumberOf(const Error& error) { return error.Number; }
 const Text& DescriptionOf(const Error& error) { return error.Description; }
 void MakeDatabase(const Connection&, const Text& connection_string) { CreateDatabase(connection_string); }
+void CopyDatabase(const Connection&, const Text& connection_string, const Text& file) {
+  BackUpDatabase(connection_string, file, [](std::int64_t, std::int64_t) {});
+}
 
 using OfConnection = Members<Connection>;
 constexpr Member kConnection[] = {
@@ -103,6 +107,7 @@ constexpr Member kConnection[] = {
                                                                                            "Options"),
     SideMember<Errors>("Errors"),
     OfConnection::Function<&MakeDatabase, void(Text)>("CreateDatabase", "ConnectionString"),
+    OfConnection::Function<&CopyDatabase, void(Text, Text)>("BackUpDatabase", "ConnectionString", "FileName"),
 };
 
 using OfErrors = Members<Errors>;

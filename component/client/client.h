@@ -11,7 +11,6 @@
 #include <fstream>
 #include <iterator>
 #include <new>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -21,27 +20,12 @@
 #include <vector>
 
 #include "automation.h"
+#include "date.h"
+#include "date_text.h"
+#include "failure.h"
 
 namespace zef {
 inline namespace automation {
-
-/// A call that failed: the number and the sentence that the library raised, or the result of a call that it refused.
-class Failure : public std::runtime_error {
- public:
-  Failure(std::int32_t number, const std::string& sentence) : std::runtime_error(sentence), number_(number) {}
-  /// A number of the run time such as 91, the provider's own, which is negative, or a result such as
-  /// DISP_E_TYPEMISMATCH.
-  std::int32_t number() const noexcept { return number_; }
-
- private:
-  std::int32_t number_;
-};
-
-/// A date as the number of days since 30 December 1899, the time of day as its fraction; 0 is no date.
-struct Date {
-  double value = 0;
-  friend bool operator==(Date, Date) = default;
-};
 
 struct Null {
   friend bool operator==(Null, Null) = default;

@@ -63,7 +63,7 @@ TEST_F(ZefUpgradeTest, LetsTheOtherCommandsWork) {
 
 TEST_F(ZefUpgradeTest, ShowsItsProgressOnATerminalOnly) {
   EXPECT_THAT(ShownOnTerminal(folder(), {"upgrade", "old.db"}),
-              AllOf(HasSubstr("Copying the database: 100 %"), HasSubstr("Upgrading to 9.2.1")));
+              AllOf(HasSubstr("Copying the database"), HasSubstr("Upgrading to 9.2.1")));
 }
 
 // ---- the copy

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "ZEFComponents/date.h"
+
+namespace zef::client {
+
+using automation::Date;
+
+}  // namespace zef::client

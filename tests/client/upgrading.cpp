@@ -1,0 +1,11 @@
+#include "tests/client/upgrading.h"
+
+#include "client/store.h"
+
+namespace zef::test {
+
+void UpgradeTelling(const std::string& path, const std::function<void(const std::string&)>& tell) {
+  client::Store(path, "").Upgrade(tell);
+}
+
+}  // namespace zef::test
