@@ -1,0 +1,17 @@
+# Tests of the ways into the built library from outside. They load it as any client does and link nothing of it.
+
+set(client_environment
+  "ZEF_LIBRARY=$<TARGET_FILE:ZEFComponents>" "ZEF_PROGRAM=${PROJECT_BINARY_DIR}/zef"
+  "PYTHONPATH=${PROJECT_SOURCE_DIR}/python" PYTHONDONTWRITEBYTECODE=1)
+
+# Sanitizers want to be loaded before Python, which is not built with them.
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+  file(GLOB python_tests CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/python/test_*.py")
+  foreach(python_test IN LISTS python_tests)
+    cmake_path(GET python_test STEM name)
+    add_test(NAME python.${name} COMMAND Python3::Interpreter -m unittest ${name}
+      WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}/tests/python")
+    set_tests_properties(python.${name} PROPERTIES ENVIRONMENT "${client_environment}" TIMEOUT 300)
+  endforeach()
+endif()
