@@ -15,3 +15,13 @@ if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
     set_tests_properties(python.${name} PROPERTIES ENVIRONMENT "${client_environment}" TIMEOUT 300)
   endforeach()
 endif()
+
+# Programs in C++ over the typed header.
+file(GLOB header_tests CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/clients/*.cpp")
+add_executable(zef_test_clients ${header_tests})
+target_include_directories(zef_test_clients PRIVATE "${PROJECT_SOURCE_DIR}")
+target_link_libraries(zef_test_clients PRIVATE zefheader GTest::gmock_main zef_warnings)
+add_dependencies(zef_test_clients ZEFComponents zef)
+set_target_properties(zef_test_clients PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
+gtest_discover_tests(zef_test_clients
+  TEST_PREFIX "clients." DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300 ENVIRONMENT "${client_environment}")

@@ -23,8 +23,11 @@ add_custom_command(
   COMMAND zef_describe "${ZEF_IDL}" "${ZEF_RESOURCES}" "${ZEF_HEADER}"
   DEPENDS zef_describe
   COMMENT "Describing the classes" VERBATIM)
-configure_file("${PROJECT_SOURCE_DIR}/component/automation.h" "${ZEF_INCLUDE}/ZEFComponents/automation.h" COPYONLY)
-configure_file("${PROJECT_SOURCE_DIR}/component/client/client.h" "${ZEF_INCLUDE}/ZEFComponents/client.h" COPYONLY)
+file(GLOB client_headers CONFIGURE_DEPENDS
+  "${PROJECT_SOURCE_DIR}/component/automation.h" "${PROJECT_SOURCE_DIR}/component/client/*.h")
+foreach(header IN LISTS client_headers)
+  configure_file("${header}" "${ZEF_INCLUDE}/ZEFComponents/" COPYONLY)
+endforeach()
 
 add_library(ZEFComponents SHARED "${component_exports}" "${ZEF_RESOURCES}")
 set_source_files_properties("${ZEF_RESOURCES}" PROPERTIES OBJECT_DEPENDS "${ZEF_IDL}")
