@@ -158,6 +158,11 @@ struct SAFEARRAY {
   SAFEARRAYBOUND rgsabound[1];
 };
 
+struct RECORD {
+  void* pvRecord;
+  void* pRecInfo;
+};
+
 struct VARIANT {
   VARTYPE vt;
   WORD wReserved1;
@@ -200,10 +205,7 @@ struct VARIANT {
     SAFEARRAY** pparray;
     VARIANT* pvarVal;
     void* byref;
-    struct {
-      void* pvRecord;
-      void* pRecInfo;
-    } record;
+    RECORD record;
   };
 };
 using VARIANTARG = VARIANT;

@@ -29,9 +29,17 @@ struct OwnedVariant : VARIANT {
 };
 
 /// `Put` fills an empty variant, which then owns what has to be freed; `Take` reads one of the type, and moves an
-/// object out of it.
-template <class T>
-struct Carried;
+/// object out of it. What is not specialised is a typed class. No constraint says so, for those classes mention one
+/// another before they are complete.
+template <class C>
+struct Carried {
+  static constexpr VARTYPE kKind = VT_DISPATCH;
+  static void Put(VARIANT& variant, const C& value) {
+    variant.pdispVal = value.get();
+    if (variant.pdispVal != nullptr) variant.pdispVal->AddRef();
+  }
+  static C Take(VARIANT& variant) { return C(std::exchange(variant.pdispVal, nullptr)); }
+};
 
 template <>
 struct Carried<std::int32_t> {
@@ -125,22 +133,6 @@ struct Carried<Value> {
   static void PutHeld(VARIANT& variant, const T& held) {
     Carried<T>::Put(variant, held);
   }
-};
-
-/// A typed class: a reference to an object.
-template <class C>
-concept ObjectClass = requires {
-  C::kProgrammaticName;
-};
-
-template <ObjectClass C>
-struct Carried<C> {
-  static constexpr VARTYPE kKind = VT_DISPATCH;
-  static void Put(VARIANT& variant, const C& value) {
-    variant.pdispVal = value.get();
-    if (variant.pdispVal != nullptr) variant.pdispVal->AddRef();
-  }
-  static C Take(VARIANT& variant) { return C(std::exchange(variant.pdispVal, nullptr)); }
 };
 
 /// Puts a value into an empty variant with its kind, which comes last: a failure leaves the variant empty.

@@ -40,7 +40,7 @@ class Library {
     if (FAILED(outcome)) Raise(outcome);
     return static_cast<IDispatch*>(made);
   }
-  template <ObjectClass C>
+  template <class C>
   C Create() const {
     return C(Create(C::kClassIdentifier));
   }
@@ -83,7 +83,7 @@ inline Library LoadRegistered(std::string_view name) {
 
 /// A new object of a registered class, as in `CreateObject<CSession>()`. The registry is read at the first object of
 /// each class. Raises 429 if the class is not registered, 53 if its library is gone or cannot be loaded.
-template <ObjectClass C>
+template <class C>
 C CreateObject() {
   static const Library library = LoadRegistered(C::kProgrammaticName);
   return library.Create<C>();

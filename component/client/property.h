@@ -5,6 +5,7 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "ZEFComponents/automation.h"
 #include "ZEFComponents/call.h"
@@ -30,23 +31,26 @@ struct ReadOnlyProperty {
   T get() const { return Call<T>(object, Id, DISPATCH_PROPERTYGET); }
   operator T() const { return get(); }
   /// False for Nothing.
-  explicit operator bool() const requires ObjectClass<T> { return static_cast<bool>(get()); }
+  template <class C = T>
+  requires requires(const C& value) { value.get(); }
+  explicit operator bool() const { return get().get() != nullptr; }
   /// To the members of an object that the property is.
-  T operator->() const requires ObjectClass<T> { return get(); }
+  T operator->() const { return get(); }
 
   friend bool operator==(const ReadOnlyProperty& property, const T& value) { return property.get() == value; }
   template <DISPID Other>
   friend bool operator==(const ReadOnlyProperty& property, const ReadOnlyProperty<T, Other>& other) {
     return property.get() == other.get();
   }
-  friend auto operator<=>(const ReadOnlyProperty& property, const T& value) requires std::three_way_comparable<T> {
+  /// Numbers compare by themselves.
+  template <std::three_way_comparable V = T>
+  requires std::is_class_v<V>
+  friend auto operator<=>(const ReadOnlyProperty& property, const std::type_identity_t<V>& value) {
     return property.get() <=> value;
   }
-  friend std::ostream& operator<<(std::ostream& out, const ReadOnlyProperty& property) requires
-      requires(const T& value) {
-    out << value;
-  }
-  { return out << property.get(); }
+  template <class V = T>
+  requires requires(std::ostream& out, const V& value) { out << value; }
+  friend std::ostream& operator<<(std::ostream& out, const ReadOnlyProperty& property) { return out << property.get(); }
 };
 
 /// A text as an argument: of any type of text, or a property. Lives as long as what it is made of.
