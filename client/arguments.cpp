@@ -27,6 +27,10 @@ CLI::Validator OneOf(const std::vector<std::string>& known) {
   return CLI::Validator(check, "");
 }
 
+void RegistryOptions(CLI::App& app, Arguments& arguments) {
+  AddText(app, "--library", arguments.library, "Its file; without it the one beside the program or in ../lib", "FILE");
+}
+
 void CreateOptions(CLI::App& app, Arguments& arguments) {
   AddFile(app, arguments);
   AddText(app, "--schema", arguments.schema, "Version of the tables: 9.2.4, or 9.1 for trying out upgrades", "VERSION")
@@ -106,6 +110,9 @@ struct CommandEntry {
 
 constexpr CommandEntry kCommands[] = {
     {Command::Create, "create", "Make a new database; what exists is never overwritten", &CreateOptions},
+    {Command::Register, "register", "Enter the library's classes, so that programs can create them by name",
+     &RegistryOptions},
+    {Command::Unregister, "unregister", "Remove what register has entered", &RegistryOptions},
     {Command::Info, "info", "Tell what a database is and how much it holds", &AddFile},
     {Command::Folders, "folders", "Show the tree of folders", &AddFile},
     {Command::Tasks, "tasks", "List tasks", &TasksOptions},

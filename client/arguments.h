@@ -16,6 +16,8 @@ namespace zef::client {
 
 enum class Command {
   Create,
+  Register,
+  Unregister,
   Info,
   Folders,
   AddFolder,
@@ -43,6 +45,7 @@ struct Arguments {
   std::string file;
   std::string password;
   std::string schema = kCurrentSchema;
+  std::string library;  ///< its file; empty for the one that belongs to the program
 
   std::string name;  ///< of a new folder or task, the text of a new event
   std::optional<std::string> folder;

@@ -12,6 +12,7 @@
 #include "client/occurrences.h"
 #include "client/printable.h"
 #include "client/record_commands.h"
+#include "client/registry_commands.h"
 #include "client/table.h"
 #include "client/views.h"
 
@@ -92,12 +93,16 @@ struct Entry {
 };
 
 constexpr Entry kEntries[] = {
-    {Command::Create, &Create},         {Command::Info, &Info},           {Command::Folders, &ShowFolders},
-    {Command::AddFolder, &AddFolder},   {Command::AddTask, &AddTask},     {Command::AddEvent, &AddEvent},
-    {Command::Tasks, &ShowTasks},       {Command::Agenda, &ShowAgenda},   {Command::Seen, &TellSeen},
-    {Command::List, &ListRecords},      {Command::AddRecord, &AddRecord}, {Command::Show, &ShowRecord},
-    {Command::Set, &SetRecord},         {Command::Delete, &DeleteRecord}, {Command::Done, &FinishTask},
-    {Command::CopyFolder, &CopyFolder}, {Command::Find, &FindContact},    {Command::SaveAttachment, &SaveAttachment},
+    {Command::Create, &Create},       {Command::Info, &Info},
+    {Command::Folders, &ShowFolders}, {Command::AddFolder, &AddFolder},
+    {Command::AddTask, &AddTask},     {Command::AddEvent, &AddEvent},
+    {Command::Tasks, &ShowTasks},     {Command::Agenda, &ShowAgenda},
+    {Command::Seen, &TellSeen},       {Command::List, &ListRecords},
+    {Command::AddRecord, &AddRecord}, {Command::Show, &ShowRecord},
+    {Command::Set, &SetRecord},       {Command::Delete, &DeleteRecord},
+    {Command::Done, &FinishTask},     {Command::CopyFolder, &CopyFolder},
+    {Command::Find, &FindContact},    {Command::SaveAttachment, &SaveAttachment},
+    {Command::Register, &Register},   {Command::Unregister, &Unregister},
 };
 
 }  // namespace

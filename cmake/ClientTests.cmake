@@ -25,3 +25,9 @@ add_dependencies(zef_test_clients ZEFComponents zef)
 set_target_properties(zef_test_clients PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
 gtest_discover_tests(zef_test_clients
   TEST_PREFIX "clients." DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300 ENVIRONMENT "${client_environment}")
+
+if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+  add_test(NAME clients.installed COMMAND "${PROJECT_SOURCE_DIR}/tests/clients/install_test.sh"
+    "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}" "${CMAKE_COMMAND}" "${CMAKE_CXX_COMPILER}")
+  set_tests_properties(clients.installed PROPERTIES TIMEOUT 300)
+endif()
