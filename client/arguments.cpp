@@ -110,9 +110,6 @@ struct CommandEntry {
 
 constexpr CommandEntry kCommands[] = {
     {Command::Create, "create", "Make a new database; what exists is never overwritten", &CreateOptions},
-    {Command::Register, "register", "Enter the library's classes, so that programs can create them by name",
-     &RegistryOptions},
-    {Command::Unregister, "unregister", "Remove what register has entered", &RegistryOptions},
     {Command::Info, "info", "Tell what a database is and how much it holds", &AddFile},
     {Command::Folders, "folders", "Show the tree of folders", &AddFile},
     {Command::Tasks, "tasks", "List tasks", &TasksOptions},
@@ -124,6 +121,13 @@ constexpr CommandEntry kAddCommands[] = {
     {Command::AddFolder, "folder", "Add a folder", &AddFolderOptions},
     {Command::AddTask, "task", "Add a task", &AddTaskOptions},
     {Command::AddEvent, "event", "Add an event to the calendar", &AddEventOptions},
+};
+
+/// About the library itself, and shown last.
+constexpr CommandEntry kLibraryCommands[] = {
+    {Command::Register, "register", "Enter the library's classes, so that programs can create them by name",
+     &RegistryOptions},
+    {Command::Unregister, "unregister", "Remove what register has entered", &RegistryOptions},
 };
 
 void AddCommand(CLI::App& parent, const CommandEntry& entry, Arguments& arguments) {
@@ -181,6 +185,7 @@ std::variant<Arguments, std::string> ReadArguments(std::vector<std::string> word
   add->require_subcommand(1);
   for (const CommandEntry& entry : kAddCommands) AddCommand(*add, entry, arguments);
   AddRecordCommands(app, *add, arguments);
+  for (const CommandEntry& entry : kLibraryCommands) AddCommand(app, entry, arguments);
 
   std::reverse(words.begin(), words.end());
   try {
