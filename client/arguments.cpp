@@ -34,6 +34,8 @@ CLI::Validator OneOf(const std::vector<std::string>& known) {
   return CLI::Validator(check, "");
 }
 
+void NoOptions(CLI::App&, Arguments&) {}
+
 void CreateOptions(CLI::App& app, Arguments& arguments) {
   AddFile(app, arguments);
   AddText(app, "--schema", arguments.schema, "Version of the tables: 9.2.4, or 9.1 for trying out upgrades", "VERSION")
@@ -148,6 +150,13 @@ constexpr CommandEntry kAddCommands[] = {
     {Command::AddEvent, "event", "Add an event to the calendar", &AddEventOptions},
 };
 
+/// About the library itself, and shown last.
+constexpr CommandEntry kLibraryCommands[] = {
+    {Command::Register, "register", "Enter the library's classes, so that programs can create them by name",
+     &NoOptions},
+    {Command::Unregister, "unregister", "Remove what register has entered", &NoOptions},
+};
+
 void AddCommand(CLI::App& parent, const CommandEntry& entry, Arguments& arguments) {
   CLI::App* const app = parent.add_subcommand(entry.name, entry.help);
   app->footer(kGlobalHelp);
@@ -167,6 +176,8 @@ void AddGlobalOptions(CLI::App& app, Arguments& arguments) {
          },
          "Password of the database")
       ->type_name("PASSWORD");
+  AddText(app, "--library", arguments.library, "The library; without it the one beside zef, in ../lib, or registered",
+          "FILE");
   app.add_flag("--no-colour,--no-color", arguments.no_colour, "Print without colour, on a terminal too");
   app.set_version_flag("--version", fmt::format("zef {}", kVersion));
 }
@@ -203,6 +214,7 @@ std::variant<Arguments, std::string> ReadArguments(std::vector<std::string> word
   add->require_subcommand(1);
   for (const CommandEntry& entry : kAddCommands) AddCommand(*add, entry, arguments);
   AddRecordCommands(app, *add, arguments);
+  for (const CommandEntry& entry : kLibraryCommands) AddCommand(app, entry, arguments);
 
   std::reverse(words.begin(), words.end());
   try {

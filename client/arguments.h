@@ -16,6 +16,8 @@ namespace zef::client {
 
 enum class Command {
   Create,
+  Register,
+  Unregister,
   Info,
   Folders,
   AddFolder,
@@ -47,6 +49,7 @@ struct Arguments {
   std::string file;
   std::string password;
   std::string schema = kCurrentSchema;
+  std::string library;  ///< its file; empty for the one that the program finds
 
   std::string name;  ///< of a new folder or task, or of a user; the text of a new event
   std::optional<std::string> folder;

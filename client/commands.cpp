@@ -15,6 +15,7 @@
 #include "client/progress.h"
 #include "client/record_commands.h"
 #include "client/record_views.h"
+#include "client/registry_commands.h"
 #include "client/table.h"
 #include "client/upgrade_view.h"
 #include "client/views.h"
@@ -123,6 +124,7 @@ constexpr Entry kEntries[] = {
     {Command::CopyFolder, &CopyFolder}, {Command::Find, &FindContact},    {Command::SaveAttachment, &SaveAttachment},
     {Command::Export, &ExportRecord},   {Command::Lists, &ShowLists},     {Command::LogIn, &LogIn},
     {Command::Upgrade, &Upgrade},
+    {Command::Register, &Register},     {Command::Unregister, &Unregister},
 };
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "client/arguments.h"
 #include "client/commands.h"
 #include "client/failure.h"
+#include "client/library.h"
 #include "client/printable.h"
 #include "client/style.h"
 
@@ -21,6 +22,7 @@ std::string Answer(std::vector<std::string> words) {
   const auto read = ReadArguments(std::move(words));
   if (const auto* const text = std::get_if<std::string>(&read)) return *text;
   const auto& arguments = std::get<Arguments>(read);
+  if (!arguments.library.empty()) UseLibrary(arguments.library);
   Screen screen = TerminalScreen();
   if (arguments.no_colour) screen.colour = false;
   return Run(arguments, screen);

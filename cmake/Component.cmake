@@ -23,9 +23,10 @@ add_custom_command(
   COMMAND zef_describe "${ZEF_IDL}" "${ZEF_RESOURCES}" "${ZEF_HEADER}"
   DEPENDS zef_describe
   COMMENT "Describing the classes" VERBATIM)
-configure_file("${PROJECT_SOURCE_DIR}/component/automation.h" "${ZEF_INCLUDE}/ZEFComponents/automation.h" COPYONLY)
-foreach(header IN ITEMS client date date_text failure)
-  configure_file("${PROJECT_SOURCE_DIR}/component/client/${header}.h" "${ZEF_INCLUDE}/ZEFComponents/${header}.h" COPYONLY)
+file(GLOB client_headers CONFIGURE_DEPENDS
+  "${PROJECT_SOURCE_DIR}/component/automation.h" "${PROJECT_SOURCE_DIR}/component/client/*.h")
+foreach(header IN LISTS client_headers)
+  configure_file("${header}" "${ZEF_INCLUDE}/ZEFComponents/" COPYONLY)
 endforeach()
 
 add_library(ZEFComponents SHARED "${component_exports}" "${ZEF_RESOURCES}")

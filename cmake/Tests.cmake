@@ -14,7 +14,7 @@ if(support_sources)
 endif()
 
 file(GLOB folders LIST_DIRECTORIES TRUE RELATIVE "${PROJECT_SOURCE_DIR}/tests" CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/*")
-list(REMOVE_ITEM folders support)
+list(REMOVE_ITEM folders support clients)  # tests of clients link nothing of the library: see ClientTests.cmake
 foreach(folder IN LISTS folders)
   file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp" "${PROJECT_SOURCE_DIR}/tests/${folder}/*.c")
   if(NOT test_sources)

@@ -46,6 +46,17 @@ std::string GuidText(REFGUID identifier) {
                      identifier.Data3, fmt::join(identifier.Data4, ", "));
 }
 
+/// The type of a parameter whose argument stays as it is.
+std::string GivenTypeName(const Type& type) {
+  switch (type.kind) {
+    case VT_BSTR: return fmt::format("const {}&", FullName("Text"));
+    case VT_I4:
+    case VT_BOOL:
+    case VT_DATE: return TypeName(type);
+    default: return fmt::format("const {}&", TypeName(type));
+  }
+}
+
 /// The parameter in a body has a name that no member of the class bears.
 std::string ParameterText(const Argument& argument, bool declares) {
   const std::string type = TypeName(argument.type);
@@ -55,7 +66,7 @@ std::string ParameterText(const Argument& argument, bool declares) {
   if (argument.optional && declares) {
     value = argument.type.kind == VT_I4 ? fmt::format(" = {}", argument.default_number) : " = {}";
   }
-  return fmt::format("const {}& {}{}", type, name, value);
+  return fmt::format("{} {}{}", GivenTypeName(argument.type), name, value);
 }
 
 std::string ParametersText(const Member& member, bool declares) {

@@ -1,0 +1,33 @@
+#include "client/registry_commands.h"
+
+#include <fmt/format.h>
+
+#include "client/json.h"
+#include "client/printable.h"
+#include "client/registry.h"
+#include "client/views.h"
+
+namespace zef::client {
+namespace {
+
+std::string Told(const Arguments& arguments, const RegistryChange& change, std::string_view done) {
+  if (arguments.json) {
+    Json::Array classes(change.classes.begin(), change.classes.end());
+    return JsonLine({{"library", change.library}, {"folder", change.folder}, {"classes", std::move(classes)}});
+  }
+  if (change.classes.empty()) return fmt::format("There was no entry in {}.\n", Printable(change.folder));
+  return fmt::format("{} {} classes of {}.\nThe entries {} in {}.\n", done, change.classes.size(),
+                     Printable(change.library), done == "Registered" ? "are" : "were", Printable(change.folder));
+}
+
+}  // namespace
+
+std::string Register(const Arguments& arguments, const Screen& /*screen*/) {
+  return Told(arguments, EnterClasses(), "Registered");
+}
+
+std::string Unregister(const Arguments& arguments, const Screen& /*screen*/) {
+  return Told(arguments, RemoveClasses(), "Unregistered");
+}
+
+}  // namespace zef::client

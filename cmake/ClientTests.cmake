@@ -1,0 +1,33 @@
+# Tests of the ways into the built library from outside. They load it as any client does and link nothing of it.
+
+set(client_environment
+  "ZEF_LIBRARY=$<TARGET_FILE:ZEFComponents>" "ZEF_PROGRAM=${PROJECT_BINARY_DIR}/zef"
+  "PYTHONPATH=${PROJECT_SOURCE_DIR}/python" PYTHONDONTWRITEBYTECODE=1)
+
+# Sanitizers want to be loaded before Python, which is not built with them.
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+  file(GLOB python_tests CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/python/test_*.py")
+  foreach(python_test IN LISTS python_tests)
+    cmake_path(GET python_test STEM name)
+    add_test(NAME python.${name} COMMAND Python3::Interpreter -m unittest ${name}
+      WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}/tests/python")
+    set_tests_properties(python.${name} PROPERTIES ENVIRONMENT "${client_environment}" TIMEOUT 300)
+  endforeach()
+endif()
+
+# Programs in C++ over the typed header.
+file(GLOB header_tests CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/clients/*.cpp")
+add_executable(zef_test_clients ${header_tests})
+target_include_directories(zef_test_clients PRIVATE "${PROJECT_SOURCE_DIR}")
+target_link_libraries(zef_test_clients PRIVATE zefheader GTest::gmock_main zef_warnings)
+add_dependencies(zef_test_clients ZEFComponents zef)
+set_target_properties(zef_test_clients PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
+gtest_discover_tests(zef_test_clients
+  TEST_PREFIX "clients." DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300 ENVIRONMENT "${client_environment}")
+
+if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+  add_test(NAME clients.installed COMMAND "${PROJECT_SOURCE_DIR}/tests/clients/install_test.sh"
+    "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}" "${CMAKE_COMMAND}" "${CMAKE_CXX_COMPILER}")
+  set_tests_properties(clients.installed PROPERTIES TIMEOUT 300)
+endif()

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+#include "ZEFComponents/automation.h"
+#include "ZEFComponents/carried.h"
+#include "ZEFComponents/failure.h"
+
+/// Calls of members.
+namespace zef {
+inline namespace automation {
+
+/// An argument by value; freed behind the call.
+template <class T>
+class In {
+ public:
+  template <class Given>
+  explicit In(const Given& value) {
+    Fill<T>(variant_, value);
+  }
+  void Place(VARIANT& argument) const { argument = variant_; }
+  void GiveBack() {}
+
+ private:
+  OwnedVariant variant_;
+};
+
+/// An argument that the member may change; what it has written stays written, even if it fails.
+template <class T>
+class InOut {
+ public:
+  explicit InOut(T& variable) : variable_(variable) { Fill<T>(variant_, variable); }
+  void Place(VARIANT& argument) {
+    constexpr bool kWhole = std::is_same_v<T, Value>;
+    VariantInit(&argument);
+    argument.vt = static_cast<VARTYPE>(VT_BYREF | Carried<T>::kKind);
+    argument.byref = kWhole ? static_cast<void*>(static_cast<VARIANT*>(&variant_)) : &variant_.llVal;
+  }
+  void GiveBack() { variable_ = Carried<T>::Take(variant_); }
+
+ private:
+  T& variable_;
+  OwnedVariant variant_;
+};
+
+/// One call of a member, arguments from last to first. Raises 91 for Nothing.
+inline HRESULT InvokeMember(IDispatch* object, DISPID member, WORD flags, VARIANT* arguments, UINT count,
+                            VARIANT* result, EXCEPINFO& told) {
+  if (object == nullptr) throw Failure(kObjectNotSet, "Object variable or With block variable not set");
+  DISPID assigned = DISPID_PROPERTYPUT;
+  const bool puts = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+  DISPPARAMS parameters{arguments, puts ? &assigned : nullptr, count, puts ? 1u : 0u};
+  return object->Invoke(member, IID_NULL, 0, flags, &parameters, result, &told, nullptr);
+}
+
+/// Calls a member with `In` and `InOut` arguments and takes its result.
+template <class Result, class... Arguments>
+Result Call(IDispatch* object, DISPID member, WORD flags, Arguments&&... arguments) {
+  OwnedVariant result;
+  OwnedExcepinfo told;
+  constexpr std::size_t kCount = sizeof...(Arguments);
+  VARIANT placed[kCount + 1];
+  [[maybe_unused]] std::size_t at = kCount;
+  (arguments.Place(placed[--at]), ...);
+  const HRESULT outcome =
+      InvokeMember(object, member, flags, placed, kCount, std::is_void_v<Result> ? nullptr : &result, told);
+  (arguments.GiveBack(), ...);
+  if (FAILED(outcome)) Raise(outcome, told);
+  if constexpr (!std::is_void_v<Result>) return Carried<Result>::Take(result);
+}
+
+}  // namespace automation
+}  // namespace zef

@@ -1,0 +1,39 @@
+"""The registry of components: a file for each class in the user's folder "components"."""
+
+import os
+import re
+
+from .failure import CANNOT_CREATE, OBJECT_FILE_MISSING, Failure
+
+_KEY = "InprocServer32="
+
+
+def _entry_path(name):
+    data = os.environ.get("XDG_DATA_HOME", "")
+    if not data.startswith("/"):
+        data = os.path.join(os.environ.get("HOME", ""), ".local/share")
+    return os.path.join(data, "components", name)
+
+
+def RegisteredLibrary(name):
+    """The path of the library that a class is registered for, as in "ZEFComponents.CSession".
+
+    Raises Failure 429 if the class is not registered, 53 if the library is not where it was registered.
+    """
+    path = _entry_path(name)
+    library = _library_in(path) if re.fullmatch(r"\w+\.\w+", name) else None
+    if library is None:
+        raise Failure(CANNOT_CREATE, f"{name} is not registered; register its library first, as in \"zef register\".")
+    if not os.path.exists(library):
+        raise Failure(OBJECT_FILE_MISSING, f"The entry {path} names the library {library}, which is not there. "
+                                           "Register it from its new place.")
+    return library
+
+
+def _library_in(path):
+    try:
+        with open(path, encoding="utf-8", errors="surrogateescape") as entry:
+            lines = entry.read().splitlines()
+    except OSError:
+        return None
+    return next((line[len(_KEY):] for line in lines if line.startswith(_KEY)), None)

@@ -1,0 +1,105 @@
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <fstream>
+
+#include "tests/client/run_zef.h"
+
+namespace zef::test {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::AllOf;
+using testing::HasSubstr;
+
+/// The user's folder of components lies in a folder of the test.
+class ZefRegisterTest : public testing::Test {
+ protected:
+  ZefRegisterTest() { setenv("XDG_DATA_HOME", folder_.path().c_str(), 1); }
+  ~ZefRegisterTest() override { unsetenv("XDG_DATA_HOME"); }
+
+  Ended Zef(const std::vector<std::string>& arguments) const { return RunZef(folder_.path(), arguments); }
+  fs::path Components() const { return folder_.path() / "components"; }
+  std::size_t Count() const {
+    return fs::exists(Components())
+               ? static_cast<std::size_t>(std::distance(fs::directory_iterator(Components()), fs::directory_iterator()))
+               : 0;
+  }
+  static fs::path Library() { return fs::canonical(fs::path(ZEF_BINARY).parent_path() / "libZEFComponents.so"); }
+
+  TemporaryFolder folder_;
+};
+
+TEST_F(ZefRegisterTest, EntersTheLibraryBesideTheProgram) {
+  const Ended ended = Zef({"register"});
+  EXPECT_EQ(ended.out, "Registered 24 classes of " + Library().string() + ".\nThe entries are in " +
+                           Components().string() + ".\n");
+  EXPECT_EQ(ended.err, "");
+  EXPECT_EQ(Count(), 24u);
+}
+
+TEST_F(ZefRegisterTest, EntersTheLibraryThatIsNamed) {
+  fs::copy_file(Library(), folder_.path() / "lib copy.so");
+  EXPECT_THAT(Zef({"register", "--library", "lib copy.so"}).out,
+              HasSubstr("24 classes of " + (folder_.path() / "lib copy.so").string()));
+}
+
+TEST_F(ZefRegisterTest, TellsTheClassesAsJson) {
+  EXPECT_THAT(Zef({"register", "--json"}).out,
+              AllOf(HasSubstr("\"library\": \"" + Library().string() + "\""),
+                    HasSubstr("\"classes\": [\"ZEFComponents.CAlarm\", \"ZEFComponents.CAlarms\", ")));
+}
+
+TEST_F(ZefRegisterTest, UnregisterRemovesTheEntriesAndNothingElse) {
+  Zef({"register"});
+  std::ofstream(Components() / "Other.CThing") << "CLSID={}\n";
+  EXPECT_THAT(Zef({"unregister"}).out, HasSubstr("Unregistered 24 classes"));
+  EXPECT_EQ(Count(), 1u);
+}
+
+TEST_F(ZefRegisterTest, UnregisterTellsWhenThereIsNothing) {
+  const Ended ended = Zef({"unregister"});
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(ended.out, "There was no entry in " + Components().string() + ".\n");
+}
+
+TEST_F(ZefRegisterTest, MissingLibraryIsRefused) {
+  const Ended ended = Zef({"register", "--library", "none.so"});
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(ended.err, "zef: There is no library 'none.so'.\n");
+}
+
+TEST_F(ZefRegisterTest, FileThatIsNoLibraryIsRefused) {
+  std::ofstream(folder_.path() / "text.so") << "text";
+  const Ended ended = Zef({"register", "--library", "text.so"});
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_THAT(ended.err, AllOf(HasSubstr("The library cannot be loaded"), HasSubstr("text.so")));
+}
+
+TEST_F(ZefRegisterTest, ForeignLibraryIsRefused) {
+  const fs::path foreign = fs::exists("/lib64/ld-linux-x86-64.so.2") ? "/lib/x86_64-linux-gnu/libdl.so.2"
+                                                                     : "/lib/aarch64-linux-gnu/libdl.so.2";
+  const Ended ended = Zef({"register", "--library", foreign.string()});
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_THAT(ended.err, HasSubstr("is no library of components."));
+}
+
+TEST_F(ZefRegisterTest, FolderThatCannotBeWrittenIsTold) {
+  std::ofstream(folder_.path() / "components") << "a file in its place";
+  const Ended ended = Zef({"register"});
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(ended.err, "zef: The entries cannot be written to '" + Components().string() + "'.\n");
+}
+
+TEST_F(ZefRegisterTest, WithoutAnyFolderItIsRefused) {
+  setenv("XDG_DATA_HOME", "relative", 1);
+  const std::string home = std::getenv("HOME") == nullptr ? "" : std::getenv("HOME");
+  unsetenv("HOME");
+  const Ended ended = Zef({"register"});
+  setenv("HOME", home.c_str(), 1);
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(ended.err, "zef: HOME names no folder for the entries.\n");
+}
+
+}  // namespace
+}  // namespace zef::test

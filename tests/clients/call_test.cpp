@@ -1,0 +1,96 @@
+#include <gmock/gmock.h>
+
+#include "tests/clients/loaded.h"
+
+namespace zef::test {
+namespace {
+
+using CallTest = DatabaseTest;
+
+TEST_F(CallTest, VariableGetsWhatTheMemberLeavesInIt) {
+  std::int32_t first = 0;
+  std::int32_t last = 0;
+  EXPECT_EQ(session_.GetUniqueIDFromSeq(1, first), 1);
+  EXPECT_EQ(session_.GetUniqueIDFromSeq(1, last, 5), 1);
+  EXPECT_EQ(last, first + 5);
+}
+
+TEST_F(CallTest, TextVariableGetsWhatTheMemberLeavesInIt) {
+  std::string version = "before";
+  std::string kind;
+  EXPECT_TRUE(session_.GetDBInfo(version, kind));
+  EXPECT_EQ(version, "9.2.4");
+}
+
+TEST_F(CallTest, TableOfTextsComesRowByRow) {
+  CContact contact = session_.CreateContact();
+  contact.LastName = "O'Neil";
+  Rows rows;
+  std::int32_t count = 0;
+  ASSERT_TRUE(contact.GetFieldsArray(FN_SERIALIZE, rows, count));
+  EXPECT_THAT(rows, testing::Contains(testing::Contains("O'Neil")));
+}
+
+TEST_F(CallTest, ArgumentOfNothingIsNothing) {
+  CEvent event = session_.CreateEvent();
+  EXPECT_TRUE(event.Clone());
+}
+
+TEST_F(CallTest, OnNothingRaises91) {
+  const CSession nothing;
+  EXPECT_EQ(Raised([&] { nothing.GetFolder(1); }).number(), 91);
+}
+
+TEST_F(CallTest, FailureHasNumberDescriptionAndSource) {
+  const Failure failure = Raised([&] { RootFolders().ItemByIdx(99); });
+  EXPECT_EQ(failure.number(), 9);
+  EXPECT_STREQ(failure.what(), "Subscript out of range");
+  EXPECT_EQ(failure.source(), "ZEFComponents");
+}
+
+TEST_F(CallTest, FailureOfTheProviderKeepsItsNumber) {
+  EXPECT_EQ(Raised([&] { session_.conDBConnection->Execute("SELECT * FROM Nowhere"); }).number(), -2147217865);
+}
+
+TEST_F(CallTest, ObjectOfAnotherClassIsRefused) {
+  const CTags tags = Built().Create<CTags>();
+  tags.get()->AddRef();
+  const CFolders disguised(tags.get());
+  EXPECT_EQ(Raised([&] { session_.LoadRootFolders(disguised); }).number(), DISP_E_TYPEMISMATCH);
+}
+
+TEST_F(CallTest, RowOfFailuresLeavesNothingBehind) {
+  {
+    const CSession session = Built().Create<CSession>();
+    std::string text = "x";
+    for (int i = 0; i < 3; ++i) {
+      Raised([&] { session.Connect2Database("/nowhere/none.db", text, ""); });
+      Raised([&] { Built().Create<CFolders>().ItemByKey("none"); });
+    }
+  }
+  session_ = CSession();
+  EXPECT_TRUE(NothingLives());
+}
+
+TEST_F(CallTest, ColumnsComeInTheirTypes) {
+  EXPECT_EQ(Selected("SELECT FLD_ID FROM Folders WHERE FLD_ID=1"), Value(1));
+  EXPECT_EQ(Selected("SELECT FLD_Name FROM Folders WHERE FLD_ID=1"), Value("Calendar"));
+  EXPECT_EQ(Selected("SELECT Null FROM Folders WHERE FLD_ID=1"), Value(Null{}));
+}
+
+TEST_F(CallTest, BytesOfAColumnComeBack) {
+  Bytes content;
+  for (int i = 0; i < 1000; ++i) content.push_back(static_cast<std::byte>(i));
+  const Connection connection = session_.conDBConnection;
+  connection.Execute("CREATE TABLE T (T_Bytes LongBinary)");
+  const Recordset records = connection.Execute("SELECT * FROM T");
+  records.Close();
+  records.Open("SELECT * FROM T", connection, 1, 3);
+  records.AddNew();
+  records.Fields->Item("T_Bytes").Value = content;
+  records.Update();
+  EXPECT_EQ(Selected("SELECT T_Bytes FROM T"), Value(content));
+}
+
+}  // namespace
+}  // namespace zef::test

@@ -1,0 +1,58 @@
+#include <gmock/gmock.h>
+
+#include "tests/clients/loaded.h"
+
+namespace zef::test {
+namespace {
+
+using ElementsTest = DatabaseTest;
+
+static_assert(std::input_iterator<Elements<CFolder>>);
+static_assert(std::sentinel_for<std::default_sentinel_t, Elements<CFolder>>);
+
+TEST_F(ElementsTest, ComeInOrder) {
+  const CFolders folders = RootFolders();
+  std::int32_t place = 0;
+  for (auto folder : folders) EXPECT_EQ(folder, folders.ItemByIdx(++place));
+  EXPECT_EQ(place, folders.Count);
+}
+
+TEST_F(ElementsTest, OfAnEmptyCollectionAreNone) {
+  for (auto folder : Built().Create<CFolders>()) ADD_FAILURE() << folder.Name;
+}
+
+TEST_F(ElementsTest, CanBeChanged) {
+  const CFolders folders = RootFolders();
+  for (auto folder : folders) folder.Description = "seen";
+  EXPECT_EQ(folders.ItemByIdx(2).Description, "seen");
+}
+
+TEST_F(ElementsTest, WalkEndsWhenTheCollectionIsEmptied) {
+  const CFolders folders = RootFolders();
+  int seen = 0;
+  for (auto folder : folders) {
+    ++seen;
+    folders.Clear();
+  }
+  EXPECT_EQ(seen, 1);
+}
+
+TEST_F(ElementsTest, OfNothingRaise91) {
+  EXPECT_EQ(Raised([] {
+              for (auto folder : CFolders()) ADD_FAILURE() << folder.Name;
+            }).number(),
+            91);
+}
+
+TEST_F(ElementsTest, LeaveNothingBehindWhenTheLoopIsLeft) {
+  {
+    for (auto folder : RootFolders()) {
+      if (folder) break;
+    }
+  }
+  session_ = CSession();
+  EXPECT_TRUE(NothingLives());
+}
+
+}  // namespace
+}  // namespace zef::test

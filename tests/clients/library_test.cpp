@@ -1,0 +1,89 @@
+#include <dlfcn.h>
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <fstream>
+
+#include "tests/clients/loaded.h"
+
+namespace zef::test {
+namespace {
+
+using testing::HasSubstr;
+
+/// A registry of its own, with the built library in it.
+class RegistryTest : public FolderTest {
+ protected:
+  RegistryTest() {
+    setenv("XDG_DATA_HOME", folder_.c_str(), 1);
+    void* const handle = dlopen(BuiltPath().c_str(), RTLD_NOW);
+    EXPECT_EQ(reinterpret_cast<LibraryFunction*>(dlsym(handle, "DllRegisterServer"))(), S_OK);
+  }
+  ~RegistryTest() override { unsetenv("XDG_DATA_HOME"); }
+
+  void Name(const std::string& library) const {
+    std::ofstream(EntryPath("ZEFComponents.CNote")) << "InprocServer32=" << library << "\n";
+  }
+};
+
+TEST_F(RegistryTest, RegisteredClassIsCreated) { EXPECT_EQ(CreateObject<CTag>().ID, 0); }
+
+TEST_F(RegistryTest, ClassThatIsNotRegisteredRaises429) {
+  std::filesystem::remove(EntryPath("ZEFComponents.CNote"));
+  const Failure failure = Raised([] { CreateObject<CNote>(); });
+  EXPECT_EQ(failure.number(), 429);
+  EXPECT_THAT(failure.what(), HasSubstr("ZEFComponents.CNote is not registered"));
+}
+
+TEST_F(RegistryTest, StaleEntryRaises53WithBothPaths) {
+  Name("/gone/libZEFComponents.so");
+  const Failure failure = Raised([] { CreateObject<CNote>(); });
+  EXPECT_EQ(failure.number(), 53);
+  EXPECT_THAT(failure.what(), HasSubstr(EntryPath("ZEFComponents.CNote")));
+  EXPECT_THAT(failure.what(), HasSubstr("/gone/libZEFComponents.so"));
+}
+
+TEST_F(RegistryTest, FailedCreationCanBeTriedAgain) {
+  std::ifstream entry(EntryPath("ZEFComponents.CCategory"));
+  const std::string good((std::istreambuf_iterator<char>(entry)), {});
+  std::filesystem::remove(EntryPath("ZEFComponents.CCategory"));
+  Raised([] { CreateObject<CCategory>(); });
+  std::ofstream(EntryPath("ZEFComponents.CCategory")) << good;
+  EXPECT_TRUE(CreateObject<CCategory>());
+}
+
+TEST(LibraryTest, FileThatIsNoLibraryIsTold) {
+  EXPECT_EQ(Raised([] { Library("/etc/passwd"); }).number(), 53);
+}
+
+TEST(LibraryTest, LibraryOfAnotherKindIsTold) {
+  EXPECT_THAT(Raised([] { Library("libdl.so.2"); }).what(), HasSubstr("libdl.so.2 is no library of components"));
+}
+
+TEST(LibraryTest, ObjectsOfACopyAreOfAnotherLibrary) {
+  const std::filesystem::path copy = std::filesystem::temp_directory_path() / "libzef-clients-copy.so";
+  std::filesystem::copy_file(BuiltPath(), copy, std::filesystem::copy_options::overwrite_existing);
+  const Library other(copy.string());
+  std::filesystem::remove(copy);
+  const CSession session = Built().Create<CSession>();
+  EXPECT_EQ(Raised([&] { session.LoadRootFolders(other.Create<CFolders>()); }).number(), DISP_E_TYPEMISMATCH);
+}
+
+/// Writes the texts of the client and reads them again.
+TEST(TextTest, EveryCodePointComesBack) {
+  for (char32_t point = 0; point <= 0x10FFFF; point += point < 0x3000 ? 1 : 97) {
+    if (point >= 0xD800 && point < 0xE000) continue;
+    std::string text;
+    AppendUtf8(text, point);
+    ASSERT_EQ(ToUtf8(ToUtf16(text)), text) << static_cast<unsigned>(point);
+  }
+}
+
+TEST(TextTest, HalfOfAPairIsReplaced) {
+  for (const std::u16string& units : {std::u16string{0xD800}, std::u16string{0xDC00}, std::u16string{0xD800, 'a'}}) {
+    EXPECT_THAT(ToUtf8(units), testing::StartsWith("\uFFFD"));
+  }
+}
+
+}  // namespace
+}  // namespace zef::test

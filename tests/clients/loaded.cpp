@@ -1,0 +1,56 @@
+#include "tests/clients/loaded.h"
+
+#include <dlfcn.h>
+
+#include <cstdlib>
+
+namespace zef::test {
+namespace {
+
+std::string Setting(const char* name) {
+  const char* const value = std::getenv(name);
+  if (value == nullptr) throw std::runtime_error(std::string(name) + " is not set");
+  return value;
+}
+
+}  // namespace
+
+std::string BuiltPath() { return Setting("ZEF_LIBRARY"); }
+
+const Library& Built() {
+  static const Library library(BuiltPath());
+  return library;
+}
+
+bool NothingLives() {
+  void* const handle = dlopen(BuiltPath().c_str(), RTLD_NOW);
+  const bool nothing = reinterpret_cast<LibraryFunction*>(dlsym(handle, "DllCanUnloadNow"))() == S_OK;
+  dlclose(handle);
+  return nothing;
+}
+
+FolderTest::FolderTest() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "zef-clients-XXXXXX").string();
+  folder_ = mkdtemp(pattern.data());
+}
+FolderTest::~FolderTest() { std::filesystem::remove_all(folder_); }
+
+DatabaseTest::DatabaseTest() {
+  const std::string file = (folder_ / "people.db").string();
+  const std::string create = "'" + Setting("ZEF_PROGRAM") + "' create '" + file + "' >/dev/null";
+  if (std::system(create.c_str()) != 0) throw std::runtime_error("no database could be made");
+  session_.Connect2Database(file, "", "");
+}
+
+CFolders DatabaseTest::RootFolders() const {
+  auto folders = Built().Create<CFolders>();
+  EXPECT_TRUE(session_.LoadRootFolders(folders));
+  return folders;
+}
+
+Value DatabaseTest::Selected(const std::string& select) const {
+  const CSession session = session_;
+  return session.conDBConnection->Execute(select).Fields->Item(0).Value;
+}
+
+}  // namespace zef::test

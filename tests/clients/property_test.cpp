@@ -1,0 +1,126 @@
+#include <gmock/gmock.h>
+
+#include <sstream>
+#include <type_traits>
+
+#include "tests/clients/loaded.h"
+
+namespace zef::test {
+namespace {
+
+using PropertyTest = DatabaseTest;
+
+TEST_F(PropertyTest, TextOfAnyTypeIsAssigned) {
+  CContact contact = session_.CreateContact();
+  const std::string owned = "Ann";
+  for (const std::string& read :
+       {std::string((contact.FirstName = "Ann").get()), std::string((contact.FirstName = owned).get()),
+        std::string((contact.FirstName = std::string_view(owned)).get())}) {
+    EXPECT_EQ(read, "Ann");
+  }
+}
+
+TEST_F(PropertyTest, TextComesBackInAllOfUnicode) {
+  CContact contact = session_.CreateContact();
+  for (const std::string& text :
+       {std::string(), std::string("O'Brien"), std::string("J\u00fcrgen \u20ac \U0001F600"), std::string("a\0b", 3)}) {
+    contact.FirstName = text;
+    EXPECT_EQ(contact.FirstName.get(), text);
+  }
+}
+
+TEST_F(PropertyTest, MalformedTextIsReplacedAndNotLost) {
+  CContact contact = session_.CreateContact();
+  contact.FirstName = "a\xFF\xC3z";
+  EXPECT_EQ(contact.FirstName.get(), "a\uFFFD\uFFFDz");
+}
+
+TEST_F(PropertyTest, OnePropertyIsAssignedToAnother) {
+  CContact contact = session_.CreateContact();
+  contact.FirstName = "Lee";
+  contact.LastName = contact.FirstName;
+  CContact other = session_.CreateContact();
+  other.LastName = contact.LastName;
+  EXPECT_EQ(other.LastName, contact.FirstName);
+}
+
+TEST_F(PropertyTest, ComparesWithItsTypeFromBothSides) {
+  CContact contact = session_.CreateContact();
+  contact.FirstName = "Bob";
+  contact.FolderID = 7;
+  EXPECT_TRUE(contact.FirstName == "Bob" && "Bob" == contact.FirstName && contact.FirstName != "Ann");
+  EXPECT_TRUE(contact.FolderID == 7 && contact.FolderID < 8 && 6 < contact.FolderID);
+  EXPECT_TRUE(contact.FirstName > "Ann");
+}
+
+TEST_F(PropertyTest, IsWrittenToAStream) {
+  CContact contact = session_.CreateContact();
+  contact.FirstName = "Ann";
+  contact.FolderID = 7;
+  std::ostringstream out;
+  out << contact.FirstName << ' ' << contact.FolderID;
+  EXPECT_EQ(out.str(), "Ann 7");
+}
+
+TEST_F(PropertyTest, ServesAsAnArgument) {
+  CFolders folders = RootFolders();
+  const CFolder folder = folders.ItemByIdx(1);
+  CTag tag = Built().Create<CTag>();
+  tag.Text = "FLD_ID=" + std::to_string(folder.ID);
+  EXPECT_EQ(session_.GetFolder(folder.ID)->Name, folder.Name);
+  EXPECT_EQ(session_.GetFolderIDByCriteria(tag.Text), folder.ID);
+}
+
+TEST_F(PropertyTest, DateKeepsItsVeryBits) {
+  CContact contact = session_.CreateContact();
+  for (const double day : {0.0, -1.25, 45413.0 + 32401 / 86400.0, -657434.0, 2958465.5}) {
+    contact.BirthDate = Date{day};
+    EXPECT_EQ(contact.BirthDate.get(), Date{day});
+  }
+}
+
+TEST_F(PropertyTest, ObjectIsSetAndSetToNothing) {
+  CUser user = Built().Create<CUser>();
+  EXPECT_FALSE(user.Session);
+  user.Session = session_;
+  EXPECT_EQ(user.Session, session_);
+  user.Session = CSession();
+  EXPECT_FALSE(user.Session);
+}
+
+TEST_F(PropertyTest, MembersOfAnObjectAreReachedThroughIt) {
+  CTask task = session_.CreateTask();
+  task.Recurrence->RType = REC_WEEKLY;
+  EXPECT_EQ(task.Recurrence->RType, REC_WEEKLY);
+}
+
+TEST_F(PropertyTest, CannotOutliveItsObjectUnnoticed) {
+  EXPECT_FALSE(std::is_copy_constructible_v<decltype(CContact::FirstName)>);
+  EXPECT_FALSE(std::is_copy_constructible_v<decltype(CFolders::Count)>);
+}
+
+TEST_F(PropertyTest, OfNothingRaises91) {
+  CContact nothing;
+  EXPECT_EQ(Raised([&] { nothing.FirstName.get(); }).number(), 91);
+  EXPECT_EQ(Raised([&] { nothing.FirstName = "Ann"; }).number(), 91);
+}
+
+TEST(ReferenceTest, IsNoLargerThanAPointer) { EXPECT_EQ(sizeof(CSession), sizeof(void*)); }
+
+TEST(ReferenceTest, LastOneEndsTheObject) {
+  {
+    CTag tag = Built().Create<CTag>();
+    CTag copy = tag;
+    CTag moved = std::move(tag);
+    copy = moved;
+    CTag& same = copy;
+    copy = same;
+    EXPECT_EQ(copy, moved);
+    EXPECT_FALSE(tag);  // moved from
+    EXPECT_FALSE(NothingLives());
+  }
+  EXPECT_TRUE(NothingLives());
+}
+
+}  // namespace
+}  // namespace zef::test

@@ -1,0 +1,123 @@
+import ctypes
+import datetime
+import enum
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+import unittest.mock
+
+import zefcomponents
+from support import LIBRARY, ROOT, DatabaseTest, LibraryTest, raised
+from zefcomponents import Failure, typelibrary
+
+PUBLIC = """CSession CAlarm CAttachement CCategory CContact CEvent CFolder CNote CNotification CPhoneLog CRecurrence
+CTask CUser CTag CAlarms CCategories CContacts CEvents CFolders CNotes CPhoneLogs CTags CTasks CUsers""".split()
+
+
+class ClassesTest(LibraryTest):
+    def test_every_public_class_can_be_created(self):
+        for name in PUBLIC:
+            with self.subTest(name):
+                self.assertIsInstance(self.create(f"ZEFComponents.{name}"), getattr(self.library, name))
+
+    def test_class_that_is_only_reached_cannot_be_created(self):
+        self.assertEqual(raised(Failure, self.create, "Recordset").number, 429)
+
+    def test_unknown_class_cannot_be_created(self):
+        self.assertEqual(raised(Failure, self.create, "CNothing").number, 429)
+
+    def test_enumerations_are_those_of_the_library(self):
+        self.assertTrue(issubclass(self.library.FolderType, enum.IntEnum))
+        self.assertEqual(self.library.FolderType.FT_ALARMS, 6)
+        self.assertEqual(self.library.RecurrenceType.REC_WEEKLY, 2)
+
+    def test_every_line_of_the_type_library_is_understood(self):
+        text = typelibrary.read_text(LIBRARY)
+        lines = sum(line.lstrip().startswith("[id(") for line in text.splitlines())
+        understood = sum(1 + member.writable for described in typelibrary.classes(text) for member in described.members)
+        enumerators = sum(described.enumerable for described in typelibrary.classes(text))
+        self.assertEqual(understood + enumerators, lines)
+
+    def test_unknown_attribute_is_told(self):
+        raised(AttributeError, getattr, self.library, "CNothing")
+
+
+class LoadingTest(unittest.TestCase):
+    def test_same_file_gives_the_same_library(self):
+        self.assertIs(zefcomponents.Load(LIBRARY), zefcomponents.Load(os.path.realpath(LIBRARY)))
+
+    def test_missing_file_is_told_with_its_path(self):
+        failure = raised(Failure, zefcomponents.Load, "/nowhere/lib.so")
+        self.assertEqual(failure.number, 53)
+        self.assertIn("/nowhere/lib.so", failure.description)
+
+    def test_foreign_files_are_told(self):
+        with tempfile.TemporaryDirectory() as folder:
+            for content in (b"", b"text", b"\x7fELF\x02\x01" + bytes(58), pathlib.Path(LIBRARY).read_bytes()[:5000]):
+                file = pathlib.Path(folder, "foreign.so")
+                file.write_bytes(content)
+                failure = raised(Failure, zefcomponents.Load, file)
+                self.assertEqual(failure.number, 53)
+                self.assertIn("foreign.so", failure.description)
+
+
+class RegistrationTest(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+        environment = unittest.mock.patch.dict(os.environ, {"XDG_DATA_HOME": folder.name})
+        environment.start()
+        self.addCleanup(environment.stop)
+        # The library asks the process's environment, which Python's writes reach.
+        self.assertEqual(ctypes.CDLL(LIBRARY).DllRegisterServer(), 0)
+
+    def test_registered_class_is_created_by_name(self):
+        self.assertEqual(zefcomponents.CreateObject("ZEFComponents.CTag").ID, 0)
+
+    def test_registered_library_is_loaded_without_a_path(self):
+        self.assertEqual(zefcomponents.Load().path, os.path.realpath(LIBRARY))
+
+    def test_class_that_is_not_registered_is_told(self):
+        for name in ("ZEFComponents.CNothing", "", "../x.y", "CTag"):
+            self.assertEqual(raised(Failure, zefcomponents.CreateObject, name).number, 429)
+
+    def test_stale_entry_names_itself_and_the_library(self):
+        entry = self.folder / "components" / "ZEFComponents.CTag"
+        entry.write_text(entry.read_text().replace(os.path.realpath(LIBRARY), "/gone/libZEFComponents.so"))
+        failure = raised(Failure, zefcomponents.CreateObject, "ZEFComponents.CTag")
+        self.assertEqual(failure.number, 53)
+        self.assertIn(str(entry), failure.description)
+        self.assertIn("/gone/libZEFComponents.so", failure.description)
+
+    def test_second_copy_of_the_library_serves_its_own_objects(self):
+        copied = self.folder / "libcopy.so"
+        shutil.copy(LIBRARY, copied)
+        other = zefcomponents.Load(copied)
+        folders, session = other.CreateObject("CFolders"), zefcomponents.Load(LIBRARY).CreateObject("CSession")
+        raised(TypeError, session.LoadRootFolders, folders)
+
+
+class ExampleTest(DatabaseTest):
+    def run_example(self, *arguments):
+        environment = {**os.environ, "XDG_DATA_HOME": str(self.folder), "PYTHONPATH": str(ROOT / "python")}
+        with unittest.mock.patch.dict(os.environ, {"XDG_DATA_HOME": str(self.folder)}):
+            ctypes.CDLL(LIBRARY).DllRegisterServer()
+        return subprocess.run([sys.executable, ROOT / "examples" / "birthdays.py", *arguments],
+                              env=environment, capture_output=True, text=True)
+
+    def test_birthdays_of_the_month_are_listed_by_day(self):
+        self.new_contact(FirstName="Ann", LastName="Lee", BirthDate=datetime.date(1980, 5, 17))
+        self.new_contact(FirstName="Bob", LastName="O'Hara", BirthDate=datetime.date(1871, 5, 2))
+        self.new_contact(FirstName="Cid", LastName="Moe", BirthDate=datetime.date(1990, 6, 1))
+        ended = self.run_example(self.database, "5")
+        self.assertEqual((ended.stdout, ended.stderr), (" 2  Bob O'Hara (1871)\n17  Ann Lee (1980)\n", ""))
+
+    def test_missing_database_is_told(self):
+        ended = self.run_example(self.folder / "none.db", "5")
+        self.assertEqual(ended.returncode, 1)
+        self.assertIn("none.db", ended.stderr)

@@ -1,0 +1,161 @@
+import datetime
+import unittest
+
+from support import DatabaseTest, raised
+from zefcomponents import ByRef, Failure
+
+
+class PropertiesTest(DatabaseTest):
+    def test_text_comes_back_in_all_of_unicode(self):
+        contact = self.session.CreateContact()
+        for text in ("", "O'Brien", "Jürgen \U0001f600", "a\0b"):
+            contact.FirstName = text
+            self.assertEqual(contact.FirstName, text)
+
+    def test_truth_is_a_bool(self):
+        self.assertIs(self.session.TransactionStarted, False)
+
+    def test_text_is_converted_to_an_integer(self):
+        self.session.UserID = "17"
+        self.assertEqual(self.session.UserID, 17)
+
+    def test_date_that_is_not_set_is_none(self):
+        contact = self.session.CreateContact()
+        contact.BirthDate = datetime.date(1980, 5, 17)
+        contact.BirthDate = None
+        self.assertIsNone(contact.BirthDate)
+
+    def test_early_date_comes_back_from_the_database(self):
+        contact = self.new_contact(FirstName="George", BirthDate=datetime.datetime(1732, 2, 22, 6, 30))
+        self.assertEqual(self.session.GetContact(contact.ID).BirthDate, datetime.datetime(1732, 2, 22, 6, 30))
+
+    def test_property_with_an_argument_is_called(self):
+        folders = self.root_folders()
+        first = folders.ItemByIdx(1)
+        self.assertEqual(folders.ItemByKey(str(first.ID)), first)
+
+    def test_object_is_assigned(self):
+        user = self.create("CUser")
+        self.assertIsNone(user.Session)
+        user.Session = self.session
+        self.assertEqual(user.Session, self.session)
+        user.Session = None
+        self.assertIsNone(user.Session)
+
+    def test_unknown_member_is_an_attribute_error(self):
+        self.assertFalse(hasattr(self.session, "Nz"))
+        raised(AttributeError, setattr, self.session, "Nothing", 1)
+
+    def test_property_that_is_only_read_cannot_be_written(self):
+        raised(AttributeError, setattr, self.create("CFolders"), "Count", 1)
+
+    def test_dir_lists_the_members(self):
+        self.assertLessEqual({"Connect2Database", "UserRights", "GetTask"}, set(dir(self.session)))
+
+
+class MethodsTest(DatabaseTest):
+    def test_variable_gets_what_the_method_leaves_in_it(self):
+        first, second = ByRef(0), ByRef(0)
+        self.session.GetUniqueIDFromSeq(1, first)
+        self.session.GetUniqueIDFromSeq(1, second, 5)
+        self.assertEqual(second.value - first.value, 5)
+
+    def test_named_arguments_take_any_order(self):
+        number = ByRef(0)
+        self.session.GetUniqueIDFromSeq(lngBatchSize=2, lngID=number, lngSeqID=1)
+        self.assertGreater(number.value, 0)
+
+    def test_variable_may_begin_as_nothing(self):
+        version, kind = ByRef(""), ByRef("")
+        self.assertTrue(self.session.GetDBInfo(version, kind))
+        self.assertEqual(version.value, "9.2.4")
+
+    def test_table_of_texts_is_a_list_of_rows(self):
+        contact = self.new_contact(FirstName="Ann", LastName="O'Neil")
+        rows, count = ByRef(), ByRef(0)
+        self.assertTrue(contact.GetFieldsArray(self.library.FieldType.FN_SERIALIZE, rows, count))
+        self.assertGreaterEqual(len(rows.value), count.value)
+        self.assertIn("O'Neil", [cell for row in rows.value for cell in row])
+        self.assertEqual({len(row) for row in rows.value}, {len(rows.value[0])})
+
+    def test_object_in_a_variable_stays_the_same(self):
+        folders = self.create("CFolders")
+        variable = ByRef(folders)
+        self.session.LoadRootFolders(variable)
+        self.assertEqual(variable.value, folders)
+        self.assertGreater(len(folders), 0)
+
+    def test_wrong_arguments_are_type_errors(self):
+        for values, named in (((), {}), ((1, 2), {}), ((1,), {"FolderID": 1}), ((), {"Nothing": 1}), (("x",), {}),
+                              ((None,), {}), ((self.session,), {}), ((object(),), {})):
+            raised(TypeError, self.session.GetFolder, *values, **named)
+
+    def test_failure_of_conversion_names_the_argument(self):
+        failure = raised(TypeError, self.session.GetUniqueIDFromSeq, 1, "x", 1)
+        self.assertIn("lngID", str(failure))
+
+    def test_object_of_another_class_is_a_type_error(self):
+        raised(TypeError, self.session.LoadRootFolders, self.create("CTags"))
+
+    def test_integer_beyond_32_bits_is_an_overflow(self):
+        for number in (2**31, 2**63, -(2**70)):
+            raised(OverflowError, self.session.GetFolder, number)
+
+    def test_variable_keeps_its_value_when_the_call_is_refused(self):
+        variable = ByRef("x")
+        raised(TypeError, self.session.GetUniqueIDFromSeq, 1, variable)
+        self.assertEqual(variable.value, "x")
+
+
+class FailuresTest(DatabaseTest):
+    def test_raised_failure_has_number_description_and_source(self):
+        failure = raised(Failure, self.root_folders().ItemByIdx, 99)
+        self.assertEqual((failure.number, failure.source), (9, "ZEFComponents"))
+        self.assertEqual(failure.description, "Subscript out of range")
+        self.assertEqual(str(failure), failure.description)
+
+    def test_failure_of_the_provider_keeps_its_number(self):
+        failure = raised(Failure, self.session.conDBConnection.Execute, "SELECT * FROM Nowhere")
+        self.assertEqual(failure.number, -2147217865)
+
+    def test_missing_file_is_told(self):
+        failure = raised(Failure, self.create("CSession").Connect2Database, self.folder / "none.db", "", "")
+        self.assertIn("none.db", failure.description)
+
+
+class ColumnsTest(DatabaseTest):
+    def value(self, column):
+        return self.session.conDBConnection.Execute(f"SELECT {column} FROM Contacts").Fields.Item(0).Value
+
+    def test_null_is_none(self):
+        self.new_contact(FirstName="Ann")
+        self.session.conDBConnection.Execute("UPDATE Contacts SET CNT_LastName=Null")
+        self.assertIsNone(self.value("CNT_LastName"))
+
+    def test_date_of_day_zero_is_a_date(self):
+        self.new_contact(FirstName="Ann")
+        self.session.conDBConnection.Execute("UPDATE Contacts SET CNT_BirthDate=#12/30/1899#")
+        self.assertEqual(self.value("CNT_BirthDate"), datetime.datetime(1899, 12, 30))
+
+    def test_bytes_come_back(self):
+        content = bytes(range(256)) * 10
+        connection = self.session.conDBConnection
+        records = self.create_records(connection)
+        records.AddNew()
+        records.Fields.Item("T_Bytes").Value = content
+        records.Update()
+        self.assertEqual(connection.Execute("SELECT T_Bytes FROM T").Fields.Item(0).Value, content)
+
+    def create_records(self, connection):
+        connection.Execute("CREATE TABLE T (T_Bytes LongBinary)")
+        return self.open(connection)
+
+    def open(self, connection):
+        records = connection.Execute("SELECT * FROM T")
+        records.Close()
+        records.Open("SELECT * FROM T", connection, 1, 3)
+        return records
+
+
+if __name__ == "__main__":
+    unittest.main()
