@@ -31,3 +31,18 @@ if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
     "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}" "${CMAKE_COMMAND}" "${CMAKE_CXX_COMPILER}")
   set_tests_properties(clients.installed PROPERTIES TIMEOUT 300)
 endif()
+
+# The same boundary in plain C, on the database of the examples.
+add_executable(example_folders "${PROJECT_SOURCE_DIR}/examples/folders.c")
+set_target_properties(example_folders PROPERTIES
+  C_STANDARD 11 RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/examples")
+target_link_libraries(example_folders PRIVATE ${CMAKE_DL_LIBS} zef_warnings)
+add_dependencies(example_folders ZEFComponents)
+add_test(NAME examples.folders COMMAND example_folders $<TARGET_FILE:ZEFComponents> people.db
+  WORKING_DIRECTORY "${PROJECT_BINARY_DIR}/examples")
+set_tests_properties(examples.folders PROPERTIES
+  FIXTURES_REQUIRED example_database PASS_REGULAR_EXPRESSION "Alarms\nCalendar\nContacts\nNotes\nTasks\n")
+add_test(NAME examples.folders_tells_a_missing_file
+  COMMAND example_folders $<TARGET_FILE:ZEFComponents> none.db WORKING_DIRECTORY "${PROJECT_BINARY_DIR}/examples")
+set_tests_properties(examples.folders_tells_a_missing_file PROPERTIES
+  FIXTURES_REQUIRED example_database PASS_REGULAR_EXPRESSION "Connect2Database: result 80020009, number [0-9]+: .*none.db")
