@@ -32,6 +32,10 @@ if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
   set_tests_properties(clients.installed PROPERTIES TIMEOUT 300)
 endif()
 
+add_test(NAME clients.program_of_the_outside_stands_in_document
+  COMMAND "${CMAKE_COMMAND}" "-DPROGRAM=${PROJECT_SOURCE_DIR}/tests/clients/outside/main.cpp"
+    "-DDOCUMENT=${PROJECT_SOURCE_DIR}/docs/component.md" -P "${PROJECT_SOURCE_DIR}/cmake/CheckSnippet.cmake")
+
 # The same boundary in plain C, on the database of the examples.
 add_executable(example_folders "${PROJECT_SOURCE_DIR}/examples/folders.c")
 set_target_properties(example_folders PROPERTIES
