@@ -15,5 +15,6 @@ void RegisterContacts(World& world);
 void RegisterGrowth(World& world);
 void RegisterMemory(World& world);
 void RegisterTrees(World& world);
+void RegisterComponent(World& world);
 
 }  // namespace zef::bench

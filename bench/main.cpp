@@ -25,7 +25,8 @@ int Run(int argc, char** argv) {
   for (const auto register_rows :
        {zef::bench::RegisterReading, zef::bench::RegisterSaving, zef::bench::RegisterSequences,
         zef::bench::RegisterCriteria, zef::bench::RegisterRules, zef::bench::RegisterContacts,
-        zef::bench::RegisterNotes, zef::bench::RegisterGrowth, zef::bench::RegisterMemory, zef::bench::RegisterTrees}) {
+        zef::bench::RegisterNotes, zef::bench::RegisterGrowth, zef::bench::RegisterMemory, zef::bench::RegisterTrees,
+        zef::bench::RegisterComponent}) {
     register_rows(world);
   }
   zef::bench::TableReporter reporter;
