@@ -128,9 +128,6 @@ class HeapWatch final : public Engine {
   void CommitTrans() override { engine_->CommitTrans(); }
   void RollbackTrans() override { engine_->RollbackTrans(); }
   int TransactionDepth() const override { return engine_->TransactionDepth(); }
-  std::optional<std::vector<std::string>> Relationships(std::string_view table) override {
-    return engine_->Relationships(table);
-  }
 
  private:
   std::unique_ptr<Engine> engine_;
