@@ -16,5 +16,6 @@ void RegisterGrowth(World& world);
 void RegisterMemory(World& world);
 void RegisterTrees(World& world);
 void RegisterUpgrades(World& world);
+void RegisterComponent(World& world);
 
 }  // namespace zef::bench

@@ -26,7 +26,7 @@ int Run(int argc, char** argv) {
        {zef::bench::RegisterReading, zef::bench::RegisterSaving, zef::bench::RegisterSequences,
         zef::bench::RegisterCriteria, zef::bench::RegisterRules, zef::bench::RegisterContacts,
         zef::bench::RegisterNotes, zef::bench::RegisterGrowth, zef::bench::RegisterMemory, zef::bench::RegisterTrees,
-        zef::bench::RegisterUpgrades}) {
+        zef::bench::RegisterUpgrades, zef::bench::RegisterComponent}) {
     register_rows(world);
   }
   zef::bench::TableReporter reporter;

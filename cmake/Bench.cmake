@@ -12,5 +12,7 @@ pkg_check_modules(libical REQUIRED IMPORTED_TARGET libical)
 
 add_executable(zef_bench ${bench_sources})
 target_link_libraries(zef_bench PRIVATE
-  zefcore zefschema zef::engine PkgConfig::libical benchmark::benchmark zef_warnings)
+  zefcore zefschema zefheader zef::engine PkgConfig::libical benchmark::benchmark zef_warnings)
+add_dependencies(zef_bench ZEFComponents)
+target_compile_definitions(zef_bench PRIVATE "ZEF_LIBRARY=\"$<TARGET_FILE:ZEFComponents>\"")
 set_target_properties(zef_bench PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}")

@@ -21,13 +21,34 @@ file(GLOB header_tests CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/clients/*.
 add_executable(zef_test_clients ${header_tests})
 target_include_directories(zef_test_clients PRIVATE "${PROJECT_SOURCE_DIR}")
 target_link_libraries(zef_test_clients PRIVATE zefheader GTest::gmock_main zef_warnings)
+target_compile_definitions(zef_test_clients PRIVATE
+  "ZEF_LIBRARY=\"$<TARGET_FILE:ZEFComponents>\"" "ZEF_PROGRAM=\"$<TARGET_FILE:zef>\"")
 add_dependencies(zef_test_clients ZEFComponents zef)
 set_target_properties(zef_test_clients PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
 gtest_discover_tests(zef_test_clients
-  TEST_PREFIX "clients." DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300 ENVIRONMENT "${client_environment}")
+  TEST_PREFIX "clients." DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
 
 if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
   add_test(NAME clients.installed COMMAND "${PROJECT_SOURCE_DIR}/tests/clients/install_test.sh"
     "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}" "${CMAKE_COMMAND}" "${CMAKE_CXX_COMPILER}")
   set_tests_properties(clients.installed PROPERTIES TIMEOUT 300)
 endif()
+
+add_test(NAME clients.program_of_the_outside_stands_in_document
+  COMMAND "${CMAKE_COMMAND}" "-DPROGRAM=${PROJECT_SOURCE_DIR}/tests/clients/outside/main.cpp"
+    "-DDOCUMENT=${PROJECT_SOURCE_DIR}/docs/component.md" -P "${PROJECT_SOURCE_DIR}/cmake/CheckSnippet.cmake")
+
+# The same boundary in plain C, on the database of the examples.
+add_executable(example_folders "${PROJECT_SOURCE_DIR}/examples/folders.c")
+set_target_properties(example_folders PROPERTIES
+  C_STANDARD 11 RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/examples")
+target_link_libraries(example_folders PRIVATE ${CMAKE_DL_LIBS} zef_warnings)
+add_dependencies(example_folders ZEFComponents)
+add_test(NAME examples.folders COMMAND example_folders $<TARGET_FILE:ZEFComponents> people.db
+  WORKING_DIRECTORY "${PROJECT_BINARY_DIR}/examples")
+set_tests_properties(examples.folders PROPERTIES
+  FIXTURES_REQUIRED example_database PASS_REGULAR_EXPRESSION "Alarms\nCalendar\nContacts\nNotes\nTasks\n")
+add_test(NAME examples.folders_tells_a_missing_file
+  COMMAND example_folders $<TARGET_FILE:ZEFComponents> none.db WORKING_DIRECTORY "${PROJECT_BINARY_DIR}/examples")
+set_tests_properties(examples.folders_tells_a_missing_file PROPERTIES
+  FIXTURES_REQUIRED example_database PASS_REGULAR_EXPRESSION "Connect2Database: result 80020009, number [0-9]+: .*none.db")

@@ -26,7 +26,8 @@ add_custom_command(
 file(GLOB client_headers CONFIGURE_DEPENDS
   "${PROJECT_SOURCE_DIR}/component/automation.h" "${PROJECT_SOURCE_DIR}/component/client/*.h")
 foreach(header IN LISTS client_headers)
-  configure_file("${header}" "${ZEF_INCLUDE}/ZEFComponents/" COPYONLY)
+  cmake_path(GET header FILENAME name)
+  configure_file("${header}" "${ZEF_INCLUDE}/ZEFComponents/${name}" COPYONLY)
 endforeach()
 
 add_library(ZEFComponents SHARED "${component_exports}" "${ZEF_RESOURCES}")

@@ -3,6 +3,7 @@ import datetime
 import enum
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -103,12 +104,22 @@ class RegistrationTest(unittest.TestCase):
 
 
 class ExampleTest(DatabaseTest):
-    def run_example(self, *arguments):
+    def run_python(self, *arguments):
         environment = {**os.environ, "XDG_DATA_HOME": str(self.folder), "PYTHONPATH": str(ROOT / "python")}
         with unittest.mock.patch.dict(os.environ, {"XDG_DATA_HOME": str(self.folder)}):
             ctypes.CDLL(LIBRARY).DllRegisterServer()
-        return subprocess.run([sys.executable, ROOT / "examples" / "birthdays.py", *arguments],
-                              env=environment, capture_output=True, text=True)
+        return subprocess.run([sys.executable, *arguments], cwd=self.folder, env=environment, capture_output=True,
+                              text=True)
+
+    def run_example(self, *arguments):
+        return self.run_python(ROOT / "examples" / "birthdays.py", *arguments)
+
+    def test_program_of_the_document_runs(self):
+        document = (ROOT / "docs" / "component.md").read_text()
+        ended = self.run_python("-c", re.search(r"```python\n(.*?)```", document, re.S)[1])
+        self.assertEqual(ended.stderr, "")
+        self.assertIn("2 Contacts", ended.stdout)
+        self.assertTrue(ended.stdout.endswith("9 Subscript out of range ZEFComponents\n"), ended.stdout)
 
     def test_birthdays_of_the_month_are_listed_by_day(self):
         self.new_contact(FirstName="Ann", LastName="Lee", BirthDate=datetime.date(1980, 5, 17))

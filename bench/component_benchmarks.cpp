@@ -1,0 +1,143 @@
+#include <benchmark/benchmark.h>
+
+#include "addressbook/contact.h"
+#include "bench/benchmarks.h"
+#include "bench/component_side.h"
+#include "bench/contest.h"
+#include "session/collections.h"
+
+namespace zef::bench {
+namespace {
+
+/// The component in the place of the library, the same in plain C++ in the place of the work by hand.
+class ComponentContest : public Contest {
+ protected:
+  explicit ComponentContest(const std::string& database) : outside_(database), session_(OpenSession(database)) {}
+
+  /// Runs a piece of work between `Start` and `Stop`; what it delivered.
+  template <class Work>
+  static std::uint64_t Timed(Stopwatch& watch, Work&& work) {
+    watch.Start();
+    const std::uint64_t sum = work();
+    watch.Stop();
+    return sum;
+  }
+
+  ComponentSide outside_;
+  Ref<CSession> session_;
+};
+
+class NumberContest final : public ComponentContest {
+ public:
+  NumberContest(World& world, int reads) : ComponentContest(world.Reading()), reads_(reads) {}
+
+  std::uint64_t Ours(int /*round*/, Stopwatch& watch) override {
+    return Timed(watch, [&] { return outside_.ReadNumber(reads_); });
+  }
+  std::uint64_t ByHand(int /*round*/, Stopwatch& watch) override {
+    return Timed(watch, [&] {
+      std::uint64_t sum = 0;
+      for (int i = 0; i < reads_; ++i) {
+        CContact* contact = contact_.get();
+        benchmark::DoNotOptimize(contact);
+        const std::int32_t read = contact->FolderID;
+        sum += static_cast<std::uint64_t>(read);
+      }
+      return sum;
+    });
+  }
+
+ private:
+  int reads_;
+  Ref<CContact> contact_ = session_->GetContact(1);
+};
+
+class TextContest final : public ComponentContest {
+ public:
+  TextContest(World& world, int reads) : ComponentContest(world.Reading()), reads_(reads) {}
+
+  std::uint64_t Ours(int /*round*/, Stopwatch& watch) override {
+    return Timed(watch, [&] { return outside_.ReadText(reads_); });
+  }
+  std::uint64_t ByHand(int /*round*/, Stopwatch& watch) override {
+    return Timed(watch, [&] {
+      std::uint64_t sum = 0;
+      for (int i = 0; i < reads_; ++i) {
+        CContact* contact = contact_.get();
+        benchmark::DoNotOptimize(contact);
+        std::string read = contact->LastName;
+        benchmark::DoNotOptimize(read);
+        sum += read.size();
+      }
+      return sum;
+    });
+  }
+
+ private:
+  int reads_;
+  Ref<CContact> contact_ = session_->GetContact(1);
+};
+
+class LoadAndReadContest final : public ComponentContest {
+ public:
+  explicit LoadAndReadContest(World& world) : ComponentContest(world.Reading()) {}
+
+  std::uint64_t Ours(int /*round*/, Stopwatch& watch) override {
+    return Timed(watch, [&] { return outside_.LoadAndRead(); });
+  }
+  std::uint64_t ByHand(int /*round*/, Stopwatch& watch) override {
+    return Timed(watch, [&] {
+      const auto contacts = MakeRef<CContacts>();
+      session_->LoadContactsWithCriteria(contacts, "");
+      std::uint64_t sum = 0;
+      for (std::int32_t i = 1; i <= contacts->Count(); ++i) {
+        const std::int32_t id = contacts->ItemByIdx(i)->ID;
+        sum += static_cast<std::uint64_t>(id);
+      }
+      return sum;
+    });
+  }
+};
+
+/// Of a library that is loaded anew each time against one that is linked in.
+class ComeAndGoContest final : public Contest {
+ public:
+  ComeAndGoContest(World& world, int times) : database_(world.Small()), times_(times) {}
+
+  std::uint64_t Ours(int /*round*/, Stopwatch& watch) override {
+    watch.Start();
+    for (int i = 0; i < times_; ++i) ComeAndGo(database_);
+    watch.Stop();
+    return 0;
+  }
+  std::uint64_t ByHand(int /*round*/, Stopwatch& watch) override {
+    watch.Start();
+    for (int i = 0; i < times_; ++i) OpenSession(database_)->DisconnectFromDatabase();
+    watch.Stop();
+    return 0;
+  }
+
+ private:
+  std::string database_;
+  int times_;
+};
+
+template <class Made>
+void RegisterReads(World& world, const char* name) {
+  constexpr double kTarget = 12;
+  Register(
+      {name, kTarget, 100'000, world.Rounds(20), [&world](int reads) { return std::make_unique<Made>(world, reads); }});
+}
+
+}  // namespace
+
+void RegisterComponent(World& world) {
+  RegisterReads<NumberContest>(world, "Component: a number read, to plain C++");
+  RegisterReads<TextContest>(world, "Component: a text read, to plain C++");
+  Register({"Component: contacts loaded and read, to plain C++", 1.25, world.LoadedRows(), world.Rounds(8),
+            [&world](int) { return std::make_unique<LoadAndReadContest>(world); }});
+  Register({"Component: loaded, connected and let go, to linked in", 0, 10, world.Rounds(20),
+            [&world](int times) { return std::make_unique<ComeAndGoContest>(world, times); }});
+}
+
+}  // namespace zef::bench
