@@ -54,7 +54,7 @@ bool CAlarm::SaveChildren(CSession& session) {
   return SaveChild(session, Attachement, AttachementID, &CSession::DeleteAttachement) && Item::SaveChildren(session);
 }
 
-bool CAlarm::Save() { return SaveItem(kAlarms, "CAlarm.Save", kFieldsArray); }
+bool CAlarm::Save() { return SaveOrGiveBack(kAlarms, "CAlarm.Save", kFieldsArray); }
 
 bool CAlarm::Refresh() { return RefreshRecord(*this, "CAlarm.Refresh", kSelectRow, kNotFound, "No alarm found"); }
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 #include "calendar/item.h"
 #include "notes/attachement.h"
@@ -59,6 +60,9 @@ class CAlarm : public Item<CAlarm> {
  private:
   friend class Item<CAlarm>;
   bool SaveChildren(CSession& session);
+  auto ChildrenBefore() {
+    return std::tuple_cat(std::tuple(ChildBefore(Attachement, AttachementID)), Item::ChildrenBefore());
+  }
 };
 
 }  // namespace zef

@@ -36,7 +36,7 @@ void CEvent::GetValuesFromRS(const Ref<Recordset>& Rs) {
   SetFlags(false, false);
 }
 
-bool CEvent::Save() { return SaveItem(kEvents, "CEvent.Save", kFieldsArray); }
+bool CEvent::Save() { return SaveOrGiveBack(kEvents, "CEvent.Save", kFieldsArray); }
 
 bool CEvent::Refresh() { return RefreshRecord(*this, "CEvent.Refresh", kSelectRow, kNotFound, "No event found"); }
 

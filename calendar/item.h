@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
+#include <tuple>
 
 #include "calendar/notification.h"
 #include "calendar/recurrence.h"
@@ -10,8 +12,9 @@
 namespace zef {
 
 /// What events, alarms and tasks share: a rule and a notification of their own from the first moment on, which are
-/// read, saved and reset with them. A `Save` that answers False may have saved a child already, which believes in its
-/// row even if that was undone: drop such an item, or if it is new call `ResetFlags`, before it is saved again.
+/// read, saved and reset with them. After a `Save` that answers False an event or alarm is what it was before and can
+/// be saved again. A task, and any item in a transaction of the client, may have saved a child already, which believes
+/// in its row even if that is undone: drop such an item, or if it is new call `ResetFlags`, before it is saved again.
 template <class Derived>
 class Item : public Record<Derived> {
  public:
@@ -51,6 +54,10 @@ class Item : public Record<Derived> {
     return SaveChild(session, Notification, NotificationID, &CSession::DeleteNotification) &&
            SaveChild(session, Recurrence, RecurrenceID, &CSession::DeleteRecurrence);
   }
+  /// The children as they stand before a `Save`.
+  auto ChildrenBefore() {
+    return std::tuple(ChildBefore(Notification, NotificationID), ChildBefore(Recurrence, RecurrenceID));
+  }
   /// `Save`: the children, the own row if it changed, then `rest`, all in one transaction.
   template <std::size_t N, class Rest>
   bool SaveItem(const Table<Derived, N>& table, std::string_view procedure, std::string_view array_procedure,
@@ -61,9 +68,19 @@ class Item : public Record<Derived> {
       return row == Outcome::Done ? rest(session) : row;
     });
   }
+  /// The same with nothing behind the row. If the transaction was this `Save`'s own and has been undone, the children,
+  /// the references to them and the own flags are given back, so that the next `Save` writes all of it again.
   template <std::size_t N>
-  bool SaveItem(const Table<Derived, N>& table, std::string_view procedure, std::string_view array_procedure) {
-    return SaveItem(table, procedure, array_procedure, [](CSession&) { return Outcome::Done; });
+  bool SaveOrGiveBack(const Table<Derived, N>& table, std::string_view procedure, std::string_view array_procedure) {
+    CSession& session = Deref(this->Session());
+    const bool joins = session.TransactionStarted();
+    const bool modified = this->OwnModified();
+    const auto children = derived().ChildrenBefore();
+    if (SaveItem(table, procedure, array_procedure, [](CSession&) { return Outcome::Done; })) return true;
+    if (joins || session.TransactionStarted()) return false;  // nothing has been undone
+    std::apply([](const auto&... child) { (child.GiveBack(), ...); }, children);
+    this->SetFlags(modified, this->IsNew());
+    return false;
   }
 
  private:

@@ -1,3 +1,5 @@
+#include <set>
+
 #include "folders/folder.h"
 #include "folders/folder_items.h"
 #include "session/collections.h"
@@ -12,7 +14,11 @@ constexpr char kCopy[] = "CSession.CopyFolder";
 constexpr std::int32_t kNameTaken = 106;
 constexpr std::int32_t kBelowItself = 107;
 
-[[noreturn]] void RaiseEndless() { throw RunTimeError(FailureNumber::OutOfStackSpace); }
+[[noreturn]] void RaiseEndless(const char* why) {
+  throw RunTimeError(FailureNumber::OutOfStackSpace, std::string("Out of stack space: ") + why);
+}
+[[noreturn]] void RaiseCircle() { RaiseEndless("the folders go in a circle, so that one of them lies below itself."); }
+[[noreturn]] void RaiseTooDeep() { RaiseEndless("the folders lie more than 1000 levels deep."); }
 
 /// True, and recorded, if the new parent holds a folder of the source's name.
 bool NameTaken(CSession& session, const CFolder& source, std::int32_t new_parent) {
@@ -26,8 +32,10 @@ bool NameTaken(CSession& session, const CFolder& source, std::int32_t new_parent
 /// True, and recorded, if the source is a parent of a folder on the way from the new parent up to its root. Raises 91
 /// for a folder on the way that does not exist, and 28 if the way does not end.
 bool BelowItself(CSession& session, std::int32_t source, std::int32_t new_parent) {
+  std::set<std::int32_t> passed;
   std::int32_t folder = new_parent;
   for (int level = 0; level < kMostLevels; ++level) {
+    if (!passed.insert(folder).second) RaiseCircle();
     const std::int32_t parent = Deref(session.GetFolder(folder)).ParentID;
     if (parent == source) {
       session.RecordError(kCopy, kBelowItself, "The destination folder is a child of source folder");
@@ -36,7 +44,7 @@ bool BelowItself(CSession& session, std::int32_t source, std::int32_t new_parent
     if (parent == 0) return false;
     folder = parent;
   }
-  RaiseEndless();
+  RaiseTooDeep();
 }
 
 }  // namespace
@@ -49,7 +57,8 @@ struct TreeWalk {
 
   /// One level further down; raises 28 where there is no end in sight.
   TreeWalk Below(std::int32_t child) const {
-    if (child == root || level == kMostLevels) RaiseEndless();
+    if (child == root) RaiseCircle();
+    if (level == kMostLevels) RaiseTooDeep();
     return {root, level + 1};
   }
 };
@@ -84,7 +93,8 @@ bool CSession::CopyFolderRecursive(std::int32_t source, std::int32_t new_parent,
   const auto children = MakeRef<CFolders>();
   if (!LoadChildFolders(children, source)) return false;
   for (const Ref<CFolder>& child : *children) {
-    if (child->ID == id) RaiseEndless();  // copied below itself: each copy would hold a further one
+    // Each copy would hold a further one.
+    if (child->ID == id) RaiseEndless("a folder cannot be copied into itself.");
     if (!CopyFolderRecursive(child->ID, id, walk.Below(child->ID))) return false;
   }
   return true;

@@ -175,7 +175,7 @@ Value Recordset::ValueAt(int position) const {
 Value Recordset::StoredValue(int position) const {
   if (const Value* value = FindField(written_, position)) return *value;
   Value value;
-  if (!adding_) cursor_->Read({&position, 1}, {&value, 1});
+  if (!adding_) connection_->Guarded([&] { cursor_->Read({&position, 1}, {&value, 1}); });
   return value;
 }
 

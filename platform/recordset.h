@@ -88,8 +88,8 @@ class Recordset : public RefCounted<Recordset> {
   /// counted any more: the new one is the last.
   void AddNew();
   /// Writes the fields set since `AddNew`, or since the current row was reached, in one statement. Raises -2147217887
-  /// for a value that does not fit its column, -2147217864 if the row is gone, -2147467259 if the record set was not
-  /// opened for writing or its rows have no identity.
+  /// for a value that does not fit its column, -2147217900 for a text that is not UTF-8, -2147217864 if the row is
+  /// gone, -2147467259 if the record set was not opened for writing or its rows have no identity.
   void Update();
 
   /// Positions of many columns at once, see `RowShape::Positions`.

@@ -206,6 +206,7 @@ CREATE TABLE Notes (
 
 -- One index for every look-up by something other than the key.
 CREATE INDEX IX_Folders_ParentID ON Folders (FLD_ParentID);
+CREATE INDEX IX_Folders_ParentID_Name ON Folders (FLD_ParentID, FLD_Name);
 CREATE INDEX IX_Folders_Name ON Folders (FLD_Name);
 CREATE INDEX IX_Categories_Name ON Categories (CAT_Name);
 CREATE INDEX IX_Users_Name ON Users (USR_Name);

@@ -73,9 +73,10 @@ Slot SlotOf(R& record, const Column<R>& column) {
           &column.null};
 }
 
-/// Adds a long text at the end of a property, in portions; Null adds nothing.
-template <class R>
-void ReadPortions(R& record, const Column<R>& column, Field field) {
+/// Adds the long text of a field at the end of a property, in portions; Null adds nothing, and an empty text is not
+/// fetched at all.
+template <class R, class LongField = Field>
+void ReadPortions(R& record, const Column<R>& column, LongField&& field) {
   constexpr std::int32_t kPortion = 128;  // characters
   auto& text = record.*std::get<Property<std::string> R::*>(column.member);
   const std::int64_t size = field.ActualSize();
@@ -111,12 +112,22 @@ void ReadColumns(R& record, const Table<R, N>& table, Recordset& rs) {
   }
 }
 
+/// The value of a column as it stands in a statement; a failure names the column.
+template <class R>
+std::string WrittenValue(const R& record, const Column<R>& column) {
+  try {
+    return SqlValue(record, column);
+  } catch (const RunTimeError& failure) {
+    throw InColumn(failure, column.name);
+  }
+}
+
 /// Calls `take(name, value)` for each row of a statement, in the table's writing order.
 template <class R, std::size_t N, class Take>
 void EachRow(const R& record, const Table<R, N>& table, Take&& take) {
   for (const Column<R>* column : table.written) {
     if (column == nullptr) continue;
-    take(column->spelled.empty() ? column->name : column->spelled, SqlValue(record, *column));
+    take(column->spelled.empty() ? column->name : column->spelled, WrittenValue(record, *column));
   }
 }
 

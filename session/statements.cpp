@@ -28,6 +28,8 @@ RunTimeError InColumn(const RunTimeError& failure, std::string_view column) {
     case FailureNumber::InvalidUseOfNull:
     case FailureNumber::TypeMismatch:
     case FailureNumber::Overflow: return {failure.code(), failure.description() + " in the column " + name};
+    case FailureNumber::InvalidCall:
+      return {failure.code(), "The date in the column " + name + " lies outside of the years 100 to 9999."};
     default: return failure;
   }
 }

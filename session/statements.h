@@ -55,7 +55,7 @@ std::string SqlValue(const R& record, const Column<R>& column) {
   return std::visit(Writer{record, column.form}, column.member);
 }
 
-/// A failure met while a row was read, with the column named in its sentence.
+/// A failure met while a row was read or its values were put into a statement, with the column named in its sentence.
 RunTimeError InColumn(const RunTimeError& failure, std::string_view column);
 
 }  // namespace zef

@@ -50,7 +50,8 @@ class CTask : public Item<CTask> {
   /// Turns the task into the next instance of its rule, counted from `StartDate`: under new identifiers, open again,
   /// new and modified, without a row until `Save`; the rows of the earlier instance stay. False and nothing changed if
   /// there is no rule or no next date. False with all flags clear, and nothing recorded here, if a step fails; what the
-  /// steps before it changed stays then. Raises 91 only if a child is Nothing.
+  /// steps before it changed stays then. Drop such a task: under its new identifier `Save` would write no row, but with
+  /// a due date an event of a task that does not exist. Raises 91 only if a child is Nothing.
   bool ApplyRecurrence();
   /// Copies the properties, identifier and flags into the target, or a new task for Nothing; the target keeps its own
   /// children. A failure ends the copy silently.

@@ -29,6 +29,13 @@ struct ResultColumn {
   Type type = Type::Unknown;  ///< Unknown: each row's own
 };
 
+/// A result column whose values are fetched only when they are read, since they may be large: in its place the row's
+/// identifier stands.
+struct LaterColumn {
+  int position = 0;
+  std::string text;  ///< the select of the value, whose one parameter is the identifier
+};
+
 /// A statement in the language of an engine, with all that is needed to run it again and again for one shape.
 struct CompiledStatement {
   enum class Kind { Select, Insert, Update, Delete };
@@ -40,6 +47,7 @@ struct CompiledStatement {
   std::string table;
   std::vector<std::size_t> key_columns;  ///< result columns that form the primary key
   bool hidden_row_id = false;            ///< the row identifier follows behind the last column
+  std::vector<LaterColumn> later;        ///< of a select, for an engine that fetches them
   bool cacheable = true;                 ///< false if a literal stands in the text itself (ORDER BY 2)
 };
 
@@ -60,6 +68,8 @@ class Dialect {
   /// The engine's name for a function of the dialect, or of the writer's own helpers ("concat", "like", "divide",
   /// "to_long", ...).
   virtual std::string Function(const std::string& name) const = 0;
+  /// True if the engine's statements fetch binary columns later.
+  virtual bool FetchesLater() const = 0;
   /// What follows a select that must lock the rows it reads; may be empty.
   virtual std::string ForUpdate() const = 0;
 };

@@ -36,6 +36,14 @@ std::string ColumnOf(const ParameterPlan& plan) { return "the column '" + plan.c
   throw RunTimeError(FailureNumber::ConstraintViolated, what + " needs a value.");
 }
 
+/// Literals have been looked at with their statement.
+void RequireUtf8(const Value& in, const ParameterPlan& plan) {
+  const bool stored = plan.source == ParameterPlan::Source::Placeholder && !plan.column.empty();
+  const auto* text = stored ? std::get_if<std::string>(&in) : nullptr;
+  if (text == nullptr || text::IsValidUtf8(*text)) return;
+  throw RunTimeError(FailureNumber::StatementError, "The text for " + ColumnOf(plan) + " is not UTF-8 text.");
+}
+
 template <class Convert>
 Value InTermsOfProvider(const ParameterPlan& plan, Convert convert) {
   try {
@@ -97,6 +105,7 @@ const Value& Converted(const Value& in, const ParameterPlan& plan, Value& scratc
     if (!plan.required) return in;
     RaiseNeedsValue(plan);
   }
+  RequireUtf8(in, plan);
   if (IsAlready(in, plan.type)) return in;
   if (IsText(plan.type)) return AsText(in, plan, scratch);
   scratch = InTermsOfProvider(plan, [&] { return NumberAs(in, plan); });

@@ -152,7 +152,8 @@ std::string SelectCore::ItemList(bool collated) const {
   std::size_t number = 0;
   for (const SelectedItem& item : items_) {
     ++number;
-    AppendItem(list, collated ? expressions_.Collated(item.value) : item.value.text);
+    const std::string& plain = item.in_place.empty() ? item.value.text : item.in_place;
+    AppendItem(list, collated ? expressions_.Collated(item.value) : plain);
     if (naming_ == Naming::Declared) list += " AS " + Quoted(item.name);
     if (naming_ == Naming::Numbered) list += " AS " + Quoted(NumberedName(number));
   }

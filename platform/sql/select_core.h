@@ -12,7 +12,8 @@ namespace zef::sql {
 struct SelectedItem {
   Operand value;
   std::string name;
-  bool alias = false;  ///< the statement gives the name
+  bool alias = false;      ///< the statement gives the name
+  std::string in_place{};  ///< what stands in the select list for the value; empty for the value itself
 };
 
 /// Writes one select, without those that UNION joins to it. The select list is written when it is made.
@@ -27,6 +28,8 @@ class SelectCore {
 
   /// One more column behind the others, which is none of the result's.
   void AppendHidden(const std::string& text) { hidden_ = ", " + text; }
+  /// Puts an identifier of the row in the place of a result column.
+  void Replace(std::size_t item, const std::string& text) { items_[item].in_place = text; }
   std::string Text();
   /// As a part of a UNION: without ORDER BY, its texts ready for comparison.
   std::string PartOfUnion();

@@ -123,8 +123,23 @@ void MakeUpdatable(Writing& writing, SelectCore& core) {
   if (found_again) result.table = table->name;
 }
 
+/// Leaves binary columns of a table's rows to be fetched.
+void FetchLater(Writing& writing, SelectCore& core) {
+  const TableInfo* table = writing.dialect().FetchesLater() && core.IsPlain() ? core.SingleTable() : nullptr;
+  if (table == nullptr || table->row_id.empty()) return;
+  for (std::size_t i = 0; i < core.items().size(); ++i) {
+    const ColumnInfo* column = core.items()[i].value.column;
+    if (column == nullptr || column->type != Type::Binary) continue;
+    core.Replace(i, table->row_id);
+    writing.result().later.push_back({static_cast<int>(i), "SELECT " + Quoted(column->name) + " FROM " +
+                                                               Quoted(table->name) + " WHERE " + table->row_id + " = " +
+                                                               writing.dialect().Parameter(1)});
+  }
+}
+
 WrittenSelect WritePlainStatement(Writing& writing, const Select& select) {
   SelectCore core(writing, select, nullptr, Naming::None);
+  FetchLater(writing, core);
   if (writing.options().updatable) MakeUpdatable(writing, core);
   WrittenSelect written{core.Text(), ColumnsOf(core)};
   if (writing.options().lock_rows && core.IsPlain()) written.text += writing.dialect().ForUpdate();

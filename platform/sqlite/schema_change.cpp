@@ -10,7 +10,7 @@
 namespace zef {
 namespace {
 
-/// What an index over texts leaves to its companion: rows with other characters than printable ASCII.
+/// What an index with a text leaves to its companion: rows whose first text has other characters than printable ASCII.
 constexpr std::string_view kNotPlain = " GLOB '*[^ -~]*'";
 constexpr std::string_view kCompanion = " (other characters)";
 
@@ -93,18 +93,19 @@ void Change::MakeIndex(const std::string& name, bool unique,
   if (FindsIndex(name)) {
     throw RunTimeError(FailureNumber::IndexExists, "The index '" + name + "' exists already.");
   }
-  std::string items;
+  std::string items, text, up_to_text;
   for (const auto& column : columns) {
     const sql::ColumnInfo& info = Column(table, column.name);
-    items +=
-        (items.empty() ? "" : ", ") + QuotedName(info.name) + Collation(info.type) + (column.descending ? " DESC" : "");
+    const std::string quoted = QuotedName(info.name);
+    items += (items.empty() ? "" : ", ") + quoted + Collation(info.type) + (column.descending ? " DESC" : "");
+    if (!text.empty() || !sql::IsText(info.type)) continue;
+    text = quoted;
+    up_to_text = items;
   }
   const std::string on = " ON " + QuotedName(table.name);
   Run((unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") + QuotedName(name) + on + " (" + items + ")");
-  const sql::ColumnInfo& first = Column(table, columns.front().name);
-  if (!sql::IsText(first.type)) return;
-  const std::string column = QuotedName(first.name);
-  Run("CREATE INDEX " + QuotedName(name + std::string(kCompanion)) + on + " (" + column + ") WHERE " + column +
+  if (text.empty()) return;
+  Run("CREATE INDEX " + QuotedName(name + std::string(kCompanion)) + on + " (" + up_to_text + ") WHERE " + text +
       std::string(kNotPlain));
 }
 

@@ -14,6 +14,7 @@ class SqliteDialect final : public sql::Dialect {
                            bool indexed_column) const override;
   std::string Collated(const std::string& text) const override;
   std::string Function(const std::string& name) const override;
+  bool FetchesLater() const override;
   std::string ForUpdate() const override;
 };
 

@@ -90,7 +90,7 @@ SqliteEngine::~SqliteEngine() {
 }
 
 std::unique_ptr<PreparedStatement> SqliteEngine::Prepare(const sql::CompiledStatement& statement) {
-  return std::make_unique<SqliteStatement>(db_.get(), statement.text, failure_);
+  return std::make_unique<SqliteStatement>(db_.get(), statement, failure_);
 }
 
 void SqliteEngine::RunSavepoint(SavepointVerb verb, int depth) {

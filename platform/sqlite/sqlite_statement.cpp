@@ -1,5 +1,6 @@
 #include "platform/sqlite/sqlite_statement.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/sqlite/sqlite_error.h"
@@ -131,8 +132,12 @@ StatementHandle PrepareOwn(sqlite3* db, std::string_view text) {
   return StatementHandle(statement);
 }
 
-SqliteStatement::SqliteStatement(sqlite3* db, std::string_view text, std::optional<RunTimeError>& failure)
-    : db_(db), handle_(PrepareForClient(db, text)), failure_(failure) {}
+SqliteStatement::SqliteStatement(sqlite3* db, const sql::CompiledStatement& compiled,
+                                 std::optional<RunTimeError>& failure)
+    : db_(db), handle_(PrepareForClient(db, compiled.text)), failure_(failure) {
+  later_.reserve(compiled.later.size());
+  for (const sql::LaterColumn& column : compiled.later) later_.push_back({column, nullptr});
+}
 
 void SqliteStatement::Bind(int number, const Value& value, bool lasting) {
   const sqlite3_destructor_type keep = lasting ? SQLITE_TRANSIENT : SQLITE_STATIC;
@@ -151,10 +156,31 @@ PreparedStatement::Step SqliteStatement::Next() {
   return Step::Done;
 }
 
+const SqliteStatement::Later* SqliteStatement::FindLater(int column) const {
+  const auto found = std::find_if(later_.begin(), later_.end(),
+                                  [column](const Later& later) { return later.column.position == column; });
+  return found == later_.end() ? nullptr : &*found;
+}
+
+/// The running statement keeps the database as it was when the row was reached, so the value is the row's own.
+void SqliteStatement::Fetch(const Later& later, Value& value) const {
+  if (!later.handle) later.handle = PrepareOwn(db_, later.column.text);
+  sqlite3_stmt* const statement = later.handle.get();
+  sqlite3_bind_int64(statement, 1, sqlite3_column_int64(handle_.get(), later.column.position));
+  const bool found = sqlite3_step(statement) == SQLITE_ROW;
+  if (found) ReadValue(sqlite3_column_value(statement, 0), sql::Type::Binary, value);
+  CheckSqlite(db_, sqlite3_reset(statement));
+  if (!found) value = Null{};
+}
+
 void SqliteStatement::Read(Positions columns, std::span<const sql::Type> types, std::span<Value> values) const {
   // The engine runs without mutexes, so a value of a row may be read like any other; that is quicker than asking the
   // statement again and again.
   for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (const Later* const later = FindLater(columns[i])) {
+      Fetch(*later, values[i]);
+      continue;
+    }
     ReadValue(sqlite3_column_value(handle_.get(), columns[i]), types[static_cast<std::size_t>(columns[i])], values[i]);
   }
 }
@@ -164,6 +190,7 @@ std::size_t SqliteStatement::Fill(Positions columns, std::span<const sql::Type> 
   std::size_t done = 0;
   for (; done < columns.size() && columns[done] >= 0; ++done) {
     const sql::Type type = types[static_cast<std::size_t>(columns[done])];
+    if (FindLater(columns[done]) != nullptr) break;
     if (!FillSlot(sqlite3_column_value(handle_.get(), columns[done]), type, slots[done])) break;
   }
   return done;

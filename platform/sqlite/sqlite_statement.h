@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "platform/sql_engine.h"
 
@@ -24,7 +25,8 @@ StatementHandle PrepareOwn(sqlite3* db, std::string_view text);
 /// them.
 class SqliteStatement final : public PreparedStatement {
  public:
-  SqliteStatement(sqlite3* db, std::string_view text, std::optional<RunTimeError>& failure);
+  /// The compiled statement must outlive this one.
+  SqliteStatement(sqlite3* db, const sql::CompiledStatement& compiled, std::optional<RunTimeError>& failure);
 
   void Bind(int number, const Value& value, bool lasting) override;
   Step Next() override;
@@ -34,8 +36,18 @@ class SqliteStatement final : public PreparedStatement {
   std::int64_t RowsWritten() const override { return rows_written_; }
 
  private:
+  /// A column that is fetched, and the statement that does so, which is prepared at its first use.
+  struct Later {
+    const sql::LaterColumn& column;
+    mutable StatementHandle handle;
+  };
+
+  const Later* FindLater(int column) const;
+  void Fetch(const Later& later, Value& value) const;
+
   sqlite3* db_;
   StatementHandle handle_;
+  std::vector<Later> later_;
   std::optional<RunTimeError>& failure_;
   std::int64_t rows_written_ = 0;
   bool running_ = false;  ///< stands on a row

@@ -1,6 +1,7 @@
 #include "session/collections.h"
 #include "tests/addressbook/contact_fixture.h"
 #include "tests/support/fault_sweep.h"
+#include "tests/support/tags.h"
 
 namespace zef::test {
 namespace {
@@ -14,11 +15,6 @@ class ContactOperations : public ContactTest {
     for (const Ref<CContact>& contact : *contacts) names.push_back(contact->FullName());
     return names;
   }
-  static Texts TextsOf(const Ref<CTags>& tags) {
-    Texts texts;
-    for (const Ref<CTag>& tag : *tags) texts.push_back(std::to_string(tag->ID) + " " + tag->Text);
-    return texts;
-  }
   void Insert(int id, int folder, const std::string& last, const std::string& first, const std::string& initial) {
     Run("INSERT INTO Contacts (CNT_ID,CNT_FolderID,CNT_LastName,CNT_FirstName,CNT_MI) VALUES (" + std::to_string(id) +
         "," + std::to_string(folder) + ",'" + last + "','" + first + "','" + initial + "')");
@@ -29,15 +25,6 @@ class ContactOperations : public ContactTest {
     Insert(3, 2, "Lee", "Bob", "A");
     Insert(4, 2, "Lee", "Ann", "C");
     Insert(5, 6, "Aaron", "Ann", "");
-  }
-  /// A collection that holds one tag, to see whether it is emptied.
-  static Ref<CTags> WithOneTag() {
-    auto tags = MakeRef<CTags>();
-    auto tag = MakeRef<CTag>();
-    tag->ID = 99;
-    tag->Text = "from before";
-    tags->Add(tag);
-    return tags;
   }
 };
 
@@ -63,7 +50,7 @@ TEST_F(ContactOperations, GetThatFailsIsRecorded) {
 }
 
 TEST_F(ContactOperations, CreateTwiceGivesTwoConsecutiveIdentifiersAndNoRow) {
-  Run("UPDATE Sequences SET SEQ_Value=41 WHERE SEQ_ID=1");
+  SetSequences({{1, 41}});
   EXPECT_EQ(session->CreateContact()->ID, 42);
   const Ref<CContact> second = session->CreateContact();
   EXPECT_EQ(second->ID, 43);
@@ -90,32 +77,28 @@ TEST_F(ContactOperations, CreateWithoutASequenceGivesNothing) {
 
 TEST_F(ContactOperations, LoadingWithoutCriteriaSelectsTheWholeTable) {
   InsertFive();
-  const auto contacts = MakeRef<CContacts>();
-  EXPECT_TRUE(session->LoadContactsWithCriteria(contacts, ""));
+  const auto contacts = Loaded(&CSession::LoadContactsWithCriteria, "");
   EXPECT_EQ(SentInAll(), Texts{"SELECT * FROM Contacts"});
   EXPECT_EQ(contacts->Count(), 5);
 }
 
 TEST_F(ContactOperations, CriteriaStandInTheStatementAsTheyCome) {
   InsertFive();
-  const auto contacts = MakeRef<CContacts>();
-  EXPECT_TRUE(session->LoadContactsWithCriteria(contacts, "CNT_ID>3 ORDER BY CNT_ID DESC"));
+  const auto contacts = Loaded(&CSession::LoadContactsWithCriteria, "CNT_ID>3 ORDER BY CNT_ID DESC");
   EXPECT_EQ(SentInAll(), Texts{"SELECT * FROM Contacts WHERE CNT_ID>3 ORDER BY CNT_ID DESC"});
   EXPECT_EQ(NamesOf(contacts), (Texts{"Aaron, Ann", "Lee, Ann C."}));
 }
 
 TEST_F(ContactOperations, ContactsOfAFolderComeByLastNameFirstNameAndInitial) {
   InsertFive();
-  const auto contacts = MakeRef<CContacts>();
-  EXPECT_TRUE(session->LoadContacts4Folder(contacts, 2));
+  const auto contacts = Loaded(&CSession::LoadContacts4Folder, 2);
   EXPECT_EQ(SentInAll(), Texts{"SELECT * FROM Contacts WHERE CNT_FolderID=2 ORDER BY CNT_LastName, CNT_FirstName, "
                                "CNT_MI ASC"});
   EXPECT_EQ(NamesOf(contacts), (Texts{"Abel, Zoe", "Lee, Ann C.", "Lee, Bob A.", "lee, Bob B."}));
 }
 
 TEST_F(ContactOperations, EmptyFolderLoadsNothingAndSucceeds) {
-  const auto contacts = MakeRef<CContacts>();
-  EXPECT_TRUE(session->LoadContacts4Folder(contacts, 2));
+  const auto contacts = Loaded(&CSession::LoadContacts4Folder, 2);
   EXPECT_EQ(contacts->Count(), 0);
 }
 
@@ -129,16 +112,14 @@ TEST_F(ContactOperations, LoadingAFolderThatFailsIsRecordedByTheLoading) {
 
 TEST_F(ContactOperations, TagsHaveIdentifierAndFullNameOfEachRow) {
   InsertFive();
-  const auto tags = MakeRef<CTags>();
-  EXPECT_TRUE(session->LoadContactTagsWithCriteria(tags, "CNT_ID<4 ORDER BY CNT_ID"));
+  const auto tags = Loaded(&CSession::LoadContactTagsWithCriteria, "CNT_ID<4 ORDER BY CNT_ID");
   EXPECT_EQ(SentInAll(), Texts{"SELECT * FROM Contacts WHERE CNT_ID<4 ORDER BY CNT_ID"});
   EXPECT_EQ(TextsOf(tags), (Texts{"1 lee, Bob B.", "2 Abel, Zoe", "3 Lee, Bob A."}));
 }
 
 TEST_F(ContactOperations, TagsWithoutCriteriaAreOfTheWholeTable) {
   InsertFive();
-  const auto tags = MakeRef<CTags>();
-  EXPECT_TRUE(session->LoadContactTagsWithCriteria(tags, ""));
+  const auto tags = Loaded(&CSession::LoadContactTagsWithCriteria, "");
   EXPECT_EQ(SentInAll(), Texts{"SELECT * FROM Contacts"});
   EXPECT_EQ(tags->Count(), 5);
 }
@@ -146,30 +127,20 @@ TEST_F(ContactOperations, TagsWithoutCriteriaAreOfTheWholeTable) {
 TEST_F(ContactOperations, TagOfARowOfNullsHasNothingFromTheRowBefore) {
   InsertFive();
   Run("INSERT INTO Contacts (CNT_ID) VALUES (6)");
-  const auto tags = MakeRef<CTags>();
-  EXPECT_TRUE(session->LoadContactTagsWithCriteria(tags, "CNT_ID>4 ORDER BY CNT_ID"));
+  const auto tags = Loaded(&CSession::LoadContactTagsWithCriteria, "CNT_ID>4 ORDER BY CNT_ID");
   EXPECT_EQ(TextsOf(tags), (Texts{"5 Aaron, Ann", "6 "}));
 }
 
 TEST_F(ContactOperations, TagsThatCannotBeOpenedLeaveTheCollection) {
-  const Ref<CTags> tags = WithOneTag();
-  EXPECT_FALSE(session->LoadContactTagsWithCriteria(tags, "no such column = 1"));
-  EXPECT_EQ(TextsOf(tags), Texts{"99 from before"});
-  EXPECT_EQ(session->GetErrorProcedure(), "LoadContactTagsWithCriteria");
+  ExpectTagsKept(*session, &CSession::LoadContactTagsWithCriteria, "no such column = 1", "LoadContactTagsWithCriteria");
 }
 
 TEST_F(ContactOperations, TagsOfNoRowEmptyTheCollectionAndClearAnOldError) {
-  const Ref<CTags> tags = WithOneTag();
-  LeaveAnOldError();
-  EXPECT_TRUE(session->LoadContactTagsWithCriteria(tags, "CNT_ID=5"));
-  EXPECT_EQ(tags->Count(), 0);
-  EXPECT_FALSE(session->GetErrorFlag());
+  ExpectTagsEmptied(*session, &CSession::LoadContactTagsWithCriteria, "CNT_ID=5");
 }
 
 TEST_F(ContactOperations, TagsIntoNothingAreRecorded) {
-  EXPECT_FALSE(session->LoadContactTagsWithCriteria(nullptr, ""));
-  EXPECT_EQ(session->GetErrorProcedure(), "LoadContactTagsWithCriteria");
-  EXPECT_EQ(session->GetErrorCode(), 91);
+  ExpectTagsIntoNothingRefused(*session, &CSession::LoadContactTagsWithCriteria, "LoadContactTagsWithCriteria");
 }
 
 TEST_F(ContactOperations, TagsThatFailOnTheWayKeepWhatWasAdded) {

@@ -66,7 +66,7 @@ TEST_F(DateEvents, NewContactWithBothDatesGetsOneEventEach) {
 }
 
 TEST_F(DateEvents, EventsAreLinkedToTheContact) {
-  Run("UPDATE Sequences SET SEQ_Value=41 WHERE SEQ_ID=1");
+  SetSequences({{1, 41}});
   AnnLee();
   EXPECT_EQ(Of("A", "EVE_LinkID"), "42");
   EXPECT_EQ(Of("B", "EVE_LinkID"), "42");

@@ -1,5 +1,6 @@
 #include "session/collections.h"
 #include "tests/addressbook/phone_log_fixture.h"
+#include "tests/support/collection_with_one.h"
 #include "tests/support/fault_sweep.h"
 
 namespace zef::test {
@@ -17,14 +18,6 @@ class PhoneLogOperations : public PhoneLogTest {
     Texts subjects;
     for (const Ref<CPhoneLog>& log : *logs) subjects.push_back(log->Subject);
     return subjects;
-  }
-  static Ref<CPhoneLogs> WithOneLog() {
-    auto logs = MakeRef<CPhoneLogs>();
-    auto log = MakeRef<CPhoneLog>();
-    log->ID = 99;
-    log->Subject = "from before";
-    logs->Add(log);
-    return logs;
   }
 };
 
@@ -53,36 +46,33 @@ TEST_F(PhoneLogOperations, GetPhoneLogThatFailsIsRecorded) {
 
 TEST_F(PhoneLogOperations, LoadingWithoutCriteriaSelectsTheWholeTableUnsorted) {
   InsertThree();
-  const auto logs = MakeRef<CPhoneLogs>();
-  ASSERT_TRUE(session->LoadPhoneLogsWithCriteria(logs, ""));
+  const auto logs = Loaded(&CSession::LoadPhoneLogsWithCriteria, "");
   EXPECT_EQ(SentInAll(), Texts{"SELECT * FROM PhoneLogs"});
   EXPECT_EQ(logs->Count(), 3);
 }
 
 TEST_F(PhoneLogOperations, CriteriaWithAnOrderStandInTheStatementAsTheyCome) {
   InsertThree();
-  const auto logs = MakeRef<CPhoneLogs>();
-  ASSERT_TRUE(session->LoadPhoneLogsWithCriteria(logs, "PL_ContactID=7 ORDER BY PL_Subject"));
+  const auto logs = Loaded(&CSession::LoadPhoneLogsWithCriteria, "PL_ContactID=7 ORDER BY PL_Subject");
   EXPECT_EQ(SentInAll(), Texts{"SELECT * FROM PhoneLogs WHERE PL_ContactID=7 ORDER BY PL_Subject"});
   EXPECT_EQ(SubjectsOf(logs), (Texts{"a", "b"}));
 }
 
 TEST_F(PhoneLogOperations, LoadedLogsHaveTheSessionAndClearFlags) {
   InsertThree();
-  const auto logs = MakeRef<CPhoneLogs>();
-  ASSERT_TRUE(session->LoadPhoneLogsWithCriteria(logs, "PL_ID=2"));
+  const auto logs = Loaded(&CSession::LoadPhoneLogsWithCriteria, "PL_ID=2");
   EXPECT_EQ(logs->ItemByKey("2")->Session(), session);
   EXPECT_EQ(Flags(*logs->ItemByIdx(1)), "old clear");
 }
 
 TEST_F(PhoneLogOperations, LoadingEmptiesTheCollectionFirst) {
-  const auto logs = WithOneLog();
+  const auto logs = CollectionWithOne(&CPhoneLog::Subject);
   ASSERT_TRUE(session->LoadPhoneLogsWithCriteria(logs, "PL_ID=5"));
   EXPECT_EQ(logs->Count(), 0);
 }
 
 TEST_F(PhoneLogOperations, LoadingThatCannotOpenIsRecordedAndLeavesTheCollection) {
-  const auto logs = WithOneLog();
+  const auto logs = CollectionWithOne(&CPhoneLog::Subject);
   EXPECT_FALSE(session->LoadPhoneLogsWithCriteria(logs, "no such column = 1"));
   EXPECT_EQ(session->GetErrorProcedure(), "LoadPhoneLogsWithCriteria");
   EXPECT_EQ(SubjectsOf(logs), Texts{"from before"});
@@ -91,7 +81,7 @@ TEST_F(PhoneLogOperations, LoadingThatCannotOpenIsRecordedAndLeavesTheCollection
 // ---- CreatePhoneLog
 
 TEST_F(PhoneLogOperations, CreatePhoneLogDrawsFromSequenceEleven) {
-  Run("UPDATE Sequences SET SEQ_Value=41 WHERE SEQ_ID=11");
+  SetSequences({{11, 41}});
   EXPECT_EQ(session->CreatePhoneLog()->ID, 42);
 }
 

@@ -1,6 +1,7 @@
 #include "session/collections.h"
 #include "tests/calendar/alarm_fixture.h"
 #include "tests/support/fault_sweep.h"
+#include "tests/support/item_expectations.h"
 
 namespace zef::test {
 namespace {
@@ -37,23 +38,20 @@ TEST_F(AlarmOperations, GetAlarmThatFailsAtAChildIsRecordedAndGivesNothing) {
 }
 
 TEST_F(AlarmOperations, LoadingWithoutCriteriaSelectsTheWholeTableUnsorted) {
-  const auto alarms = MakeRef<CAlarms>();
-  ASSERT_TRUE(session->LoadAlarmsWithCriteria(alarms, ""));
+  const auto alarms = Loaded(&CSession::LoadAlarmsWithCriteria, "");
   EXPECT_EQ(SentInAll(), Texts{"SELECT * FROM Alarms"});
 }
 
 TEST_F(AlarmOperations, AlarmsOfAFolderComeInTheOrderOfTheirTexts) {
   InsertFour();
-  const auto alarms = MakeRef<CAlarms>();
-  ASSERT_TRUE(session->LoadAlarms4Folder(alarms, 5));
+  const auto alarms = Loaded(&CSession::LoadAlarms4Folder, 5);
   EXPECT_EQ(SentInAll(), Texts{"SELECT * FROM Alarms WHERE ALA_FolderID=5 ORDER BY ALA_Text ASC"});
   EXPECT_EQ(TextsOf(alarms), (Texts{"A", "b", "c"}));
 }
 
 TEST_F(AlarmOperations, LoadingFetchesTheChildrenOfEachAlarm) {
   AlarmWithChildren();
-  const auto alarms = MakeRef<CAlarms>();
-  ASSERT_TRUE(session->LoadAlarmsWithCriteria(alarms, ""));
+  const auto alarms = Loaded(&CSession::LoadAlarmsWithCriteria, "");
   EXPECT_EQ(alarms->ItemByIdx(1)->Attachement->Name, "score");
   EXPECT_EQ(alarms->ItemByIdx(1)->Notification->Subject, "Sing");
 }
@@ -67,7 +65,7 @@ TEST_F(AlarmOperations, FolderThatCannotBeLoadedIsRecordedByTheLoading) {
 // ---- CreateAlarm
 
 TEST_F(AlarmOperations, CreateAlarmDrawsFromSequenceFive) {
-  Run("UPDATE Sequences SET SEQ_Value=41 WHERE SEQ_ID=5");
+  SetSequences({{5, 41}});
   EXPECT_EQ(session->CreateAlarm()->ID, 42);
 }
 
@@ -88,28 +86,18 @@ TEST_F(AlarmOperations, CreateAlarmIsRefusedToASessionThatMayOnlyRead) {
 
 TEST_F(AlarmOperations, DuplicateTakesItsNumbersInOrder) {
   const std::int32_t id = AlarmWithChildren()->ID;
-  for (const char* set : {"50 WHERE SEQ_ID=5", "70 WHERE SEQ_ID=7", "80 WHERE SEQ_ID=8", "100 WHERE SEQ_ID=10"}) {
-    Run(std::string("UPDATE Sequences SET SEQ_Value=") + set);
-  }
+  SetSequences({{5, 50}, {7, 70}, {8, 80}, {10, 100}});
   const Ref<CAlarm> copy = session->DuplicateAlarm(id);
   ASSERT_TRUE(copy);
-  EXPECT_EQ(copy->ID, 51);
+  EXPECT_EQ(SequencesDrawn(), (Texts{"5", "10", "8", "7"}));
+  ExpectNumbers(*copy, 51, 81, 71);
   EXPECT_EQ(copy->Attachement->ID, 101);
   EXPECT_EQ(copy->AttachementID, 101);
-  EXPECT_EQ(copy->Recurrence->ID, 81);
-  EXPECT_EQ(copy->RecurrenceID, 81);
-  EXPECT_EQ(copy->Notification->ID, 71);
-  EXPECT_EQ(copy->NotificationID, 71);
-  Texts drawn;
-  for (const std::string& text : SentInAll()) {
-    if (text.starts_with("SELECT SEQ_Value")) drawn.push_back(text.substr(text.rfind('=') + 1));
-  }
-  EXPECT_EQ(drawn, (Texts{"5", "10", "8", "7"}));
 }
 
 TEST_F(AlarmOperations, DuplicateIsNewAndModifiedWithAllChildren) {
   const Ref<CAlarm> copy = session->DuplicateAlarm(AlarmWithChildren()->ID);
-  EXPECT_EQ(Flags(*copy), "new modified");
+  ExpectNewWithChildren(*copy);
   EXPECT_EQ(Flags(*copy->Attachement), "new modified");
 }
 

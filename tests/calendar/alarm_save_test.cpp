@@ -108,9 +108,7 @@ TEST_F(AlarmSave, ChildrenAreSavedBeforeTheAlarmAttachementNotificationRule) {
 }
 
 TEST_F(AlarmSave, NewChildrenMakeTheReferencesTakeTheirIdentifiers) {
-  Run("UPDATE Sequences SET SEQ_Value=70 WHERE SEQ_ID=7");
-  Run("UPDATE Sequences SET SEQ_Value=80 WHERE SEQ_ID=8");
-  Run("UPDATE Sequences SET SEQ_Value=100 WHERE SEQ_ID=10");
+  SetSequences({{7, 70}, {8, 80}, {10, 100}});
   const Ref<CAlarm> alarm = AlarmWithChildren();
   EXPECT_EQ(alarm->NotificationID, 71);
   EXPECT_EQ(alarm->RecurrenceID, 81);
@@ -199,20 +197,43 @@ TEST_F(AlarmSave, DateOutOfRangeIsRecordedByTheFieldsAndUndoesTheChildren) {
 }
 
 TEST_F(AlarmSave, EveryFailureOfANewAlarmsSaveLeavesNothingBehind) {
-  std::string flags = "new modified";
-  const auto save = [&] {
-    const Ref<CAlarm> alarm = session->CreateAlarm();
-    if (!alarm) return false;
+  const auto make = [&] {
+    Ref<CAlarm> alarm = session->CreateAlarm();
+    if (!alarm) return alarm;
     alarm->Recurrence->RType = REC_WEEKLY;
     alarm->Notification->Subject = "Sing";
     alarm->Attachement->FileName = Source();
-    const bool saved = alarm->Save();
-    if (!saved) flags = Flags(*alarm);
-    return saved;
+    return alarm;
   };
-  const auto failures = FailEachCall(
-      database, *session, save, [&] { return flags; }, Unchanged::AllButSequences);
+  const auto failures = FailEachFirstSave(database, *session, make);
   EXPECT_EQ(failures.size(), 23u) << "four identifiers of four calls each, and seven of the save itself";
+}
+
+TEST_F(AlarmSave, NewAlarmWithChildrenCanBeSavedAfterAnyFailure) {
+  const Ref<CAlarm> alarm = NewAlarm();
+  alarm->Recurrence->RType = REC_WEEKLY;
+  alarm->Notification->Subject = "Sing";
+  alarm->Attachement->FileName = Source();
+  const auto state = [&] {
+    return FlagsOf(*alarm) + ", " + FlagsOf(*alarm->Attachement) + ", " + FlagsOf(*alarm->Notification) + ", " +
+           FlagsOf(*alarm->Recurrence) + ", " + std::to_string(alarm->AttachementID);
+  };
+  FailEachCall(
+      database, *session, [&] { return alarm->Save(); }, state);
+  EXPECT_EQ(Rows("Alarms INNER JOIN Attachements ON ALA_AttachementID=ATC_ID"), 1);
+  EXPECT_EQ(Rows("Alarms INNER JOIN Notifications ON ALA_NotificationID=NTF_ID"), 1);
+  EXPECT_EQ(Rows("Alarms INNER JOIN Recurrences ON ALA_RecurrenceID=REC_ID"), 1);
+}
+
+TEST_F(AlarmSave, AttachementWhoseAlarmFailedIsStoredByTheNextSave) {
+  const Ref<CAlarm> alarm = NewAlarm();
+  alarm->Attachement->FileName = Source();
+  Refuse("INSERT INTO Alarms");
+  EXPECT_FALSE(alarm->Save());
+  EXPECT_EQ(alarm->AttachementID, 0);
+  RefuseNothing();
+  EXPECT_TRUE(alarm->Save());
+  EXPECT_EQ(Stored("SELECT ATC_FileName FROM Attachements"), Source());
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include "session/collections.h"
 #include "tests/calendar/event_fixture.h"
+#include "tests/support/collection_with_one.h"
 #include "tests/support/fault_sweep.h"
+#include "tests/support/item_expectations.h"
 
 namespace zef::test {
 namespace {
@@ -21,15 +23,6 @@ class EventOperations : public EventTest {
     Run("INSERT INTO Events (EVE_ID,EVE_FolderID,EVE_Text) VALUES (2,6,'z')");
     Run("INSERT INTO Events (EVE_ID,EVE_FolderID,EVE_Text) VALUES (3,5,'A')");
     Run("INSERT INTO Events (EVE_ID,EVE_FolderID,EVE_Text) VALUES (4,5,'c')");
-  }
-  /// A collection that holds one event, to see whether it is emptied.
-  static Ref<CEvents> WithOneEvent() {
-    auto events = MakeRef<CEvents>();
-    auto event = MakeRef<CEvent>();
-    event->ID = 99;
-    event->Text = "from before";
-    events->Add(event);
-    return events;
   }
   std::string SequenceValue(int sequence) {
     return Stored("SELECT SEQ_Value FROM Sequences WHERE SEQ_ID=" + std::to_string(sequence));
@@ -67,24 +60,21 @@ TEST_F(EventOperations, GetEventThatFailsAtAChildGivesNothing) {
 
 TEST_F(EventOperations, LoadingWithoutCriteriaSelectsTheWholeTable) {
   InsertFour();
-  const auto events = MakeRef<CEvents>();
-  EXPECT_TRUE(session->LoadEventsWithCriteria(events, ""));
+  const auto events = Loaded(&CSession::LoadEventsWithCriteria, "");
   EXPECT_EQ(Sent(), Texts{"SELECT * FROM Events"});
   EXPECT_EQ(events->Count(), 4);
 }
 
 TEST_F(EventOperations, CriteriaStandInTheStatementAsTheyCome) {
   InsertFour();
-  const auto events = MakeRef<CEvents>();
-  EXPECT_TRUE(session->LoadEventsWithCriteria(events, "EVE_ID>2 ORDER BY EVE_ID DESC"));
+  const auto events = Loaded(&CSession::LoadEventsWithCriteria, "EVE_ID>2 ORDER BY EVE_ID DESC");
   EXPECT_EQ(Sent(), Texts{"SELECT * FROM Events WHERE EVE_ID>2 ORDER BY EVE_ID DESC"});
   EXPECT_EQ(TextsOf(events), (Texts{"c", "A"}));
 }
 
 TEST_F(EventOperations, LoadingFetchesTheChildrenOfEachEvent) {
   EventWithChildren();
-  const auto events = MakeRef<CEvents>();
-  ASSERT_TRUE(session->LoadEventsWithCriteria(events, ""));
+  const auto events = Loaded(&CSession::LoadEventsWithCriteria, "");
   EXPECT_EQ(Sent(), (Texts{"SELECT * FROM Events", "SELECT * FROM Notifications WHERE NTF_ID=1",
                            "SELECT * FROM Recurrences WHERE REC_ID=1"}));
   EXPECT_EQ(events->ItemByIdx(1)->Recurrence->RType, REC_WEEKLY);
@@ -92,20 +82,19 @@ TEST_F(EventOperations, LoadingFetchesTheChildrenOfEachEvent) {
 
 TEST_F(EventOperations, LoadedEventsHaveTheSessionAndClearFlags) {
   InsertFour();
-  const auto events = MakeRef<CEvents>();
-  ASSERT_TRUE(session->LoadEventsWithCriteria(events, ""));
+  const auto events = Loaded(&CSession::LoadEventsWithCriteria, "");
   EXPECT_EQ(events->ItemByIdx(1)->Session(), session);
   EXPECT_EQ(Flags(*events->ItemByIdx(1)), "old clear");
 }
 
 TEST_F(EventOperations, LoadingEmptiesTheCollectionFirst) {
-  const Ref<CEvents> events = WithOneEvent();
+  const Ref<CEvents> events = CollectionWithOne(&CEvent::Text);
   EXPECT_TRUE(session->LoadEventsWithCriteria(events, ""));
   EXPECT_EQ(events->Count(), 0);
 }
 
 TEST_F(EventOperations, LoadingThatCannotOpenLeavesTheCollection) {
-  const Ref<CEvents> events = WithOneEvent();
+  const Ref<CEvents> events = CollectionWithOne(&CEvent::Text);
   EXPECT_FALSE(session->LoadEventsWithCriteria(events, "no such column = 1"));
   EXPECT_EQ(TextsOf(events), Texts{"from before"});
   EXPECT_EQ(session->GetErrorProcedure(), "LoadEventsWithCriteria");
@@ -136,8 +125,7 @@ TEST_F(EventOperations, LoadingIntoNothingIsRecorded) {
 
 TEST_F(EventOperations, EventsOfAFolderComeInTheOrderOfTheirTexts) {
   InsertFour();
-  const auto events = MakeRef<CEvents>();
-  EXPECT_TRUE(session->LoadEvents4Folder(events, 5));
+  const auto events = Loaded(&CSession::LoadEvents4Folder, 5);
   EXPECT_EQ(Sent(), Texts{"SELECT * FROM Events WHERE EVE_FolderID=5 ORDER BY EVE_Text ASC"});
   EXPECT_EQ(TextsOf(events), (Texts{"A", "b", "c"}));
 }
@@ -146,8 +134,7 @@ TEST_F(EventOperations, FolderNamedAllEventsHoldsOnlyItsOwnEvents) {
   InsertFour();
   const std::string all = Stored("SELECT FLD_ID FROM Folders WHERE FLD_Name='All Events'");
   ASSERT_EQ(all, "6");
-  const auto events = MakeRef<CEvents>();
-  EXPECT_TRUE(session->LoadEvents4Folder(events, 6));
+  const auto events = Loaded(&CSession::LoadEvents4Folder, 6);
   EXPECT_EQ(TextsOf(events), Texts{"z"});
 }
 
@@ -160,7 +147,7 @@ TEST_F(EventOperations, FolderThatCannotBeLoadedIsRecordedByTheLoading) {
 // ---- CreateEvent
 
 TEST_F(EventOperations, CreateEventDrawsFromSequenceFour) {
-  Run("UPDATE Sequences SET SEQ_Value=41 WHERE SEQ_ID=4");
+  SetSequences({{4, 41}});
   EXPECT_EQ(session->CreateEvent()->ID, 42);
   EXPECT_EQ(session->CreateEvent()->ID, 43);
 }
@@ -205,28 +192,16 @@ TEST_F(EventOperations, CreateEventTrapsNothingWithoutAConnection) {
 // ---- DuplicateEvent
 
 TEST_F(EventOperations, DuplicateTakesTheNextNumbersOfEventRuleAndNotificationInThisOrder) {
-  Run("UPDATE Sequences SET SEQ_Value=40 WHERE SEQ_ID=4");
-  Run("UPDATE Sequences SET SEQ_Value=80 WHERE SEQ_ID=8");
-  Run("UPDATE Sequences SET SEQ_Value=70 WHERE SEQ_ID=7");
+  SetSequences({{4, 40}, {8, 80}, {7, 70}});
   Run("INSERT INTO Events (EVE_ID) VALUES (1)");
   const Ref<CEvent> copy = session->DuplicateEvent(1);
-  EXPECT_EQ(copy->ID, 41);
-  EXPECT_EQ(copy->RecurrenceID, 81);
-  EXPECT_EQ(copy->Recurrence->ID, 81);
-  EXPECT_EQ(copy->NotificationID, 71);
-  EXPECT_EQ(copy->Notification->ID, 71);
-  Texts sequences;
-  for (const std::string& text : SentInAll()) {
-    if (text.starts_with("SELECT SEQ_Value")) sequences.push_back(text.substr(text.find_last_of('=') + 1));
-  }
-  EXPECT_EQ(sequences, (Texts{"4", "8", "7"}));
+  EXPECT_EQ(SequencesDrawn(), (Texts{"4", "8", "7"}));
+  ExpectNumbers(*copy, 41, 81, 71);
 }
 
 TEST_F(EventOperations, DuplicateIsNewAndModifiedWithItsChildren) {
   const Ref<CEvent> copy = session->DuplicateEvent(EventWithChildren()->ID);
-  EXPECT_EQ(Flags(*copy), "new modified");
-  EXPECT_EQ(Flags(*copy->Recurrence), "new modified");
-  EXPECT_EQ(Flags(*copy->Notification), "new modified");
+  ExpectNewWithChildren(*copy);
 }
 
 TEST_F(EventOperations, DuplicateCarriesTheOldValues) {
@@ -271,8 +246,7 @@ TEST_F(EventOperations, SavedDuplicateWithoutChildrenHasReferencesOfMinusOne) {
 }
 
 TEST_F(EventOperations, SavedDuplicateDeletesEmptyChildrenUnderTheirPlaceholders) {
-  Run("UPDATE Sequences SET SEQ_Value=70 WHERE SEQ_ID=7");
-  Run("UPDATE Sequences SET SEQ_Value=80 WHERE SEQ_ID=8");
+  SetSequences({{7, 70}, {8, 80}});
   Run("INSERT INTO Events (EVE_ID) VALUES (99)");
   const Ref<CEvent> copy = session->DuplicateEvent(99);
   Forget();

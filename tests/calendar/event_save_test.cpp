@@ -190,8 +190,8 @@ TEST_F(EventSave, ChangedChildrenAreInsertedBeforeTheEventsRowNotificationFirst)
 }
 
 TEST_F(EventSave, NewChildrenMakeTheReferencesTakeTheirIdentifiers) {
-  Run("UPDATE Sequences SET SEQ_Value=70 WHERE SEQ_ID=7");
-  Run("UPDATE Sequences SET SEQ_Value=80 WHERE SEQ_ID=8");
+  SetSequences({{7, 70}});
+  SetSequences({{8, 80}});
   const Ref<CEvent> event = EventWithChildren();
   EXPECT_EQ(event->NotificationID, 71);
   EXPECT_EQ(event->RecurrenceID, 81);

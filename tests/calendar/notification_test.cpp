@@ -198,7 +198,7 @@ TEST_F(NotificationRecord, ValuesComeBackAsTheyWereSaved) {
 }
 
 TEST_F(NotificationRecord, FirstSaveDrawsTheIdentifierFromSequenceSeven) {
-  Run("UPDATE Sequences SET SEQ_Value=41 WHERE SEQ_ID=7");
+  SetSequences({{7, 41}});
   const Ref<CNotification> message = FullMessage();
   ASSERT_TRUE(message->Save());
   EXPECT_EQ(message->ID, 42);

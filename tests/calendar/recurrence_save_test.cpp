@@ -74,7 +74,7 @@ TEST_F(RecurrenceSave, MonthOfARowIsWrittenBack) {
 }
 
 TEST_F(RecurrenceSave, FirstSaveDrawsTheIdentifierFromSequenceEight) {
-  Run("UPDATE Sequences SET SEQ_Value=41 WHERE SEQ_ID=8");
+  SetSequences({{8, 41}});
   const Ref<CRecurrence> rule = FullRule();
   ASSERT_TRUE(rule->Save());
   EXPECT_EQ(rule->ID, 42);

@@ -232,6 +232,27 @@ TEST_F(CategoryOperations, RefusedDeleteInATransactionUndoesItAndLeavesTheFlag) 
   EXPECT_EQ(Rows("Categories"), 0);
 }
 
+TEST_F(CategoryOperations, AfterARefusedDeleteInATransactionNeitherEndNorBeginWorks) {
+  ASSERT_TRUE(session->BeginTransaction());
+  session->UserRights = DataViewer;
+  EXPECT_FALSE(session->DeleteCategory(5));
+  EXPECT_FALSE(session->BeginTransaction());
+  EXPECT_FALSE(session->CommitTransaction());
+  EXPECT_FALSE(session->RollbackTransaction());
+  EXPECT_EQ(session->GetErrorCode(), -2147168242);
+  EXPECT_TRUE(session->TransactionStarted());
+}
+
+TEST_F(CategoryOperations, AfterARefusedDeleteInATransactionTheConnectionsOwnBeginMakesTheFlagTrueAgain) {
+  ASSERT_TRUE(session->BeginTransaction());
+  session->UserRights = DataViewer;
+  EXPECT_FALSE(session->DeleteCategory(5));
+  connection().BeginTrans();
+  EXPECT_TRUE(session->RollbackTransaction());
+  EXPECT_FALSE(session->TransactionStarted());
+  EXPECT_EQ(Depth(), 0);
+}
+
 TEST_F(CategoryOperations, DeleteWithoutAConnectionRaises) {
   EXPECT_EQ(NumberRaised([] { MakeRef<CSession>()->DeleteCategory(5); }), 91);
 }

@@ -55,7 +55,7 @@ TEST_F(CategoryRecord, NullInTheKeyRaises) {
 // ---- Save
 
 TEST_F(CategoryRecord, FirstSaveDrawsFromSequenceNine) {
-  Run("UPDATE Sequences SET SEQ_Value=41 WHERE SEQ_ID=9");
+  SetSequences({{9, 41}});
   EXPECT_EQ(StoredCategory("Home")->ID, 42);
   EXPECT_EQ(Rows("Categories WHERE CAT_ID=42"), 1);
 }

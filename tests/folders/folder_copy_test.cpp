@@ -230,7 +230,29 @@ TEST_F(FolderCopy, OfATakenNameLeavesTheClientsTransaction) {
 TEST_F(FolderCopy, IntoItselfFailsWithNothingChanged) {
   InsertTasks(100, 1, 2);
   ExpectFailsWithNothingChanged(100, 100);
-  EXPECT_EQ(session->GetEntireErrorDesc(), "[CopyFolder] Error: 28 - Out of stack space");
+  EXPECT_EQ(session->GetEntireErrorDesc(),
+            "[CopyFolder] Error: 28 - Out of stack space: a folder cannot be copied into itself.");
+}
+
+TEST_F(FolderCopy, IntoItselfFailsWithNothingChangedWhenSiblingsOfTheCopyComeFirst) {
+  InsertFolder(101, 100, FT_TASKS, "A");
+  InsertFolder(102, 101, FT_TASKS, "deep");
+  InsertTasks(101, 1, 2);
+  ExpectFailsWithNothingChanged(100, 100);
+  EXPECT_EQ(session->GetErrorCode(), 28);
+}
+
+TEST_F(FolderCopy, IntoItselfIsHiddenByAnOldFailureOfTheProvider) {
+  LeaveAnOldProviderError();
+  ExpectFailsWithNothingChanged(100, 100);
+  EXPECT_EQ(session->GetErrorProcedure(), "CopyFolder");
+  EXPECT_EQ(session->GetErrorCode(), -2147217865);
+}
+
+TEST_F(FolderCopy, ToAFolderThatDoesNotExistIsHiddenByAnOldFailureOfTheProvider) {
+  LeaveAnOldProviderError();
+  ExpectFailsWithNothingChanged(100, 4711);
+  EXPECT_EQ(session->GetEntireErrorDesc(), kRolledBack + std::string("-2147217865 - No transaction is started."));
 }
 
 TEST_F(FolderCopy, OfAFolderThatIsItsOwnParentFails) {

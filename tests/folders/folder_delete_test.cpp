@@ -218,7 +218,9 @@ TEST_F(FolderDelete, ThatCannotBeginIsRecordedAndRaisesNothing) {
 TEST_F(FolderDelete, OfAFolderThatIsItsOwnParentFails) {
   Run("UPDATE Folders SET FLD_ParentID=100 WHERE FLD_ID=100");
   ExpectFailsWithNothingChanged(100);
-  EXPECT_EQ(session->GetEntireErrorDesc(), "[DeleteFolder] Error: 28 - Out of stack space");
+  EXPECT_EQ(session->GetEntireErrorDesc(),
+            "[DeleteFolder] Error: 28 - Out of stack space: the folders go in a circle, so that one of them lies below "
+            "itself.");
 }
 
 TEST_F(FolderDelete, OfFoldersThatGoInACircleFailsWithNothingChanged) {

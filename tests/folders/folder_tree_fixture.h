@@ -5,6 +5,7 @@
 #include "folders/folder.h"
 #include "tests/support/dump.h"
 #include "tests/support/fault_sweep.h"
+#include "tests/support/raised.h"
 #include "tests/support/record_fixture.h"
 
 namespace zef::test {
@@ -54,6 +55,10 @@ class FolderTreeTest : public RecordTest {
       Run("INSERT INTO Notes (NOT_ID,NOT_FolderID,NOT_Title,NOT_Text) VALUES (" + std::to_string(id) + "," +
           std::to_string(folder) + ",'Title','It''s long')");
     }
+  }
+  /// Leaves a failure in the list of the connection.
+  void LeaveAnOldProviderError() {
+    EXPECT_EQ(NumberRaised([&] { connection().Execute("SELECT * FROM NoSuchTable"); }), -2147217865);
   }
   std::string Children(std::int32_t parent) { return "Folders WHERE FLD_ParentID=" + std::to_string(parent); }
   std::string Everything() { return Dump(*database.Connect()); }

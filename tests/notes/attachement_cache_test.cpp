@@ -1,4 +1,8 @@
+#include <signal.h>
+#include <sys/resource.h>
+
 #include "tests/notes/attachement_fixture.h"
+#include "tests/support/process.h"
 
 namespace zef::test {
 namespace {
@@ -45,6 +49,13 @@ TEST_F(AttachementCache, LinkThatLeadsNowhereTakesItsName) {
   EXPECT_EQ(name, CachePath("zef2.jpg"));
 }
 
+TEST_F(AttachementCache, FolderTakesItsName) {
+  std::filesystem::create_directory(CachePath("zef1.jpg"));
+  std::string name;
+  ASSERT_TRUE(LoadedAttachement()->GetNewCacheFileName(name));
+  EXPECT_EQ(name, CachePath("zef2.jpg"));
+}
+
 TEST_F(AttachementCache, NameIsNotMadeAFile) {
   std::string name;
   ASSERT_TRUE(LoadedAttachement()->GetNewCacheFileName(name));
@@ -61,6 +72,16 @@ TEST_F(AttachementCache, DocTypeThatLeadsOutOfTheFolderIsRecordedAndLeavesTheArg
     EXPECT_EQ(session->GetErrorCode(), 75);
     EXPECT_EQ(name, "mine");
   }
+}
+
+TEST_F(AttachementCache, DocTypeWithAZeroCharacterIsRecorded) {
+  const Ref<CAttachement> attachement = NewAttachement();
+  attachement->DocType = std::string("t\0xt", 4);
+  std::string name = "mine";
+  EXPECT_FALSE(attachement->GetNewCacheFileName(name));
+  EXPECT_EQ(session->GetEntireErrorDesc(),
+            "[CAttachement.GetnewCacheFileName] Error: 75 - The name of the file holds a zero character.");
+  EXPECT_EQ(name, "mine");
 }
 
 TEST_F(AttachementCache, DocTypeThatIsTooLongForAFileNameIsRecorded) {
@@ -163,6 +184,14 @@ TEST_F(AttachementCache, FolderThatIsGoneIsRecorded) {
   EXPECT_EQ(session->GetErrorCode(), 3004);
 }
 
+TEST_F(AttachementCache, FolderThatTakesNoFileIsRecorded) {
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  attachement->CacheFileName = "/proc/zef1.jpg";
+  EXPECT_FALSE(attachement->Cache2File());
+  EXPECT_EQ(session->GetErrorProcedure(), "CAttachement.Cache2File");
+  EXPECT_EQ(session->GetErrorCode(), 3004);
+}
+
 TEST_F(AttachementCache, NameThatCannotBeFoundEndsWithItsOwnRecord) {
   const Ref<CAttachement> attachement = LoadedAttachement();
   attachement->DocType = "x/y";
@@ -189,6 +218,35 @@ TEST_F(AttachementCache, CachingIsOpenToASessionThatMayOnlyRead) {
   const Ref<CAttachement> attachement = LoadedAttachement();
   session->UserRights = DataViewer;
   EXPECT_TRUE(attachement->Cache2File());
+}
+
+/// The number of the failure of a caching that may write so many bytes to a file, over a file that is there.
+std::string FailureOfCaching(const Database& database, const std::string& source, const std::string& cache,
+                             rlim_t room) {
+  const Ref<CSession> session = database.OpenSession();
+  const auto attachement = MakeRef<CAttachement>();
+  attachement->SetSession(session);
+  attachement->FileName = source;
+  if (!attachement->Save()) return session->GetEntireErrorDesc();
+  attachement->CacheFileName = cache;
+  signal(SIGXFSZ, SIG_IGN);
+  const rlimit limit{room, room};
+  setrlimit(RLIMIT_FSIZE, &limit);
+  return attachement->Cache2File() ? "none" : std::to_string(session->GetErrorCode());
+}
+
+TEST(AttachementCacheWithoutRoom, IsRecordedAndLeavesTheOldFileAlone) {
+  const Database database;
+  const TemporaryFolder folder;
+  const std::string source = folder.path() / "source", cache = folder.path() / "cache";
+  std::ofstream(source) << std::string(100'000, 'x');
+  std::ofstream(cache) << "old";
+  Process client([&] { return FailureOfCaching(database, source, cache, 50'000); });
+  EXPECT_EQ(client.Result(), "3004");
+  std::string content;
+  std::ifstream(cache) >> content;
+  EXPECT_EQ(content, "old");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include "calendar/alarm.h"
 #include "tests/notes/attachement_fixture.h"
 #include "tests/support/fault_sweep.h"
 #include "tests/support/process.h"
@@ -49,7 +50,7 @@ TEST_F(AttachementSave, EmptyTextsAreStoredAsEmptyTexts) {
 }
 
 TEST_F(AttachementSave, NewAttachementDrawsFromSequenceTen) {
-  Run("UPDATE Sequences SET SEQ_Value=41 WHERE SEQ_ID=10");
+  SetSequences({{10, 41}});
   const Ref<CAttachement> attachement = FullAttachement();
   ASSERT_TRUE(attachement->Save());
   EXPECT_EQ(attachement->ID, 42);
@@ -197,6 +198,29 @@ TEST_F(AttachementSave, NameOf256CharactersFails) {
   EXPECT_EQ(session->GetErrorCode(), -2147217887);
 }
 
+TEST_F(AttachementSave, TextThatIsNotUtf8IsRecordedAndWritesNothing) {
+  const Ref<CAttachement> attachement = FullAttachement();
+  for (auto text : {&CAttachement::Name, &CAttachement::DocType, &CAttachement::Description}) {
+    (*attachement).*text = "caf\xe9";
+    EXPECT_FALSE(attachement->Save());
+    (*attachement).*text = "";
+  }
+  EXPECT_EQ(session->GetEntireErrorDesc(),
+            "[CAttachement.Save] Error: -2147217900 - The text for the column 'ATC_Description' is not UTF-8 text.");
+  EXPECT_EQ(Rows("Attachements"), 0);
+}
+
+TEST_F(AttachementSave, FileNameThatIsNotUtf8IsRecordedAndLeavesTheRow) {
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  const std::string latin = SourcePath() + "\xe9";
+  std::ofstream(latin) << "content";
+  attachement->FileName = latin;
+  EXPECT_FALSE(attachement->Save());
+  EXPECT_EQ(session->GetErrorDescription(), "The text for the column 'ATC_FileName' is not UTF-8 text.");
+  EXPECT_EQ(Stored("SELECT ATC_FileName FROM Attachements"), SourcePath());
+  EXPECT_EQ(Flags(*attachement), "old modified");
+}
+
 TEST_F(AttachementSave, RowThatIsGoneIsRecorded) {
   const Ref<CAttachement> attachement = LoadedAttachement();
   Run("DELETE * FROM Attachements");
@@ -217,15 +241,7 @@ TEST_F(AttachementSave, MissingSequenceIsRecordedInTheNameOfTheSaveWithItsReason
 }
 
 TEST_F(AttachementSave, EveryFailureOfANewAttachementsSaveLeavesNothingBehind) {
-  std::string flags = "new modified";
-  const auto save = [&] {
-    const Ref<CAttachement> attachement = FullAttachement();
-    const bool saved = attachement->Save();
-    if (!saved) flags = Flags(*attachement);
-    return saved;
-  };
-  const auto failures = FailEachCall(
-      database, *session, save, [&] { return flags; }, Unchanged::AllButSequences);
+  const auto failures = FailEachFirstSave(database, *session, [&] { return FullAttachement(); });
   ASSERT_EQ(failures.size(), 6u) << "four calls for the identifier, the opening and the insert";
   for (const InjectedFailure& failure : failures) EXPECT_EQ(failure.procedure, "CAttachement.Save");
 }
@@ -286,6 +302,17 @@ class LargeAttachement : public testing::Test {
            }) /
            static_cast<double>(kSize);
   }
+  /// A new alarm with the attachment.
+  static Ref<CAlarm> Attached(CAttachement& attachement) {
+    Ref<CAlarm> alarm = attachement.Session()->CreateAlarm();
+    alarm->Attachement = Ref<CAttachement>(&attachement);
+    return alarm;
+  }
+  std::string SmallSource() const {
+    const std::string path = (folder_.path() / "small").string();
+    std::ofstream(path) << "few bytes";
+    return path;
+  }
   double MostMemoryOfTheInsert() const {
     return MostMemory(false, [](CAttachement& attachement) { return attachement.Save(); });
   }
@@ -317,6 +344,45 @@ TEST_F(LargeAttachement, IsCachedWithAtMostThreeTimesItsSizeInMemory) {
                        }),
             3);
   EXPECT_EQ(std::filesystem::file_size(cache), kSize);
+}
+
+TEST_F(LargeAttachement, IsLoadedWithoutItsContentInMemory) {
+  MostMemoryOfTheInsert();
+  EXPECT_LT(MostMemory(true, [](CAttachement& attachement) { return attachement.FileName != std::string(); }), 0.5);
+}
+
+TEST_F(LargeAttachement, DoesNotBurdenTheInsertOfASmallOne) {
+  MostMemoryOfTheInsert();
+  EXPECT_LT(MostMemory(false,
+                       [this](CAttachement& attachement) {
+                         attachement.FileName = SmallSource();
+                         return attachement.Save();
+                       }),
+            0.5);
+}
+
+TEST_F(LargeAttachement, DoesNotBurdenTheLoadOfItsAlarm) {
+  ASSERT_GT(MostMemory(false, [](CAttachement& attachement) { return Attached(attachement)->Save(); }), 1);
+  EXPECT_LT(MostMemory(false,
+                       [](CAttachement& attachement) {
+                         const Ref<CAlarm> alarm = attachement.Session()->GetAlarm(1);
+                         return alarm && !alarm->Attachement->FileName->empty();
+                       }),
+            0.5);
+}
+
+TEST_F(LargeAttachement, IsInsertedByItsAlarmWithAtMostThreeTimesItsSizeInMemory) {
+  EXPECT_LT(MostMemory(false, [](CAttachement& attachement) { return Attached(attachement)->Save(); }), 3);
+}
+
+TEST_F(LargeAttachement, IsCopiedWithItsAlarmWithAtMostThreeTimesItsSizeInMemory) {
+  MostMemory(false, [](CAttachement& attachement) { return Attached(attachement)->Save(); });
+  EXPECT_LT(MostMemory(false,
+                       [](CAttachement& attachement) {
+                         const Ref<CAlarm> copy = attachement.Session()->DuplicateAlarm(1);
+                         return copy && copy->Save();
+                       }),
+            3);
 }
 
 }  // namespace

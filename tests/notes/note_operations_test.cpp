@@ -1,5 +1,6 @@
 #include "session/collections.h"
 #include "tests/notes/note_fixture.h"
+#include "tests/support/collection_with_one.h"
 #include "tests/support/fault_sweep.h"
 
 namespace zef::test {
@@ -17,14 +18,6 @@ class NoteOperations : public NoteTest {
     Texts titles;
     for (const Ref<CNote>& note : *notes) titles.push_back(note->Title);
     return titles;
-  }
-  static Ref<CNotes> WithOneNote() {
-    auto notes = MakeRef<CNotes>();
-    auto note = MakeRef<CNote>();
-    note->ID = 99;
-    note->Title = "from before";
-    notes->Add(note);
-    return notes;
   }
 };
 
@@ -53,30 +46,27 @@ TEST_F(NoteOperations, GetNoteThatFailsIsRecorded) {
 
 TEST_F(NoteOperations, LoadingWithoutCriteriaSelectsTheWholeTableUnsorted) {
   InsertThree();
-  const auto notes = MakeRef<CNotes>();
-  ASSERT_TRUE(session->LoadNotesWithCriteria(notes, ""));
+  const auto notes = Loaded(&CSession::LoadNotesWithCriteria, "");
   EXPECT_EQ(SentInAll(), Texts{"SELECT * FROM Notes"});
   EXPECT_EQ(notes->Count(), 3);
 }
 
 TEST_F(NoteOperations, NotesOfAFolderAreSelectedByItsIdentifierUnsorted) {
   InsertThree();
-  const auto notes = MakeRef<CNotes>();
-  ASSERT_TRUE(session->LoadNotes4Folder(notes, 5));
+  const auto notes = Loaded(&CSession::LoadNotes4Folder, 5);
   EXPECT_EQ(SentInAll(), Texts{"SELECT * FROM Notes WHERE NOT_FolderID=5"});
   EXPECT_THAT(TitlesOf(notes), testing::UnorderedElementsAre("a", "b"));
 }
 
 TEST_F(NoteOperations, LoadedNotesHaveTheSessionAndClearFlags) {
   InsertThree();
-  const auto notes = MakeRef<CNotes>();
-  ASSERT_TRUE(session->LoadNotesWithCriteria(notes, "NOT_ID=2"));
+  const auto notes = Loaded(&CSession::LoadNotesWithCriteria, "NOT_ID=2");
   EXPECT_EQ(notes->ItemByKey("2")->Session(), session);
   EXPECT_EQ(Flags(*notes->ItemByIdx(1)), "old clear");
 }
 
 TEST_F(NoteOperations, LoadingThatCannotOpenIsRecordedAndLeavesTheCollection) {
-  const auto notes = WithOneNote();
+  const auto notes = CollectionWithOne(&CNote::Title);
   EXPECT_FALSE(session->LoadNotesWithCriteria(notes, "no such column = 1"));
   EXPECT_EQ(session->GetErrorProcedure(), "LoadNotesWithCriteria");
   EXPECT_EQ(TitlesOf(notes), Texts{"from before"});
@@ -85,7 +75,7 @@ TEST_F(NoteOperations, LoadingThatCannotOpenIsRecordedAndLeavesTheCollection) {
 TEST_F(NoteOperations, LoadingThatFailsOnTheWayKeepsWhatWasAdded) {
   InsertThree();
   Run("UPDATE Notes SET NOT_FolderID=Null WHERE NOT_ID=2");
-  const auto notes = WithOneNote();
+  const auto notes = CollectionWithOne(&CNote::Title);
   EXPECT_FALSE(session->LoadNotesWithCriteria(notes, "NOT_ID>0 ORDER BY NOT_ID"));
   EXPECT_EQ(session->GetErrorProcedure(), "LoadNotesWithCriteria");
   EXPECT_EQ(TitlesOf(notes), Texts{"b"});
@@ -100,7 +90,7 @@ TEST_F(NoteOperations, FolderThatCannotBeLoadedIsRecordedByTheLoading) {
 // ---- CreateNote
 
 TEST_F(NoteOperations, CreateNoteDrawsFromSequenceThree) {
-  Run("UPDATE Sequences SET SEQ_Value=41 WHERE SEQ_ID=3");
+  SetSequences({{3, 41}});
   EXPECT_EQ(session->CreateNote()->ID, 42);
 }
 

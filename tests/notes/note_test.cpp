@@ -84,6 +84,38 @@ TEST_F(NoteRecord, EmptyTextsReadAsEmpty) {
   EXPECT_EQ(note->Text.get() + note->Title.get(), "");
 }
 
+/// A long text that counts how often a portion of it is fetched.
+struct CountedField {
+  std::string text;
+  std::size_t fetched = 0;
+  int chunks = 0;
+
+  std::int32_t ActualSize() const { return static_cast<std::int32_t>(text.size()); }
+  Value GetChunk(std::int32_t length) {
+    ++chunks;
+    const std::string chunk = text.substr(fetched, static_cast<std::size_t>(length));
+    fetched += chunk.size();
+    return chunk;
+  }
+};
+
+int ChunksOf(const std::string& text) {
+  constexpr Column<CNote> kText{.name = "NOT_Text", .member = &CNote::Text, .in_portions = true};
+  CountedField field{text};
+  const auto note = MakeRef<CNote>();
+  ReadPortions(*note, kText, field);
+  EXPECT_EQ(note->Text, text);
+  return field.chunks;
+}
+
+TEST(NoteText, OfNoCharactersIsNotFetched) { EXPECT_EQ(ChunksOf(""), 0); }
+
+TEST(NoteText, IsFetchedInPortionsOf128) {
+  EXPECT_EQ(ChunksOf("a"), 1);
+  EXPECT_EQ(ChunksOf(std::string(128, 'a')), 1);
+  EXPECT_EQ(ChunksOf(std::string(129, 'a')), 2);
+}
+
 TEST_F(NoteRecord, NullFolderCannotBeRead) {
   Run("INSERT INTO Notes (NOT_ID) VALUES (71)");
   EXPECT_FALSE(session->GetNote(71));

@@ -1,6 +1,8 @@
 #include "platform/stream.h"
 
 #include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -8,6 +10,7 @@
 #include <string>
 
 #include "tests/support/database.h"
+#include "tests/support/process.h"
 #include "tests/support/raised.h"
 
 namespace zef::test {
@@ -76,8 +79,42 @@ TEST_F(Streams, CannotLoadAFolder) {
   EXPECT_EQ(NumberRaised([&] { stream_.LoadFromFile(Path("")); }), 3002);
 }
 
+TEST_F(Streams, CannotLoadAFileThatTheUserMayNotRead) {
+  Put("in", "secret");
+  std::filesystem::permissions(std::filesystem::path(Path("in")).parent_path(), std::filesystem::perms::all);
+  std::filesystem::permissions(Path("in"), std::filesystem::perms::none);
+  Process child([&]() -> std::string {
+    if (geteuid() == 0 && setuid(65534) != 0) return "3002";  // cannot become another user here
+    return std::to_string(NumberRaised([&] { stream_.LoadFromFile(Path("in")); }));
+  });
+  EXPECT_EQ(child.Result(), "3002");
+}
+
+TEST_F(Streams, ReadAFileThatHasShrunkToItsNewEnd) {
+  const char* const shrunk = "/sys/kernel/mm/transparent_hugepage/enabled";  // tells a size that it does not have
+  std::error_code none;
+  if (!std::filesystem::exists(shrunk, none)) GTEST_SKIP() << "no such file on this system";
+  const std::uintmax_t told = std::filesystem::file_size(shrunk);
+  stream_.LoadFromFile(shrunk);
+  const std::size_t read = SizeRead();
+  EXPECT_GT(read, 0u);
+  EXPECT_LT(read, told);
+}
+
 TEST_F(Streams, CannotLoadAFileThatCannotBeRead) {
   EXPECT_EQ(NumberRaised([&] { stream_.LoadFromFile("/proc/self/mem"); }), 3003);
+}
+
+TEST_F(Streams, CannotLoadAFileWhoseReadingFailsOnTheWay) {
+  Process child([&]() -> std::string {
+    // With a first page, the own memory can be read up to its end and no further.
+    const int how = MAP_FIXED | MAP_PRIVATE | MAP_ANONYMOUS;
+    if (mmap(nullptr, 4096, PROT_READ | PROT_WRITE, how, -1, 0) == MAP_FAILED) return "3003, 7";  // cannot have one
+    stream_.Write(Bytes(7));
+    const std::int32_t number = NumberRaised([&] { stream_.LoadFromFile("/proc/self/mem"); });
+    return std::to_string(number) + ", " + std::to_string(SizeRead());
+  });
+  EXPECT_EQ(child.Result(), "3003, 7");
 }
 
 TEST_F(Streams, CannotLoadAFileBeyondA32BitSize) {

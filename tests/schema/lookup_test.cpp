@@ -1,70 +1,19 @@
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
-#include <map>
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include "calendar/event.h"
 #include "folders/folder.h"
-#include "platform/sql/compile.h"
-#include "platform/sql/parser.h"
-#include "platform/sqlite/functions.h"
-#include "platform/sqlite/sqlite_dialect.h"
-#include "platform/sqlite/sqlite_file.h"
-#include "platform/sqlite/sqlite_statement.h"
-#include "platform/sqlite/table_description.h"
-#include "platform/text.h"
 #include "session/collections.h"
 #include "tasks/task.h"
 #include "tests/support/engine_wrapper.h"
+#include "tests/support/planner.h"
 #include "tests/support/session_test.h"
 #include "users/user.h"
 
 namespace zef::test {
 namespace {
-
-/// The tables of a database file.
-class FileCatalog : public sql::Catalog {
- public:
-  explicit FileCatalog(sqlite3* db) : db_(db) {}
-  const sql::TableInfo* FindTable(std::string_view name) override {
-    const auto [entry, fresh] = tables_.try_emplace(text::LowerCase(name));
-    if (fresh) entry->second = DescribeTable(db_, name);
-    return entry->second.columns.empty() ? nullptr : &entry->second;
-  }
-
- private:
-  sqlite3* db_;
-  std::map<std::string, sql::TableInfo> tables_;
-};
-
-/// Tells how the engine goes about the statements of the dialect on a new database.
-class Planner {
- public:
-  explicit Planner(const std::string& path) : db_(OpenDatabaseFile(path, "")), catalog_(db_.get()) {
-    RegisterFunctions(db_.get(), [](const RunTimeError&) {});
-  }
-
-  /// The steps of a statement that walk a whole table, with a line each.
-  std::string Scans(std::string_view text, sql::CompileOptions options = {}) {
-    sql::Shape shape;
-    sql::ReadShape(text, shape);
-    const std::string written = sql::Compile(sql::Parse(shape), shape, catalog_, SqliteDialect(), options).text;
-    const StatementHandle plan = PrepareOwn(db_.get(), "EXPLAIN QUERY PLAN " + written);
-    std::string scans;
-    while (sqlite3_step(plan.get()) == SQLITE_ROW) {
-      const std::string step = reinterpret_cast<const char*>(sqlite3_column_text(plan.get(), 3));
-      if (step.starts_with("SCAN ") && step.find("CONSTANT ROW") == std::string::npos) scans += step + "\n";
-    }
-    return scans;
-  }
-
- private:
-  DatabaseHandle db_;
-  FileCatalog catalog_;
-};
 
 /// The statements by which the record classes find rows, with any values.
 constexpr const char* kLookups[] = {
@@ -131,6 +80,18 @@ INSTANTIATE_TEST_SUITE_P(Statements, Lookup, testing::ValuesIn(kLookups));
 
 TEST_F(Lookup, ByAColumnWithoutAnIndexIsToldToScan) {
   EXPECT_EQ(planner_.Scans("SELECT * FROM Tasks WHERE TSK_StatusID=1"), "SCAN Tasks\n");
+}
+
+TEST_F(Lookup, OfANameBelowAParentGoesThroughTheIndexOverBoth) {
+  const std::vector<std::string> steps =
+      planner_.Steps("SELECT * FROM Folders WHERE FLD_Name='Source' AND FLD_ParentID=300");
+  EXPECT_THAT(steps,
+              testing::ElementsAre(
+                  "MULTI-INDEX OR", "INDEX 1",
+                  "SEARCH Folders USING INDEX IX_Folders_ParentID_Name (FLD_ParentID=? AND FLD_Name=?)", "INDEX 2",
+                  "SEARCH Folders USING INDEX IX_Folders_ParentID_Name (other characters) (FLD_ParentID=? AND "
+                  "FLD_Name>?)"));
+  EXPECT_EQ(planner_.Steps("SELECT * FROM Folders WHERE FLD_ID<>7 AND FLD_ParentID=3 AND FLD_Name='x'"), steps);
 }
 
 /// The statements that operations send.

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "addressbook/contact.h"
 #include "calendar/event.h"
 #include "folders/folder.h"
 #include "tests/support/raised.h"
@@ -65,6 +66,25 @@ TEST_F(ColumnInSentence, OfAFieldThatUpdateRefuses) {
   const auto failure = Raised([&] { rs->Update(); });
   ASSERT_TRUE(failure);
   EXPECT_EQ(failure->description(), "A number lies outside of what the column 'FLD_Protected' can hold.");
+}
+
+TEST_F(ColumnInSentence, OfADateThatASaveCannotWrite) {
+  const Ref<CEvent> event = session->CreateEvent();
+  event->EndDate = Date(3e6);
+  EXPECT_FALSE(event->Save());
+  EXPECT_EQ(session->GetEntireErrorDesc(),
+            "[CEvent.GetFieldsArray] Error: 5 - The date in the column 'EVE_EndDate' lies outside of the years 100 to "
+            "9999.");
+}
+
+TEST_F(ColumnInSentence, OfADateThatGetFieldsArrayCannotWrite) {
+  const Ref<CContact> contact = session->CreateContact();
+  contact->BirthDate = Date(-1e6);
+  FieldsArray fields;
+  std::int32_t count = 0;
+  EXPECT_FALSE(contact->GetFieldsArray(FN_DATABASE, fields, count));
+  EXPECT_EQ(session->GetErrorDescription(),
+            "The date in the column 'CNT_BirthDate' lies outside of the years 100 to 9999.");
 }
 
 // ---- reading

@@ -84,7 +84,9 @@ TEST_F(NumberLimit, ClockOutOfRangeMakesSaveReturnFalse) {
   const Ref<CFolder> folder = session->GetFolder(8);
   folder->Options = 5;
   EXPECT_FALSE(folder->Save());
-  EXPECT_EQ(session->GetEntireErrorDesc(), "[CFolder.Save] Error: 5 - Invalid procedure call or argument");
+  EXPECT_EQ(session->GetEntireErrorDesc(),
+            "[CFolder.Save] Error: 5 - The date in the column 'FLD_DateLastUpdate' lies outside of the years 100 to "
+            "9999.");
 }
 
 }  // namespace

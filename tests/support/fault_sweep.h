@@ -28,6 +28,23 @@ std::vector<InjectedFailure> FailEachCall(const Database& database, CSession& se
                                           const std::function<std::string()>& state = {},
                                           Unchanged unchanged = Unchanged::AllTables, const std::string& spared = {});
 
+/// The same for the first `Save` of a record, which `make` makes anew for each run: a failed run leaves it new and
+/// modified. A run for which `make` gives Nothing has failed.
+template <class Make>
+std::vector<InjectedFailure> FailEachFirstSave(const Database& database, CSession& session, Make&& make) {
+  bool still_to_be_saved = true;
+  const auto save = [&] {
+    const auto record = make();
+    if (!record) return false;
+    const bool saved = record->Save();
+    if (!saved) still_to_be_saved = record->IsNew() && record->IsModified();
+    return saved;
+  };
+  return FailEachCall(
+      database, session, save, [&] { return std::string(still_to_be_saved ? "new modified" : "thought to be saved"); },
+      Unchanged::AllButSequences);
+}
+
 /// The identifier and the flags of a record, for `FailEachCall`.
 template <class Record>
 std::string FlagsOf(const Record& record) {

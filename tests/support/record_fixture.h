@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -50,8 +52,38 @@ class RecordTest : public SessionTest {
   Texts SentInAll() { return std::exchange(log_->texts, {}); }
   void Forget() { log_->texts.clear(); }
 
+  /// The sequences that numbers were drawn from, in their order, in what the session has sent since the last call.
+  Texts SequencesDrawn() {
+    Texts drawn;
+    for (const std::string& text : SentInAll()) {
+      if (text.starts_with("SELECT SEQ_Value")) drawn.push_back(text.substr(text.rfind('=') + 1));
+    }
+    return drawn;
+  }
+  /// What a `Save` sends, which must succeed.
+  template <class R>
+  Texts SentBySaving(const Ref<R>& record) {
+    EXPECT_TRUE(record->Save()) << session->GetEntireErrorDesc();
+    return Sent();
+  }
+  /// What an operation loads, which must succeed.
+  template <class Records, class Criteria>
+  Ref<Records> Loaded(bool (CSession::*load)(const Ref<Records>&, Criteria), std::decay_t<Criteria> criteria) {
+    auto records = MakeRef<Records>();
+    EXPECT_TRUE(((*session).*load)(records, criteria)) << session->GetEntireErrorDesc();
+    return records;
+  }
+  /// Lets each sequence have issued this number last.
+  void SetSequences(const std::map<int, int>& last) {
+    for (const auto& [sequence, number] : last) {
+      Run("UPDATE Sequences SET SEQ_Value=" + std::to_string(number) + " WHERE SEQ_ID=" + std::to_string(sequence));
+    }
+  }
+
   /// From now on every call that begins with this text fails: a statement, BEGIN, COMMIT or ROLLBACK.
   void Refuse(const std::string& beginning) { log_->refused = {beginning}; }
+  /// Such calls fail as well.
+  void AlsoRefuse(const std::string& beginning) { log_->refused.push_back(beginning); }
   void RefuseNothing() { log_->refused.clear(); }
   /// The n-th call from now on fails, rollbacks not counted, and no other.
   void FailCall(int number) { log_->fail_at = number; }

@@ -19,7 +19,7 @@ TEST_F(DueDateEvent, NewTaskWithADueDateGetsOneEvent) {
 }
 
 TEST_F(DueDateEvent, EventIsOfTypeTAndLinkedToTheTask) {
-  Run("UPDATE Sequences SET SEQ_Value=41 WHERE SEQ_ID=2");
+  SetSequences({{2, 41}});
   const Ref<CTask> task = StoredTask();
   EXPECT_EQ(task->ID, 42);
   EXPECT_EQ(Of("EVE_Type"), "T");
@@ -191,9 +191,21 @@ TEST_F(DueDateEvent, EventHasACopyOfTheRuleInARowOfItsOwn) {
   EXPECT_EQ(Rows("Recurrences"), 2);
 }
 
-TEST_F(DueDateEvent, EventOfATaskWithoutARuleHasNone) {
+TEST_F(DueDateEvent, EventOfATaskWithoutARuleHasARuleOfNoType) {
   StoredTask();
   EXPECT_EQ(session->GetEvent(1)->Recurrence->RType, 0);
+}
+
+/// Both rules end when they were made, and copying the other end changes the event's.
+TEST_F(DueDateEvent, RuleOfNoTypeHasARowIfTheEventWasMadeLaterThanTheTask) {
+  const ClockOverride moving([at = now_]() mutable { return at = AddDays(at, 1); });
+  StoredTask();
+  EXPECT_EQ(Rows("Events INNER JOIN Recurrences ON EVE_RecurrenceID=REC_ID WHERE REC_Type=0"), 1);
+}
+
+TEST_F(DueDateEvent, RuleOfNoTypeHasNoRowIfTheEventWasMadeAtTheSameMoment) {
+  StoredTask();
+  EXPECT_EQ(Rows("Recurrences"), 0);
 }
 
 TEST_F(DueDateEvent, ChangeOfTheRuleReachesTheEventsRule) {

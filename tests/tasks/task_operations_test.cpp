@@ -1,5 +1,6 @@
 #include "session/collections.h"
 #include "tests/support/fault_sweep.h"
+#include "tests/support/item_expectations.h"
 #include "tests/support/raised.h"
 #include "tests/tasks/task_fixture.h"
 
@@ -35,36 +36,23 @@ TEST_F(TaskOperations, TasksOfASubfolderAreNotLoadedWithTheParent) {
   Run("INSERT INTO Tasks (TSK_ID,TSK_FolderID) VALUES (1,5)");
   Run("INSERT INTO Tasks (TSK_ID,TSK_FolderID) VALUES (2,6)");
   Run("UPDATE Folders SET FLD_ParentID=5 WHERE FLD_ID=6");
-  const auto tasks = MakeRef<CTasks>();
-  EXPECT_TRUE(session->LoadTasks4Folder(tasks, 5));
+  const auto tasks = Loaded(&CSession::LoadTasks4Folder, 5);
   EXPECT_EQ(tasks->Count(), 1);
 }
 
 // ---- DuplicateTask
 
 TEST_F(TaskOperations, DuplicateTakesTheNextNumbersOfTaskRuleAndNotificationInThisOrder) {
-  Run("UPDATE Sequences SET SEQ_Value=40 WHERE SEQ_ID=2");
-  Run("UPDATE Sequences SET SEQ_Value=80 WHERE SEQ_ID=8");
-  Run("UPDATE Sequences SET SEQ_Value=70 WHERE SEQ_ID=7");
+  SetSequences({{2, 40}, {8, 80}, {7, 70}});
   Run("INSERT INTO Tasks (TSK_ID) VALUES (1)");
   const Ref<CTask> copy = session->DuplicateTask(1);
-  EXPECT_EQ(copy->ID, 41);
-  EXPECT_EQ(copy->RecurrenceID, 81);
-  EXPECT_EQ(copy->Recurrence->ID, 81);
-  EXPECT_EQ(copy->NotificationID, 71);
-  EXPECT_EQ(copy->Notification->ID, 71);
-  Texts sequences;
-  for (const std::string& text : SentInAll()) {
-    if (text.starts_with("SELECT SEQ_Value")) sequences.push_back(text.substr(text.find_last_of('=') + 1));
-  }
-  EXPECT_EQ(sequences, (Texts{"2", "8", "7"}));
+  EXPECT_EQ(SequencesDrawn(), (Texts{"2", "8", "7"}));
+  ExpectNumbers(*copy, 41, 81, 71);
 }
 
 TEST_F(TaskOperations, DuplicateIsNewAndModifiedWithItsChildren) {
   const Ref<CTask> copy = session->DuplicateTask(FullStoredTask());
-  EXPECT_EQ(Flags(*copy), "new modified");
-  EXPECT_EQ(Flags(*copy->Recurrence), "new modified");
-  EXPECT_EQ(Flags(*copy->Notification), "new modified");
+  ExpectNewWithChildren(*copy);
 }
 
 TEST_F(TaskOperations, DuplicateCarriesTheOldValues) {
@@ -99,8 +87,7 @@ TEST_F(TaskOperations, SavedDuplicateLeavesTheOldRowsAsTheyWere) {
 }
 
 TEST_F(TaskOperations, SavedDuplicateWithoutChildrenDeletesThemUnderTheirPlaceholders) {
-  Run("UPDATE Sequences SET SEQ_Value=70 WHERE SEQ_ID=7");
-  Run("UPDATE Sequences SET SEQ_Value=80 WHERE SEQ_ID=8");
+  SetSequences({{7, 70}, {8, 80}});
   Run("INSERT INTO Tasks (TSK_ID) VALUES (99)");
   const Ref<CTask> copy = session->DuplicateTask(99);
   Forget();

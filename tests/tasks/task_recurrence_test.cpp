@@ -1,3 +1,4 @@
+#include "tests/support/item_expectations.h"
 #include "tests/support/raised.h"
 #include "tests/tasks/task_fixture.h"
 
@@ -42,6 +43,17 @@ class TaskRecurrence : public TaskTest {
   }
   void DropSequence(int sequence) { Run("DELETE * FROM Sequences WHERE SEQ_ID=" + std::to_string(sequence)); }
 };
+
+TEST_F(TaskRecurrence, ShiftsTheDueDateByCalendarDaysWhateverTheTimeOfDay) {
+  const Ref<CTask> task = StoredTask();
+  task->Recurrence->RType = REC_YEARLY;
+  task->Recurrence->Options1 = 3;
+  task->Recurrence->Options2 = 15;
+  task->StartDate = On("3/1/2024 11:00:00 PM");
+  ASSERT_TRUE(task->ApplyRecurrence());
+  EXPECT_EQ(Shown(task->StartDate), "4/15/2024");
+  EXPECT_EQ(Shown(task->DueDate), "4/18/2024");
+}
 
 // ---- No next instance
 
@@ -170,21 +182,11 @@ TEST_F(TaskRecurrence, KeepsWhatTheTaskSays) {
 
 TEST_F(TaskRecurrence, DrawsNumbersOfTaskRuleAndNotificationInThisOrder) {
   const Ref<CTask> task = StoredTask();
-  Run("UPDATE Sequences SET SEQ_Value=40 WHERE SEQ_ID=2");
-  Run("UPDATE Sequences SET SEQ_Value=80 WHERE SEQ_ID=8");
-  Run("UPDATE Sequences SET SEQ_Value=70 WHERE SEQ_ID=7");
+  SetSequences({{2, 40}, {8, 80}, {7, 70}});
   Forget();
   EXPECT_TRUE(task->ApplyRecurrence());
-  EXPECT_EQ(task->ID, 41);
-  EXPECT_EQ(task->Recurrence->ID, 81);
-  EXPECT_EQ(task->RecurrenceID, 81);
-  EXPECT_EQ(task->Notification->ID, 71);
-  EXPECT_EQ(task->NotificationID, 71);
-  Texts sequences;
-  for (const std::string& text : SentInAll()) {
-    if (text.starts_with("SELECT SEQ_Value")) sequences.push_back(text.substr(text.find_last_of('=') + 1));
-  }
-  EXPECT_EQ(sequences, (Texts{"2", "8", "7"}));
+  EXPECT_EQ(SequencesDrawn(), (Texts{"2", "8", "7"}));
+  ExpectNumbers(*task, 41, 81, 71);
 }
 
 TEST_F(TaskRecurrence, WithoutANotificationDrawsNoNumberForOne) {
@@ -363,6 +365,24 @@ TEST_F(TaskRecurrence, DueDateThatLeavesTheCalendarClearsTheFlagsAndRecordsNothi
   EXPECT_FALSE(task->ApplyRecurrence());
   EXPECT_FALSE(session->GetErrorFlag());
   EXPECT_EQ(Flags(*task), "old clear");
+}
+
+TEST_F(TaskRecurrence, DueDateThatLeavesTheCalendarKeepsTheNewNumberAndTheOldDates) {
+  const Ref<CTask> task = StoredTask();
+  task->DueDate = On("12/31/9999");
+  task->DateCompleted = now_;
+  task->Completed = 1;
+  EXPECT_FALSE(task->ApplyRecurrence());
+  EXPECT_EQ(State(*task), "2 3/1/2024 12/31/9999 12:00:00 AM 1 0 1/1 0 1 old clear old clear old clear");
+}
+
+TEST_F(TaskRecurrence, FailedOneIsFollowedByASaveThatWritesAnEventOfNoTask) {
+  const Ref<CTask> task = StoredTask();
+  DropSequence(7);
+  EXPECT_FALSE(task->ApplyRecurrence());
+  EXPECT_TRUE(task->Save()) << session->GetEntireErrorDesc();
+  EXPECT_EQ(Rows("Tasks WHERE TSK_ID=2"), 0);
+  EXPECT_EQ(Stored("SELECT EVE_StartDate FROM Events WHERE EVE_Type='T' AND EVE_LinkID=2"), "3/11/2024");
 }
 
 TEST_F(TaskRecurrence, WithoutASessionClearsTheFlags) {

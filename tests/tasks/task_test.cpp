@@ -321,7 +321,7 @@ TEST_F(TaskRecord, GetTaskThatFailsIsRecorded) {
 }
 
 TEST_F(TaskRecord, CreateTaskTwiceGivesTwoConsecutiveIdentifiersAndNoRow) {
-  Run("UPDATE Sequences SET SEQ_Value=41 WHERE SEQ_ID=2");
+  SetSequences({{2, 41}});
   EXPECT_EQ(session->CreateTask()->ID, 42);
   EXPECT_EQ(session->CreateTask()->ID, 43);
   EXPECT_EQ(Rows("Tasks"), 0);

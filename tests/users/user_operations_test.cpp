@@ -1,6 +1,8 @@
 #include <limits>
 
+#include "tests/support/collection_with_one.h"
 #include "tests/support/fault_sweep.h"
+#include "tests/support/tags.h"
 #include "tests/users/user_fixture.h"
 
 namespace zef::test {
@@ -21,27 +23,6 @@ class UserOperations : public UserTest {
     Texts names;
     for (const Ref<CUser>& user : *users) names.push_back(user->Name);
     return names;
-  }
-  static Texts TextsOf(const Ref<CTags>& tags) {
-    Texts texts;
-    for (const Ref<CTag>& tag : *tags) texts.push_back(std::to_string(tag->ID) + " " + tag->Text);
-    return texts;
-  }
-  static Ref<CUsers> WithOneUser() {
-    auto users = MakeRef<CUsers>();
-    auto user = MakeRef<CUser>();
-    user->ID = 99;
-    user->Name = "from before";
-    users->Add(user);
-    return users;
-  }
-  static Ref<CTags> WithOneTag() {
-    auto tags = MakeRef<CTags>();
-    auto tag = MakeRef<CTag>();
-    tag->ID = 99;
-    tag->Text = "from before";
-    tags->Add(tag);
-    return tags;
   }
 };
 
@@ -208,40 +189,31 @@ TEST_F(UserOperations, EveryFailureOfADeleteIsRecordedAndLeavesTheRow) {
 
 TEST_F(UserOperations, TagsHaveIdentifierAndFullNameOfEachRow) {
   InsertThree();
-  const auto tags = MakeRef<CTags>();
-  EXPECT_TRUE(session->LoadUserTags(tags, "USR_ID>1 ORDER BY USR_ID DESC"));
+  const auto tags = Loaded(&CSession::LoadUserTags, "USR_ID>1 ORDER BY USR_ID DESC");
   EXPECT_EQ(SentInAll(), Texts{"SELECT * FROM Users WHERE USR_ID>1 ORDER BY USR_ID DESC"});
   EXPECT_EQ(TextsOf(tags), (Texts{"3 Eve Adams", "2 Pat O'Brien"}));
 }
 
 TEST_F(UserOperations, TagsWithoutCriteriaAreOfTheWholeTable) {
   InsertThree();
-  const auto tags = MakeRef<CTags>();
-  EXPECT_TRUE(session->LoadUserTags(tags, ""));
+  const auto tags = Loaded(&CSession::LoadUserTags, "");
   EXPECT_EQ(SentInAll(), Texts{"SELECT * FROM Users"});
   EXPECT_EQ(tags->Count(), 3);
 }
 
 TEST_F(UserOperations, TagsOfNoRowEmptyTheCollectionAndClearAnOldError) {
-  const Ref<CTags> tags = WithOneTag();
-  LeaveAnOldError();
-  EXPECT_TRUE(session->LoadUserTags(tags, "USR_ID=99"));
-  EXPECT_EQ(tags->Count(), 0);
-  EXPECT_FALSE(session->GetErrorFlag());
+  ExpectTagsEmptied(*session, &CSession::LoadUserTags, "USR_ID=99");
 }
 
 TEST_F(UserOperations, TagsThatCannotBeOpenedLeaveTheCollection) {
-  const Ref<CTags> tags = WithOneTag();
-  EXPECT_FALSE(session->LoadUserTags(tags, "NoSuchColumn=1"));
-  EXPECT_EQ(TextsOf(tags), Texts{"99 from before"});
-  EXPECT_EQ(session->GetErrorProcedure(), "LoadUserTags");
+  ExpectTagsKept(*session, &CSession::LoadUserTags, "NoSuchColumn=1", "LoadUserTags");
   EXPECT_EQ(session->GetErrorCode(), kNoSuchColumn);
 }
 
 TEST_F(UserOperations, TagsStopAtANullInTheFullNameAndKeepWhatWasAdded) {
   InsertThree();
   Run("UPDATE Users SET USR_FullName=Null WHERE USR_ID=2");
-  const Ref<CTags> tags = WithOneTag();
+  const Ref<CTags> tags = CollectionWithOne(&CTag::Text);
   EXPECT_FALSE(session->LoadUserTags(tags, "USR_ID>0 ORDER BY USR_ID"));
   EXPECT_EQ(session->GetEntireErrorDesc(),
             "[LoadUserTags] Error: 94 - Invalid use of Null in the column 'USR_FullName'");
@@ -267,8 +239,7 @@ TEST_F(UserOperations, TagsOfATableWithoutFullNamesAreRecorded) {
 TEST_F(UserOperations, TagsDoNotNeedTheOtherColumns) {
   InsertThree();
   Run("ALTER TABLE Users DROP COLUMN USR_Email");
-  const auto tags = MakeRef<CTags>();
-  EXPECT_TRUE(session->LoadUserTags(tags, ""));
+  const auto tags = Loaded(&CSession::LoadUserTags, "");
   EXPECT_EQ(tags->Count(), 3);
 }
 
@@ -283,45 +254,39 @@ TEST_F(UserOperations, TagsOfOneIdentifierTwiceAreLoadedOnce) {
 
 TEST_F(UserOperations, TagsHaveAnEmptyFullName) {
   Run("INSERT INTO Users (USR_ID,USR_FullName) VALUES (5,'')");
-  const auto tags = MakeRef<CTags>();
-  EXPECT_TRUE(session->LoadUserTags(tags, ""));
+  const auto tags = Loaded(&CSession::LoadUserTags, "");
   EXPECT_EQ(TextsOf(tags), Texts{"5 "});
 }
 
 TEST_F(UserOperations, TagsIntoNothingAreRecorded) {
-  EXPECT_FALSE(session->LoadUserTags(nullptr, ""));
-  EXPECT_EQ(session->GetErrorProcedure(), "LoadUserTags");
-  EXPECT_EQ(session->GetErrorCode(), 91);
+  ExpectTagsIntoNothingRefused(*session, &CSession::LoadUserTags, "LoadUserTags");
 }
 
 // ---- LoadUsersWithCriteria
 
 TEST_F(UserOperations, LoadingWithoutCriteriaSelectsTheWholeTableUnsorted) {
   InsertThree();
-  const auto users = MakeRef<CUsers>();
-  ASSERT_TRUE(session->LoadUsersWithCriteria(users, ""));
+  const auto users = Loaded(&CSession::LoadUsersWithCriteria, "");
   EXPECT_EQ(SentInAll(), Texts{"SELECT * FROM Users"});
   EXPECT_EQ(users->Count(), 3);
 }
 
 TEST_F(UserOperations, CriteriaStandInTheStatementAsTheyCome) {
   InsertThree();
-  const auto users = MakeRef<CUsers>();
-  ASSERT_TRUE(session->LoadUsersWithCriteria(users, "USR_ID<3 ORDER BY USR_Name DESC"));
+  const auto users = Loaded(&CSession::LoadUsersWithCriteria, "USR_ID<3 ORDER BY USR_Name DESC");
   EXPECT_EQ(SentInAll(), Texts{"SELECT * FROM Users WHERE USR_ID<3 ORDER BY USR_Name DESC"});
   EXPECT_EQ(NamesOf(users), (Texts{"o'b", "ann"}));
 }
 
 TEST_F(UserOperations, LoadedUsersHaveTheirKeysTheSessionAndClearFlags) {
   InsertThree();
-  const auto users = MakeRef<CUsers>();
-  ASSERT_TRUE(session->LoadUsersWithCriteria(users, ""));
+  const auto users = Loaded(&CSession::LoadUsersWithCriteria, "");
   EXPECT_EQ(users->ItemByKey("2")->Session(), session);
   EXPECT_EQ(Flags(*users->ItemByKey("2")), "old clear");
 }
 
 TEST_F(UserOperations, LoadingNoRowEmptiesTheCollection) {
-  const Ref<CUsers> users = WithOneUser();
+  const Ref<CUsers> users = CollectionWithOne(&CUser::Name);
   LeaveAnOldError();
   EXPECT_TRUE(session->LoadUsersWithCriteria(users, "USR_ID=5"));
   EXPECT_EQ(users->Count(), 0);
@@ -329,7 +294,7 @@ TEST_F(UserOperations, LoadingNoRowEmptiesTheCollection) {
 }
 
 TEST_F(UserOperations, LoadingWithABadCriterionIsRecordedAndLeavesTheCollection) {
-  const Ref<CUsers> users = WithOneUser();
+  const Ref<CUsers> users = CollectionWithOne(&CUser::Name);
   EXPECT_FALSE(session->LoadUsersWithCriteria(users, "NoSuchColumn=1"));
   EXPECT_EQ(session->GetErrorProcedure(), "LoadUsersWithCriteria");
   EXPECT_EQ(session->GetErrorCode(), kNoSuchColumn);
@@ -346,7 +311,7 @@ TEST_F(UserOperations, LoadingThatStopsOnTheWayKeepsWhatWasAdded) {
   AllowNullInTheKey();
   InsertThree();
   Run("UPDATE Users SET USR_ID=Null WHERE USR_ID=2");
-  const Ref<CUsers> users = WithOneUser();
+  const Ref<CUsers> users = CollectionWithOne(&CUser::Name);
   EXPECT_FALSE(session->LoadUsersWithCriteria(users, "USR_Name<>'' ORDER BY USR_FullName DESC"));
   EXPECT_EQ(session->GetErrorCode(), 94);
   EXPECT_EQ(users->Count(), 0);

@@ -79,7 +79,7 @@ TEST_F(UserSave, OfAnUntouchedOneClearsAnOldError) {
 }
 
 TEST_F(UserSave, ForTheFirstTimeDrawsFromSequenceSix) {
-  Run("UPDATE Sequences SET SEQ_Value=41 WHERE SEQ_ID=6");
+  SetSequences({{6, 41}});
   const Ref<CUser> user = NewUser("ann");
   ASSERT_TRUE(user->Save());
   EXPECT_EQ(user->ID, 42);
@@ -105,7 +105,7 @@ TEST_F(UserSave, WithoutItsSequenceFailsInTheNameOfTheSequence) {
 }
 
 TEST_F(UserSave, BehindTheLastIdentifierFails) {
-  Run("UPDATE Sequences SET SEQ_Value=2147483647 WHERE SEQ_ID=6");
+  SetSequences({{6, 2147483647}});
   EXPECT_FALSE(NewUser("ann")->Save());
   EXPECT_EQ(session->GetErrorProcedure(), "GetUniqueIDFromSeq");
 }
@@ -206,7 +206,7 @@ TEST_F(UserSave, OfADateOutOfRangeFailsBeforeAnIdentifierIsDrawn) {
 }
 
 TEST_F(UserSave, UnderAnIdentifierThatIsTakenFails) {
-  Run("UPDATE Sequences SET SEQ_Value=60 WHERE SEQ_ID=6");
+  SetSequences({{6, 60}});
   StoredUser();
   EXPECT_FALSE(NewUser("ann")->Save());
   EXPECT_EQ(session->GetErrorProcedure(), "CUser.Save");

@@ -174,6 +174,20 @@ TEST_P(Recordsets, RefuseAValueThatDoesNotFitAndWriteNothing) {
   EXPECT_EQ(Text("SELECT Word FROM Numbers WHERE N=2"), "two");
 }
 
+TEST_P(Recordsets, RefuseATextThatIsNotUtf8) {
+  const Ref<Recordset> changed = Open("SELECT * FROM Numbers WHERE N=1");
+  const Ref<Recordset> added = Open("Numbers", adLockOptimistic, adCmdTable);
+  added->AddNew();
+  added->Fields().Item("N").SetValue(std::int32_t{4});
+  for (const Ref<Recordset>& rs : {changed, added}) {
+    for (const char* malformed : {"caf\xe9", "\xc3", "\xed\xa0\x80"}) {
+      rs->Fields().Item("Note").SetValue(std::string(malformed));
+      EXPECT_EQ(NumberOf([&] { rs->Update(); }), -2147217900);
+    }
+  }
+  EXPECT_EQ(Rows("SELECT Note FROM Numbers WHERE N IN (1,4)"), "a");
+}
+
 TEST_P(Recordsets, RefuseToWriteARowThatIsGone) {
   const Ref<Recordset> rs = Open("SELECT * FROM Numbers WHERE N=2");
   Execute("DELETE FROM Numbers WHERE N=2");

@@ -11,7 +11,8 @@ TEST(CompileConditionTest, TextColumnWithoutIndexFollowsTheCollation) {
 
 TEST(CompileConditionTest, IndexedTextColumnEqualToPlainTextUsesTheIndex) {
   EXPECT_EQ(Where("FLD_Name='a'"),
-            R"(("FLD_Name" = ?1 OR ("FLD_Name" > '' AND "FLD_Name" GLOB '*[^ -~]*' AND zef_equals("FLD_Name", ?1))))");
+            R"((likelihood("FLD_Name" = ?1, 0.00001) OR ("FLD_Name" > '' AND "FLD_Name" GLOB '*[^ -~]*' AND )"
+            R"(zef_equals("FLD_Name", ?1))))");
 }
 
 TEST(CompileConditionTest, LiteralBeforeIndexedColumnIsTurned) {

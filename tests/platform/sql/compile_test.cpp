@@ -22,6 +22,23 @@ TEST(CompileSelectTest, StarBecomesTheDeclaredColumns) {
   EXPECT_EQ(Written("select * from seen"), R"(SELECT "SEE_User", "SEE_Date" FROM "Seen")");
 }
 
+TEST(CompileSelectTest, BinaryColumnOfATableIsLeftToBeFetched) {
+  const CompiledStatement statement = CompileText("SELECT EVE_ID, EVE_Data FROM Events ORDER BY EVE_Data").statement;
+  EXPECT_EQ(statement.text, R"(SELECT "EVE_ID", rowid FROM "Events" ORDER BY "EVE_Data")");
+  ASSERT_EQ(statement.later.size(), 1u);
+  EXPECT_EQ(statement.later[0].position, 1);
+  EXPECT_EQ(statement.later[0].text, R"(SELECT "EVE_Data" FROM "Events" WHERE rowid = ?1)");
+}
+
+TEST(CompileSelectTest, BinaryColumnOfWhatIsNoRowOfATableIsNotLeft) {
+  for (const char* text :
+       {"SELECT DISTINCT EVE_Data FROM Events", "SELECT EVE_Data FROM Events, Seen",
+        "SELECT EVE_Data FROM Events GROUP BY EVE_Data", "SELECT EVE_Data FROM (SELECT * FROM Events) AS t",
+        "SELECT EVE_Data FROM Events UNION SELECT EVE_Data FROM Events"}) {
+    EXPECT_TRUE(CompileText(text).statement.later.empty()) << text;
+  }
+}
+
 TEST(CompileSelectTest, NamesOfResultColumnsAreAsDeclared) {
   EXPECT_THAT(Names(CompileText("SELECT fld_id, FLD_NAME AS x FROM folders").statement), ElementsAre("FLD_ID", "x"));
 }

@@ -25,7 +25,8 @@ class StoredRow {
  public:
   explicit StoredRow(const std::string& values) {
     sqlite3_open(":memory:", &db_);
-    statement_.emplace(db_, "SELECT " + values, failure_);
+    compiled_.text = "SELECT " + values;
+    statement_.emplace(db_, compiled_, failure_);
     statement_->Next();
   }
   ~StoredRow() {
@@ -39,6 +40,7 @@ class StoredRow {
 
  private:
   sqlite3* db_ = nullptr;
+  sql::CompiledStatement compiled_;
   std::optional<RunTimeError> failure_;
   std::optional<SqliteStatement> statement_;
 };
