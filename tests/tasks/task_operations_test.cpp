@@ -40,6 +40,15 @@ TEST_F(TaskOperations, TasksOfASubfolderAreNotLoadedWithTheParent) {
   EXPECT_EQ(tasks->Count(), 1);
 }
 
+TEST_F(TaskOperations, FolderNamedAllTasksHoldsOnlyItsOwnTasks) {
+  Run("UPDATE Folders SET FLD_Name='All Tasks',FLD_Protected=1 WHERE FLD_ID=3");
+  Run("INSERT INTO Tasks (TSK_ID,TSK_FolderID) VALUES (1,3)");
+  Run("INSERT INTO Tasks (TSK_ID,TSK_FolderID) VALUES (2,11)");
+  const auto tasks = Loaded(&CSession::LoadTasks4Folder, 3);
+  ASSERT_EQ(tasks->Count(), 1);
+  EXPECT_EQ(tasks->ItemByIdx(1)->ID, 1);
+}
+
 // ---- DuplicateTask
 
 TEST_F(TaskOperations, DuplicateTakesTheNextNumbersOfTaskRuleAndNotificationInThisOrder) {
