@@ -1,7 +1,10 @@
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include "platform/text.h"
+#include "platform/text_file.h"
 #include "tests/notes/note_fixture.h"
+#include "tests/support/process.h"
 
 namespace zef::test {
 namespace {
@@ -103,6 +106,52 @@ TEST_F(NoteFile, FileThatCannotBeReadToItsEndLeavesWhatWasRead) {
   EXPECT_EQ(session->GetErrorProcedure(), "CNote.ReadFromFile");
   EXPECT_EQ(note_->Text, "");
   EXPECT_EQ(Flags(*note_), "old modified");
+}
+
+TEST_F(NoteFile, ReadingWithAllFileNumbersTakenIsRecordedAndLeavesTheNote) {
+  const std::string path = FileOf("other");
+  for (std::int32_t number = 1; number <= 511; ++number) OpenForOutput(path + ".taken", number);
+  EXPECT_FALSE(Read(path));
+  EXPECT_EQ(session->GetErrorProcedure(), "CNote.ReadFromFile");
+  EXPECT_EQ(session->GetErrorCode(), 67);
+  EXPECT_EQ(note_->Text, "a text");
+  for (std::int32_t number = 1; number <= 511; ++number) CloseFile(number);
+}
+
+/// What a reading ends with that may use so much memory: the result, the failure and the length of what was read.
+std::string EndOfReading(const std::string& path, rlim_t room) {
+  const auto session = MakeRef<CSession>();
+  session->conDBConnection = MakeRef<Connection>();
+  const auto note = MakeRef<CNote>();
+  note->SetSession(session);
+  const rlimit limit{room, room};
+  setrlimit(RLIMIT_DATA, &limit);
+  if (note->ReadFromFile(path)) return "read whole";
+  return session->GetErrorProcedure() + " " + std::to_string(session->GetErrorCode()) + " " + note->Text->substr(0, 6);
+}
+
+TEST(NoteFileWithoutMemory, FileThatMemoryCannotHoldLeavesWhatWasRead) {
+#ifdef __SANITIZE_ADDRESS__
+  GTEST_SKIP() << "the address sanitizer needs more memory than the limit leaves";
+#endif
+  const TemporaryFolder folder;
+  const std::string path = folder.path() / "note.txt";
+  std::ofstream(path) << "begins";
+  std::filesystem::resize_file(path, std::uintmax_t{200} << 20);
+  Process child([&] { return EndOfReading(path, rlim_t{64} << 20); });
+  EXPECT_EQ(child.Result(), "CNote.ReadFromFile 7 begins");
+}
+
+TEST_F(NoteFile, ExportOfANoteIsReadAsPlainText) {
+  const std::string path = FileOf("");
+  const Ref<CNote> exported = NewNote();
+  exported->Title = "other title";
+  exported->Text = "other text";
+  ASSERT_TRUE(exported->Save2File(path));
+  ASSERT_TRUE(Read(path));
+  EXPECT_EQ(note_->Title, "a title");
+  EXPECT_THAT(note_->Text.get(),
+              testing::AllOf(testing::HasSubstr("other title\r\n"), testing::HasSubstr("other text")));
 }
 
 TEST_F(NoteFile, ReadingClearsAnOldError) {
