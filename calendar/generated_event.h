@@ -11,8 +11,6 @@
 
 namespace zef {
 
-class CRecurrence;
-
 /// A kind of event that the library writes for another record: its type and the condition that finds its folder. Such
 /// an event is found again by type, link and folder, never by an identifier stored at its owner.
 struct GeneratedKind {

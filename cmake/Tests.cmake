@@ -31,6 +31,11 @@ foreach(folder IN LISTS folders)
     add_dependencies(${target} zef)
     target_compile_definitions(${target} PRIVATE "ZEF_BINARY=\"$<TARGET_FILE:zef>\"")
   endif()
+  if(folder STREQUAL "component")
+    add_dependencies(${target} ZEFComponents)
+    target_link_libraries(${target} PRIVATE zefcomponent ${CMAKE_DL_LIBS})
+    target_compile_definitions(${target} PRIVATE "ZEF_LIBRARY=\"$<TARGET_FILE:ZEFComponents>\"")
+  endif()
   set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
   gtest_discover_tests(${target}
     TEST_PREFIX "${folder}." WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" DISCOVERY_TIMEOUT 60

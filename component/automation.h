@@ -158,6 +158,12 @@ struct SAFEARRAY {
   SAFEARRAYBOUND rgsabound[1];
 };
 
+/// What makes a variant 24 bytes long; no value of this library is one.
+struct VariantRecord {
+  void* pvRecord;
+  void* pRecInfo;
+};
+
 struct VARIANT {
   VARTYPE vt;
   WORD wReserved1;
@@ -200,10 +206,7 @@ struct VARIANT {
     SAFEARRAY** pparray;
     VARIANT* pvarVal;
     void* byref;
-    struct {
-      void* pvRecord;
-      void* pRecInfo;
-    } record;
+    VariantRecord record;
   };
 };
 using VARIANTARG = VARIANT;
@@ -329,12 +332,29 @@ inline std::size_t SafeArrayElements(const SAFEARRAY* array) {
   for (USHORT i = 0; i < array->cDims; ++i) elements *= array->rgsabound[i].cElements;
   return elements;
 }
+inline HRESULT VariantClear(VARIANT* variant);
+
+/// Frees one element of an array with these features.
+inline void SafeArrayClearElement(USHORT features, void* element) {
+  constexpr USHORT kTexts = 0x0100;
+  constexpr USHORT kObjects = 0x0200 | 0x0400;
+  constexpr USHORT kVariants = 0x0800;
+  if ((features & kTexts) != 0) {
+    SysFreeString(*static_cast<BSTR*>(element));
+  } else if ((features & kObjects) != 0) {
+    IUnknown* const object = *static_cast<IUnknown**>(element);
+    if (object != nullptr) object->Release();
+  } else if ((features & kVariants) != 0) {
+    VariantClear(static_cast<VARIANT*>(element));
+  }
+}
+
+/// Frees the array and what its elements own.
 inline HRESULT SafeArrayDestroy(SAFEARRAY* array) {
   if (array == nullptr) return S_OK;
-  constexpr USHORT kTexts = 0x0100;
-  if ((array->fFeatures & kTexts) != 0) {
-    auto* const texts = static_cast<BSTR*>(array->pvData);
-    for (std::size_t i = 0; i < SafeArrayElements(array); ++i) SysFreeString(texts[i]);
+  const std::size_t elements = array->pvData == nullptr ? 0 : SafeArrayElements(array);
+  for (std::size_t i = 0; i < elements; ++i) {
+    SafeArrayClearElement(array->fFeatures, static_cast<char*>(array->pvData) + i * array->cbElements);
   }
   std::free(array->pvData);
   std::free(array);

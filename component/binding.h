@@ -46,7 +46,7 @@ inline constexpr bool kSame = std::is_same_v<Stated, Actual> ||
                               (std::is_enum_v<Stated> && std::is_same_v<Actual, Long>);
 
 template <class Stated>
-consteval Type TypeOf() {
+constexpr Type TypeOf() {
   if constexpr (std::is_void_v<Stated>) {
     return {};
   } else {
@@ -74,6 +74,8 @@ class Passed {
  private:
   static_assert(kSame<Held, Kept>, "the description states another type of argument");
   static_assert(How::kByReference || !kGivenBack, "the member changes an argument that is described as a value");
+  static constexpr bool kReferenceIsExact = How::kByReference && Crossing<Held>::kType.kind != VT_VARIANT;
+  static_assert(kReferenceIsExact || !kGivenBack, "a variable of any kind cannot be written back");
 
  public:
   Passed(const Call& call, std::size_t place) : variant_(call.arguments[place]), value_(In(place)) {}
@@ -92,7 +94,7 @@ class Passed {
   Kept In(std::size_t place) const {
     if (variant_ == nullptr) return Default();
     try {
-      if constexpr (How::kByReference) CheckReference();
+      if constexpr (kReferenceIsExact) CheckReference(*variant_, Crossing<Held>::kType.kind);
       return static_cast<Kept>(Crossing<Held>::In(*variant_));
     } catch (const ConversionFailure& failure) {
       throw ArgumentFailure(failure.result, place);
@@ -106,15 +108,6 @@ class Passed {
       return Kept();
     }
   }
-  /// A reference must be of the very type or of a variant.
-  void CheckReference() const {
-    constexpr VARTYPE kKind = Crossing<Held>::kType.kind;
-    const VARTYPE kind = variant_->vt;
-    if ((kind & VT_BYREF) == 0 || kKind == VT_VARIANT) return;
-    const bool exact = kind == (VT_BYREF | kKind) || kind == (VT_BYREF | VT_VARIANT);
-    if (!exact || variant_->byref == nullptr) throw ConversionFailure(DISP_E_TYPEMISMATCH);
-  }
-
   const VARIANT* variant_;
   Kept value_;
 };
@@ -189,7 +182,7 @@ struct ArgumentsOf;
 template <class Result, class... Stated, class... Parameters>
 struct ArgumentsOf<Result(Stated...), std::tuple<Parameters...>> {
   template <class... Names>
-  static consteval void Describe(Member& member, Names... names) {
+  static constexpr void Describe(Member& member, Names... names) {
     static_assert(sizeof...(Names) == sizeof...(Stated), "every argument has a name");
     member.type = TypeOf<Result>();
     (Add<Stated, Parameters>(member, names), ...);
@@ -197,7 +190,7 @@ struct ArgumentsOf<Result(Stated...), std::tuple<Parameters...>> {
 
  private:
   template <class One, class Parameter>
-  static consteval void Add(Member& member, std::string_view name) {
+  static constexpr void Add(Member& member, std::string_view name) {
     using How = Passing<One>;
     Argument& argument = member.arguments[member.argument_count++];
     argument.name = name;
@@ -214,30 +207,30 @@ template <class T>
 struct Members {
   /// A variable that is a field of its own.
   template <auto Variable, class Stated>
-  static consteval Member Field(std::string_view name) {
+  static constexpr Member Field(std::string_view name) {
     return Variables<Variable, Stated>(name, Kind::Field);
   }
   /// A variable that is shown as a property with get and let, or set.
   template <auto Variable, class Stated>
-  static consteval Member Property(std::string_view name) {
+  static constexpr Member Property(std::string_view name) {
     return Variables<Variable, Stated>(name, Kind::Property);
   }
   /// A property of two C++ functions.
   template <auto Get, auto Set, class Stated>
-  static consteval Member Property(std::string_view name) {
+  static constexpr Member Property(std::string_view name) {
     Member member = ReadOnly<Get, Stated()>(name);
     member.put = &Bound<T, Set, void(Stated), typename ParametersOf<decltype(Set)>::Types>::Run;
     return member;
   }
   /// A property with get alone, perhaps with arguments.
   template <auto Get, class Signature, class... Names>
-  static consteval Member ReadOnly(std::string_view name, Names... arguments) {
+  static constexpr Member ReadOnly(std::string_view name, Names... arguments) {
     Member member = Function<Get, Signature>(name, arguments...);
     member.kind = Kind::Property;
     return member;
   }
   template <auto Call, class Signature, class... Names>
-  static consteval Member Function(std::string_view name, Names... arguments) {
+  static constexpr Member Function(std::string_view name, Names... arguments) {
     using Parameters = typename ParametersOf<decltype(Call)>::Types;
     Member member{.name = name, .get = &Bound<T, Call, Signature, Parameters>::Run};
     ArgumentsOf<Signature, Parameters>::Describe(member, std::string_view(arguments)...);
@@ -261,7 +254,7 @@ struct Members {
   };
 
   template <auto Variable, class Stated>
-  static consteval Member Variables(std::string_view name, Kind kind) {
+  static constexpr Member Variables(std::string_view name, Kind kind) {
     return {.name = name,
             .kind = kind,
             .type = TypeOf<Stated>(),

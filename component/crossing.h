@@ -74,11 +74,15 @@ struct Crossing<PositionOrKey> {
   }
 };
 
-/// Goes out only: every member that takes one makes it anew.
+/// Its content goes out only: every member that takes one makes it anew.
 template <>
 struct Crossing<FieldsArray> {
   static constexpr Type kType{VT_ARRAY | VT_BSTR, {}, false};
-  static FieldsArray In(const VARIANT&) { return {}; }
+  static FieldsArray In(const VARIANT& variant) {
+    const VARTYPE kind = Locate(variant).kind;
+    if (kind != VT_EMPTY && (kind & VT_ARRAY) == 0) throw ConversionFailure(DISP_E_TYPEMISMATCH);
+    return {};
+  }
   static void Out(VARIANT& variant, const FieldsArray& value) { Give(variant, value); }
 };
 

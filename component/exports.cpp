@@ -13,3 +13,5 @@ ZEF_EXPORT HRESULT DllCanUnloadNow() { return zef::component::CanUnloadNow(); }
 ZEF_EXPORT HRESULT DllRegisterServer() { return zef::component::Register(zef::component::PublicClasses()); }
 
 ZEF_EXPORT HRESULT DllUnregisterServer() { return zef::component::Unregister(zef::component::PublicClasses()); }
+
+__attribute__((destructor)) static void EndOfLibrary() { zef::component::Unload(); }

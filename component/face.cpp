@@ -21,6 +21,10 @@ IID OwnInterface() {
   return own;
 }
 
+/// The face that was last asked for that interface on this thread. A client's object may claim any interface; only what
+/// has answered here is one of ours.
+thread_local constinit Face* answering = nullptr;
+
 }  // namespace
 
 Face* Face::Of(const Class& described, Object object) {
@@ -33,11 +37,11 @@ Face* Face::Of(const Class& described, Object object) {
 }
 
 Face* Face::Behind(IUnknown* unknown) {
+  answering = nullptr;
   void* own = nullptr;
   if (FAILED(unknown->QueryInterface(OwnInterface(), &own)) || own == nullptr) return nullptr;
-  auto* const face = static_cast<Face*>(own);
-  face->Release();  // the caller's reference keeps it
-  return face;
+  static_cast<IUnknown*>(own)->Release();  // the caller's reference keeps it
+  return own == answering ? answering : nullptr;
 }
 
 Face::Face(const Class& described, Object object) : described_(described), object_(object) {
@@ -63,7 +67,9 @@ Face::~Face() {
 
 HRESULT Face::QueryInterface(REFIID riid, void** object) {
   if (object == nullptr) return E_POINTER;
-  if (riid == IID_IUnknown || riid == IID_IDispatch || riid == InterfaceOf(described_) || riid == OwnInterface()) {
+  const bool asked_within = riid == OwnInterface();
+  if (asked_within) answering = this;
+  if (asked_within || riid == IID_IUnknown || riid == IID_IDispatch || riid == InterfaceOf(described_)) {
     *object = this;
     AddRef();
     return S_OK;

@@ -12,8 +12,6 @@ namespace {
 
 using Side = void (*)(const Call&);
 
-constexpr WORD kPuts = DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF;
-
 /// The side of a member that the flags ask for, or null. Reading a property may come as a call too; assigning by
 /// reference is for objects.
 Side SideFor(const Member& member, WORD flags) {
@@ -26,7 +24,11 @@ Side SideFor(const Member& member, WORD flags) {
   return nullptr;
 }
 
-bool IsLeftOut(const VARIANT& argument) { return argument.vt == VT_ERROR && argument.scode == DISP_E_PARAMNOTFOUND; }
+/// An omission may come through a variable of the client, too.
+bool IsLeftOut(const VARIANT& argument) {
+  const VARIANT& inner = Innermost(argument);
+  return inner.vt == VT_ERROR && inner.scode == DISP_E_PARAMNOTFOUND;
+}
 
 /// Where each of a member's arguments stands among those given, which come from last to first.
 class Arrangement {
@@ -100,14 +102,18 @@ BSTR TextOrNone(std::string_view text) noexcept {
 }
 
 /// Tells the failure that is being handled.
-HRESULT Describe(EXCEPINFO* failure) {
-  const RunTimeError raised = CurrentFailure().value_or(RunTimeError(FailureNumber::InvalidCall));
+HRESULT Describe(EXCEPINFO* failure) noexcept {
   if (failure == nullptr) return DISP_E_EXCEPTION;
   *failure = EXCEPINFO{};
-  failure->bstrSource = TextOrNone("ZEFComponents");
-  failure->bstrDescription = TextOrNone(raised.description());
-  failure->scode = CodeOf(raised.number());
-  return DISP_E_EXCEPTION;
+  try {
+    const RunTimeError raised = CurrentFailure().value_or(RunTimeError(FailureNumber::InvalidCall));
+    failure->bstrSource = TextOrNone("ZEFComponents");
+    failure->bstrDescription = TextOrNone(raised.description());
+    failure->scode = CodeOf(raised.number());
+    return DISP_E_EXCEPTION;
+  } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+  }
 }
 
 bool IsSound(const DISPPARAMS& given) {
@@ -146,14 +152,10 @@ HRESULT CallMember(const Member& member, Object object, WORD flags, DISPPARAMS* 
     Tell(argument, side == member.put ? 0 : arrangement.IndexOf(unfit.place));
     return unfit.result;
   } catch (const std::bad_alloc&) {
-    if (result != nullptr) VariantClear(result);
+    if (result != nullptr) VariantClear(result);  // an array that was begun
     return E_OUTOFMEMORY;
   } catch (...) {
-    try {
-      return Describe(failure);
-    } catch (...) {
-      return E_OUTOFMEMORY;
-    }
+    return Describe(failure);
   }
 }
 

@@ -64,17 +64,30 @@ void RemoveEntry(const Class& described, const std::filesystem::path& path) {
 }
 
 template <class Step>
-HRESULT ForEachEntry(std::span<const Class* const> classes, Step&& step) noexcept {
+HRESULT Attempt(Step&& step) noexcept {
   try {
-    const std::filesystem::path folder = ComponentsFolder();
-    if (folder.empty()) return SELFREG_E_CLASS;
-    for (const Class* described : classes) step(*described, folder / ProgrammaticName(*described));
+    step();
     return S_OK;
   } catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;
   } catch (...) {
     return SELFREG_E_CLASS;
   }
+}
+
+/// Takes the step for each class; one that fails does not keep the others from theirs.
+template <class Step>
+HRESULT ForEachEntry(std::span<const Class* const> classes, Step&& step) noexcept {
+  HRESULT result = S_OK;
+  for (const Class* described : classes) {
+    const HRESULT outcome = Attempt([&] {
+      const std::filesystem::path folder = ComponentsFolder();
+      if (folder.empty()) throw RunTimeError(FailureNumber::PathNotFound);
+      step(*described, folder / ProgrammaticName(*described));
+    });
+    if (FAILED(outcome)) result = outcome;
+  }
+  return result;
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "component/face.h"
 #include "component/identifiers.h"
 #include "component/lifetime.h"
+#include "platform/engine.h"
 
 namespace zef::component {
 namespace {
@@ -48,11 +49,8 @@ class Factory final : public IClassFactory {
   }
 
   HRESULT LockServer(BOOL lock) override {
-    if (lock != 0) {
-      ObjectBegins();
-    } else {
-      ObjectEnds();
-    }
+    if (lock == 0) return Unlock() ? S_OK : E_UNEXPECTED;
+    Lock();
     return S_OK;
   }
 
@@ -89,5 +87,9 @@ HRESULT GetClassObject(std::span<const Class* const> classes, REFCLSID rclsid, R
 }
 
 HRESULT CanUnloadNow() noexcept { return NothingLives() ? S_OK : S_FALSE; }
+
+void Unload() noexcept {
+  if (NothingLives()) ReleaseEngines();
+}
 
 }  // namespace zef::component

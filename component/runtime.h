@@ -12,5 +12,8 @@ namespace zef::component {
 HRESULT GetClassObject(std::span<const Class* const> classes, REFCLSID rclsid, REFIID riid, void** object) noexcept;
 /// S_OK if nothing of this library is held any more.
 HRESULT CanUnloadNow() noexcept;
+/// Gives back what is kept for the whole process. For the moment when the library goes; does nothing while a client
+/// holds something of it, as at the end of a process that did not care to release.
+void Unload() noexcept;
 
 }  // namespace zef::component

@@ -24,14 +24,14 @@ struct Lifetime {
 
 /// A class that clients can create.
 template <class T>
-consteval Class Creatable(std::uint16_t number, std::span<const Member> members) {
+constexpr Class Creatable(std::uint16_t number, std::span<const Member> members) {
   using Life = Lifetime<T>;
   return {kNameOf<T>, number, members, &Life::Create, &Life::AddReference, &Life::Release, &Life::Outside};
 }
 
 /// A class that clients only reach, whose objects live as long as their `Owner`, of which each is a side or a part.
 template <class T, class Owner = T>
-consteval Class Reachable(std::uint16_t number, std::span<const Member> members) {
+constexpr Class Reachable(std::uint16_t number, std::span<const Member> members) {
   using Life = Lifetime<Owner>;
   return {kNameOf<T>, number, members, nullptr, &Life::AddReference, &Life::Release, &Life::Outside};
 }

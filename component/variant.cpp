@@ -1,22 +1,18 @@
 #include "component/variant.h"
 
-#include <cmath>
+#include <array>
+#include <charconv>
 #include <cstring>
 #include <limits>
 #include <new>
 #include <type_traits>
 
+#include "component/wide_number.h"
+#include "platform/date_parts.h"
 #include "platform/text.h"
 
 namespace zef::component {
 namespace {
-
-template <class T>
-T ReadAt(const void* at) {
-  T value;
-  std::memcpy(&value, at, sizeof value);
-  return value;
-}
 
 /// A 32-bit integer where it fits, else a double.
 template <class Integer>
@@ -28,13 +24,13 @@ Value Whole(Integer number) {
   return static_cast<std::int32_t>(number);
 }
 
-/// The published layout: scale and sign behind the kind, then 96 bits of which the highest 32 stand first.
-Value Decimal(const void* at) {
-  const auto* const bytes = static_cast<const unsigned char*>(at);
-  const double high = ReadAt<std::uint32_t>(bytes + 4);
-  const auto low = static_cast<double>(ReadAt<std::uint64_t>(bytes + 8));
-  const double size = (high * 18446744073709551616.0 + low) / std::pow(10.0, bytes[2]);
-  return (bytes[3] & 0x80) != 0 ? -size : size;
+/// A single by the double that reads the same.
+double ShortestDouble(float single) {
+  std::array<char, 32> buffer;
+  const auto [end, failed] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), single);
+  double number = single;
+  if (failed == std::errc()) std::from_chars(buffer.data(), end, number);
+  return number;
 }
 
 std::u16string_view UnitsOf(BSTR text) { return {text == nullptr ? u"" : text, SysStringLen(text)}; }
@@ -51,34 +47,35 @@ std::string Utf8Of(BSTR text) {
 
 Value BytesOf(const SAFEARRAY* array) {
   if (array == nullptr) return Null{};
-  if (array->cDims != 1 || array->cbElements != 1) throw ConversionFailure(DISP_E_TYPEMISMATCH);
+  const std::size_t size = array->rgsabound[0].cElements;
+  const bool sound = array->cDims == 1 && array->cbElements == 1 && (array->pvData != nullptr || size == 0);
+  if (!sound) throw ConversionFailure(DISP_E_TYPEMISMATCH);
   const auto* const first = static_cast<const std::byte*>(array->pvData);
-  return Bytes(first, first + array->rgsabound[0].cElements);
+  return Bytes(first, first + size);
 }
 
 Value ValueAt(Located located) {
-  const void* const at = located.at;
   switch (located.kind) {
     case VT_EMPTY:
     case VT_NULL: return Null{};
-    case VT_I1: return Whole(ReadAt<signed char>(at));
-    case VT_UI1: return ReadAt<std::uint8_t>(at);
-    case VT_I2: return Whole(ReadAt<SHORT>(at));
-    case VT_UI2: return Whole(ReadAt<USHORT>(at));
+    case VT_I1: return Whole(located.Read<signed char>());
+    case VT_UI1: return located.Read<std::uint8_t>();
+    case VT_I2: return Whole(located.Read<SHORT>());
+    case VT_UI2: return Whole(located.Read<USHORT>());
     case VT_I4:
-    case VT_INT: return Whole(ReadAt<std::int32_t>(at));
+    case VT_INT: return Whole(located.Read<std::int32_t>());
     case VT_UI4:
-    case VT_UINT: return Whole(ReadAt<std::uint32_t>(at));
-    case VT_I8: return Whole(ReadAt<std::int64_t>(at));
-    case VT_UI8: return Whole(ReadAt<std::uint64_t>(at));
-    case VT_R4: return static_cast<double>(ReadAt<float>(at));
-    case VT_R8: return ReadAt<double>(at);
-    case VT_CY: return static_cast<double>(ReadAt<std::int64_t>(at)) / 10000;
-    case VT_DECIMAL: return Decimal(at);
-    case VT_BOOL: return ReadAt<VARIANT_BOOL>(at) != VARIANT_FALSE;
-    case VT_DATE: return Date(ReadAt<double>(at));
-    case VT_BSTR: return Utf8Of(ReadAt<BSTR>(at));
-    case VT_ARRAY | VT_UI1: return BytesOf(ReadAt<const SAFEARRAY*>(at));
+    case VT_UINT: return Whole(located.Read<std::uint32_t>());
+    case VT_I8: return Whole(located.Read<std::int64_t>());
+    case VT_UI8: return Whole(located.Read<std::uint64_t>());
+    case VT_R4: return static_cast<double>(located.Read<float>());
+    case VT_R8: return located.Read<double>();
+    case VT_CY:
+    case VT_DECIMAL: return ToDouble(WideNumberAt(located));
+    case VT_BOOL: return located.Read<VARIANT_BOOL>() != VARIANT_FALSE;
+    case VT_DATE: return Date(located.Read<double>());
+    case VT_BSTR: return Utf8Of(located.Read<BSTR>());
+    case VT_ARRAY | VT_UI1: return BytesOf(located.Read<const SAFEARRAY*>());
     default: throw ConversionFailure(DISP_E_TYPEMISMATCH);
   }
 }
@@ -94,17 +91,6 @@ T Converted(Located located, T (*convert)(const Value&)) {
 }
 
 std::string TextOfValue(const Value& value) { return ToText(value); }
-
-/// The variant at the end of a chain of references to variants.
-const VARIANT& Innermost(const VARIANT& variant) {
-  constexpr int kMostReferences = 8;  // nobody nests them; a ring of them must not hang
-  const VARIANT* at = &variant;
-  for (int i = 0; i < kMostReferences && at->vt == (VT_BYREF | VT_VARIANT); ++i) {
-    if (at->pvarVal == nullptr) break;
-    at = at->pvarVal;
-  }
-  return *at;
-}
 
 std::size_t SizeOf(VARTYPE kind) {
   switch (kind) {
@@ -134,6 +120,21 @@ void GiveBytes(VARIANT& variant, const Bytes& bytes) {
 
 }  // namespace
 
+const VARIANT& Innermost(const VARIANT& variant) {
+  constexpr int kMostReferences = 8;  // nobody nests them; a ring of them must not hang
+  const VARIANT* at = &variant;
+  for (int i = 0; i < kMostReferences && at->vt == (VT_BYREF | VT_VARIANT); ++i) {
+    if (at->pvarVal == nullptr) break;
+    at = at->pvarVal;
+  }
+  return *at;
+}
+
+void CheckReference(const VARIANT& argument, VARTYPE kind) {
+  const VARTYPE found = Innermost(argument).vt;
+  if ((found & VT_BYREF) != 0 && found != (VT_BYREF | kind)) throw ConversionFailure(DISP_E_TYPEMISMATCH);
+}
+
 Located Locate(const VARIANT& variant) {
   const VARIANT& inner = Innermost(variant);
   if ((inner.vt & VT_BYREF) == 0) {
@@ -156,12 +157,21 @@ bool BooleanIn(const VARIANT& variant) {
 
 std::string TextIn(const VARIANT& variant) {
   if (variant.vt == VT_BSTR) return Utf8Of(variant.bstrVal);
-  return Converted(Locate(variant), TextOfValue);
+  const Located located = Locate(variant);
+  switch (located.kind) {
+    case VT_R4: return NumberText(ShortestDouble(located.Read<float>()));
+    case VT_I8:
+    case VT_UI8:
+    case VT_CY:
+    case VT_DECIMAL: return ToText(WideNumberAt(located));  // a double would cut the digits
+    default: return Converted(located, TextOfValue);
+  }
 }
 
 Date DateIn(const VARIANT& variant) {
-  if (variant.vt == VT_DATE) return Date(variant.date);
-  return Converted(Locate(variant), ToDate);
+  const Date date = variant.vt == VT_DATE ? Date(variant.date) : Converted(Locate(variant), ToDate);
+  if (!date_parts::InRange(date.value())) throw ConversionFailure(DISP_E_OVERFLOW);
+  return date;
 }
 
 Value ValueIn(const VARIANT& variant) { return ValueAt(Locate(variant)); }
@@ -170,7 +180,7 @@ IUnknown* ObjectIn(const VARIANT& variant) {
   const Located located = Locate(variant);
   if (located.kind == VT_EMPTY) return nullptr;
   if (located.kind != VT_DISPATCH && located.kind != VT_UNKNOWN) throw ConversionFailure(DISP_E_TYPEMISMATCH);
-  return ReadAt<IUnknown*>(located.at);
+  return located.Read<IUnknown*>();
 }
 
 void Give(VARIANT& variant, std::int32_t number) {

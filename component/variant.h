@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 #include <exception>
 #include <string>
 #include <string_view>
@@ -23,9 +24,20 @@ struct ConversionFailure : std::exception {
 struct Located {
   VARTYPE kind;
   const void* at;
+
+  template <class T>
+  T Read() const {
+    T value;
+    std::memcpy(&value, at, sizeof value);
+    return value;
+  }
 };
 /// Raises for a reference that leads nowhere.
 Located Locate(const VARIANT& variant);
+/// The variant at the end of a chain of references to variants: a value, or a reference to something else.
+const VARIANT& Innermost(const VARIANT& variant);
+/// Raises if the argument is a reference, but neither to a variable of the kind nor to a variant.
+void CheckReference(const VARIANT& argument, VARTYPE kind);
 
 /// Empty is 0, the empty text, False, the zero date.
 std::int32_t LongIn(const VARIANT& variant);
@@ -50,7 +62,7 @@ void Give(VARIANT& variant, const FieldsArray& texts);
 BSTR NewText(std::string_view text);
 
 /// Stores a value where a by-reference argument points, in place of what stands there, which is freed. `value` goes
-/// over to the argument. Does nothing for an argument by value.
+/// over to the argument, which must have passed `CheckReference`. Does nothing for an argument by value.
 void StoreThrough(const VARIANT& argument, VARIANT& value) noexcept;
 
 }  // namespace zef::component

@@ -6,6 +6,7 @@
 #include "platform/backup.h"
 #include "platform/connection_string.h"
 #include "platform/sqlite/sqlite_engine.h"
+#include "platform/sqlite/sqlite_file.h"
 #include "platform/text.h"
 
 namespace zef {
@@ -86,5 +87,7 @@ void BackUpDatabase(const std::string& connection_string, const std::string& pat
   const ConnectionString parsed = ParseConnectionString(connection_string);
   ProviderOf(parsed).back_up(parsed, path, progress);
 }
+
+void ReleaseEngines() { ReleaseSqlite(); }
 
 }  // namespace zef

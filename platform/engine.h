@@ -134,4 +134,7 @@ std::unique_ptr<Engine> OpenEngine(const ConnectionString& connection);
 /// not followed. Raises 3706 and -2147217900 as `OpenEngine` does.
 void CreateDatabase(const std::string& connection_string);
 
+/// Gives back what the engines keep for the whole process. No connection may be open; the next one begins anew.
+void ReleaseEngines();
+
 }  // namespace zef

@@ -7,6 +7,7 @@
 
 #include "platform/keyed_list.h"
 #include "platform/reference.h"
+#include "session/record_classes.h"
 #include "session/statements.h"
 
 namespace zef {
@@ -17,16 +18,6 @@ class CTag : public RefCounted<CTag> {
   std::int32_t ID = 0;
   std::string Text;
 };
-
-class CAlarm;
-class CCategory;
-class CContact;
-class CEvent;
-class CFolder;
-class CNote;
-class CPhoneLog;
-class CTask;
-class CUser;
 
 /// True if the key "-1", the reference of a record that has none, stands for no element.
 template <class Element>
@@ -67,16 +58,5 @@ class Collection : public RefCounted<Collection<Element>> {
  private:
   KeyedList<Ref<Element>> elements_;
 };
-
-using CTags = Collection<CTag>;
-using CFolders = Collection<CFolder>;
-using CAlarms = Collection<CAlarm>;
-using CCategories = Collection<CCategory>;
-using CContacts = Collection<CContact>;
-using CEvents = Collection<CEvent>;
-using CNotes = Collection<CNote>;
-using CPhoneLogs = Collection<CPhoneLog>;
-using CTasks = Collection<CTask>;
-using CUsers = Collection<CUser>;
 
 }  // namespace zef

@@ -75,7 +75,7 @@ Slot SlotOf(R& record, const Column<R>& column) {
 
 /// Adds the long text of a field at the end of a property, in portions; Null adds nothing, and an empty text is not
 /// fetched at all.
-template <class R, class LongField = Field>
+template <class R, class LongField>
 void ReadPortions(R& record, const Column<R>& column, LongField&& field) {
   constexpr std::int32_t kPortion = 128;  // characters
   auto& text = record.*std::get<Property<std::string> R::*>(column.member);
@@ -165,38 +165,41 @@ Outcome SaveRow(const R& record, const Table<R, N>& table, std::string_view arra
   return Outcome::Done;
 }
 
-/// The writing in the `Save` of a class without a fields array that draws its identifier at its first row. Clears the
-/// flags; False, with flags and rows as they were, if none could be drawn, and why stands in the name of the sequence.
-template <class R, std::size_t N>
-bool SaveUnderDrawnID(R& record, const Table<R, N>& table, std::int32_t sequence) {
+/// The writing in the `Save` of a class that draws its identifier at its first row; `rows` makes the rows of the
+/// statement, or nothing once it has recorded why. Clears the flags. Quiet without rows and Failed without an
+/// identifier, with flags and rows as they were; why none could be drawn stands in the name of the sequence.
+template <class R, std::size_t N, class Rows>
+Outcome SaveUnderDrawnID(R& record, const Table<R, N>& table, std::int32_t sequence, Rows&& rows) {
   if (record.IsModified()) {
-    const FieldRows rows = DatabaseRows(record, table);
-    if (record.IsNew() && Deref(record.Session()).GetUniqueIDFromSeq(sequence, record.ID, 1) < 1) return false;
-    WriteRow(record, table, rows);
+    const std::optional<FieldRows> made = rows();
+    if (!made) return Outcome::Quiet;
+    const bool draws = record.IsNew();
+    if (draws && Deref(record.Session()).GetUniqueIDFromSeq(sequence, record.ID, 1) < 1) return Outcome::Failed;
+    WriteRow(record, table, *made);
   }
   record.ResetFlagsX(false, false);
-  return true;
+  return Outcome::Done;
 }
 
-/// `Save` of a class that checks no rights, has no transaction of its own and draws its identifier at its first row.
-/// Without an identifier the record names this `Save`, which is what the client called, with the sequence's own reason.
+/// The same for a class without a fields array, whose failures its own `Save` traps; true if all went well.
+template <class R, std::size_t N>
+bool SaveUnderDrawnID(R& record, const Table<R, N>& table, std::int32_t sequence) {
+  const auto rows = [&] { return std::optional(DatabaseRows(record, table)); };
+  return SaveUnderDrawnID(record, table, sequence, rows) == Outcome::Done;
+}
+
+/// `Save` of a class with a fields array that checks no rights and has no transaction of its own. Without an identifier
+/// the record names this `Save`, which is what the client called, with the sequence's own reason.
 template <class R, std::size_t N>
 bool SaveDrawingID(R& record, const Table<R, N>& table, std::string_view procedure, std::string_view array_procedure,
                    std::int32_t sequence) {
   CSession& session = Deref(record.Session());
   return Trapped(session, procedure, false, [&] {
     session.ClearError();
-    if (record.IsModified()) {
-      const std::optional<FieldRows> rows = TrappedRows(record, table, array_procedure);
-      if (!rows) return false;
-      if (record.IsNew() && session.GetUniqueIDFromSeq(sequence, record.ID, 1) == 0) {
-        RecordCallee(session, procedure);
-        return false;
-      }
-      WriteRow(record, table, *rows);
-    }
-    record.ResetFlagsX(false, false);
-    return true;
+    const auto rows = [&] { return TrappedRows(record, table, array_procedure); };
+    const Outcome outcome = SaveUnderDrawnID(record, table, sequence, rows);
+    if (outcome == Outcome::Failed) RecordCallee(session, procedure);
+    return outcome == Outcome::Done;
   });
 }
 

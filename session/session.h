@@ -5,35 +5,11 @@
 
 #include "platform/connection.h"
 #include "platform/reference.h"
+#include "session/record_classes.h"
 
 namespace zef {
 
-class CAlarm;
-class CAttachement;
-class CCategory;
-class CContact;
-class CEvent;
-class CFolder;
-class CNote;
-class CNotification;
-class CPhoneLog;
-class CRecurrence;
-class CTag;
-class CTask;
-class CUser;
 struct TreeWalk;
-template <class Element>
-class Collection;
-using CAlarms = Collection<CAlarm>;
-using CCategories = Collection<CCategory>;
-using CContacts = Collection<CContact>;
-using CEvents = Collection<CEvent>;
-using CFolders = Collection<CFolder>;
-using CNotes = Collection<CNote>;
-using CPhoneLogs = Collection<CPhoneLog>;
-using CTags = Collection<CTag>;
-using CTasks = Collection<CTask>;
-using CUsers = Collection<CUser>;
 
 /// Bits of a user's rights. They are tested one at a time; a mask may hold more than one.
 enum Rights : std::int32_t { Administrator = 1, DataEditor = 2, DataViewer = 4 };
@@ -131,7 +107,9 @@ class CSession : public RefCounted<CSession> {
   /// Identifier of the first category of that name, or -1.
   std::int32_t GetCategoryID4Name(const std::string& strConnectName);
   /// Deletes a category and clears all references to it. May run inside a client's transaction. A refusal raises
-  /// -2147168242 where no transaction runs.
+  /// -2147168242 where no transaction runs. Where one does, it undoes that one and leaves the flag, so that the session
+  /// can neither end nor begin one until the client calls `BeginTrans` of the connection and then
+  /// `RollbackTransaction`.
   bool DeleteCategory(std::int32_t lngCategoryID);
   bool LoadCategoriesWithCriteria(const Ref<CCategories>& udtCategories, const std::string& strCriteria);
 

@@ -1,17 +1,9 @@
 #pragma once
 
 #include "session/fields_array.h"
+#include "session/record_classes.h"
 
 namespace zef {
-
-class CAlarm;
-class CAttachement;
-class CContact;
-class CEvent;
-class CNote;
-class CNotification;
-class CRecurrence;
-class CTask;
 
 // The rows of `FN_SERIALIZE`, labels with values for people, one function for each class that has them. They go into an
 // array that is clear and long enough; a failure leaves the rows filled until then. Names of folders, categories and

@@ -39,7 +39,7 @@ void NewEnum(const Call& call) {
 
 /// The seven members of a collection, which differ in the element and in the name of what is added.
 template <class Element>
-consteval std::array<Member, 7> CollectionMembers(std::string_view added) {
+constexpr std::array<Member, 7> CollectionMembers(std::string_view added) {
   using Of = Members<Collection<Element>>;
   using List = Collection<Element>;
   return {
@@ -58,7 +58,7 @@ consteval std::array<Member, 7> CollectionMembers(std::string_view added) {
 
 /// The argument of `Add` is named after the element, but for events.
 template <class Element>
-consteval std::string_view AddedName() {
+constexpr std::string_view AddedName() {
   if constexpr (std::is_same_v<Element, CEvent>) return "udtEvent";
   return kNameOf<Element>.substr(1);
 }

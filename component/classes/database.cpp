@@ -35,7 +35,7 @@ void Show(const Call& call, std::int32_t part) {
 }
 
 template <class Side>
-consteval Member SideMember(std::string_view name) {
+constexpr Member SideMember(std::string_view name) {
   return {
       .name = name, .kind = Kind::Property, .type = {VT_DISPATCH, kNameOf<Side>, false}, .get = [](const Call& call) {
         Show<Side>(call, 0);
@@ -44,7 +44,7 @@ consteval Member SideMember(std::string_view name) {
 
 /// A property `Item` and an enumerator, for what holds parts.
 template <class Part>
-consteval Member ItemMember(void (*get)(const Call&)) {
+constexpr Member ItemMember(void (*get)(const Call&)) {
   Member member{.name = "Item", .kind = Kind::Property, .type = {VT_DISPATCH, kNameOf<Part>, false}, .get = get};
   member.arguments[0] = {.name = "Index", .type = {VT_VARIANT, {}, false}};
   member.argument_count = 1;
@@ -60,7 +60,7 @@ bool PartAt(Object object, std::int32_t position, VARIANT& element) {
 }
 
 template <class Whole, class Part>
-consteval Member EnumeratorMember() {
+constexpr Member EnumeratorMember() {
   return {.name = "NewEnum",
           .kind = Kind::Enumerator,
           .type = {VT_UNKNOWN, kNameOf<Part>, false},

@@ -119,4 +119,10 @@ void CreateDatabaseFile(const std::string& path, const std::string& password) {
   CheckSqlite(db.get(), Run(db.get(), "PRAGMA user_version=0; VACUUM"));
 }
 
+void ReleaseSqlite() {
+#ifndef ZEF_SYSTEM_SQLITE
+  sqlite3_shutdown();
+#endif
+}
+
 }  // namespace zef

@@ -26,4 +26,7 @@ DatabaseHandle OpenNewDatabaseFile(const std::string& path, const std::string& p
 /// given. Raises as `OpenNewDatabaseFile` does.
 void CreateDatabaseFile(const std::string& path, const std::string& password);
 
+/// Gives back what SQLite keeps for the whole process; one that the process shares with others is left alone.
+void ReleaseSqlite();
+
 }  // namespace zef

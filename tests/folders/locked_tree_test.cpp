@@ -13,8 +13,8 @@ class LockedTree : public FolderTreeTest {
     InsertFolder(200, 0, FT_TASKS);
     InsertTasks(100, 1, 2);
   }
-  /// Runs an operation on a session and thread of its own and gives its error record, or "done".
-  std::thread Run(std::string& told, bool (*operation)(CSession&)) {
+  /// Starts an operation on a session and thread of its own; `told` becomes its error record, or "done".
+  std::thread Start(std::string& told, bool (*operation)(CSession&)) {
     return std::thread([this, &told, operation] {
       const Ref<CSession> client = database.OpenSession();
       const bool done = operation(*client);
@@ -29,9 +29,9 @@ TEST_F(LockedTree, OperationsFailWithNothingChangedAndNoTransactionOpen) {
   other->BeginTrans();
   std::string deleting, copying, deleting_task;
   std::thread clients[] = {
-      Run(deleting, [](CSession& client) { return client.DeleteFolder(100); }),
-      Run(copying, [](CSession& client) { return client.CopyFolder(100, 200); }),
-      Run(deleting_task, [](CSession& client) { return client.DeleteTask(1); }),
+      Start(deleting, [](CSession& client) { return client.DeleteFolder(100); }),
+      Start(copying, [](CSession& client) { return client.CopyFolder(100, 200); }),
+      Start(deleting_task, [](CSession& client) { return client.DeleteTask(1); }),
   };
   for (std::thread& client : clients) client.join();
   other->RollbackTrans();

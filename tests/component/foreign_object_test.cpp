@@ -1,0 +1,137 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "tests/component/library.h"
+
+namespace zef::test {
+namespace {
+
+/// An object of a client's own, which offers nothing.
+class ForeignObject : public IDispatch {
+ public:
+  HRESULT QueryInterface(REFIID riid, void** object) override {
+    const bool known = riid == IID_IUnknown || riid == IID_IDispatch;
+    *object = known ? this : nullptr;
+    if (known) AddRef();
+    return known ? S_OK : E_NOINTERFACE;
+  }
+  ULONG AddRef() override { return ++references; }
+  ULONG Release() override { return --references; }
+  HRESULT GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  HRESULT GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  HRESULT GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+  HRESULT Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override { return E_NOTIMPL; }
+
+  ULONG references = 1;
+};
+
+/// One that claims to be whatever it is asked for.
+class BoastingObject final : public ForeignObject {
+ public:
+  HRESULT QueryInterface(REFIID, void** object) override {
+    *object = this;
+    AddRef();
+    return S_OK;
+  }
+};
+
+/// One that claims so and gives nothing.
+class EmptyHandedObject final : public ForeignObject {
+ public:
+  HRESULT QueryInterface(REFIID, void** object) override {
+    *object = nullptr;
+    return S_OK;
+  }
+};
+
+class PassedObject : public ComponentTest {
+ protected:
+  static Variant Of(ForeignObject& object) {
+    object.AddRef();
+    return Variant::Of(VT_DISPATCH, static_cast<IDispatch*>(&object));
+  }
+  const Object folder = Create("CFolder");
+  const Object tags = Create("CTags");
+};
+
+TEST_F(PassedObject, OfAClientsOwnIsRefused) {
+  ForeignObject foreign;
+  EXPECT_EQ(folder.Put("Session", Of(foreign)).result, DISP_E_TYPEMISMATCH);
+}
+TEST_F(PassedObject, OfAClientsOwnKeepsItsCount) {
+  ForeignObject foreign;
+  folder.Put("Session", Of(foreign));
+  EXPECT_EQ(foreign.references, 1u);
+}
+TEST_F(PassedObject, ThatBoastsIsRefused) {
+  BoastingObject boasting;
+  EXPECT_EQ(folder.Put("Session", Of(boasting)).result, DISP_E_TYPEMISMATCH);
+  EXPECT_EQ(boasting.references, 1u);
+}
+TEST_F(PassedObject, ThatGivesNothingIsRefused) {
+  EmptyHandedObject empty_handed;
+  EXPECT_EQ(folder.Put("Session", Of(empty_handed)).result, DISP_E_TYPEMISMATCH);
+}
+TEST_F(PassedObject, OfAnotherClassIsRefused) {
+  EXPECT_EQ(folder.Put("Session", Create("CTask")).result, DISP_E_TYPEMISMATCH);
+}
+TEST_F(PassedObject, OfAnotherClassLeavesThePropertyAsItWas) {
+  const Object session = Create("CSession");
+  folder.Put("Session", session);
+  folder.Put("Session", Create("CTask"));
+  EXPECT_EQ(folder.Get("Session").value.object(), session);
+}
+TEST_F(PassedObject, OfAnotherClassAsAnArgumentTellsItsPlace) {
+  const Outcome outcome = Create("CSession").Call("LoadChildFolders", Create("CTasks"), 0);
+  EXPECT_EQ(outcome.result, DISP_E_TYPEMISMATCH);
+  EXPECT_EQ(outcome.argument, 1u);
+}
+TEST_F(PassedObject, OfAnotherClassIsNotAdded) {
+  EXPECT_EQ(tags.Call("Add", Create("CTask")).result, DISP_E_TYPEMISMATCH);
+  EXPECT_EQ(tags.Get("Count").value.number(), 0);
+}
+TEST_F(PassedObject, OfAnotherClassByReferenceIsRefused) {
+  const Object task = Create("CTask");
+  IDispatch* pointer = task.get();
+  EXPECT_EQ(tags.Call("Add", Variant::Ref(VT_DISPATCH, &pointer)).result, DISP_E_TYPEMISMATCH);
+  EXPECT_EQ(task.References(), 1u);
+}
+TEST_F(PassedObject, ThatIsATextIsRefused) { EXPECT_EQ(tags.Call("Add", "a tag").result, DISP_E_TYPEMISMATCH); }
+TEST_F(PassedObject, ThatIsNullIsRefused) { EXPECT_EQ(tags.Call("Add", Variant::Null()).result, DISP_E_TYPEMISMATCH); }
+TEST_F(PassedObject, ThatIsAFactoryIsRefused) {
+  IClassFactory* const factory = Library::Shared().Factory("CTag");
+  EXPECT_EQ(tags.Call("Add", Variant::Of(VT_UNKNOWN, static_cast<IUnknown*>(factory))).result, DISP_E_TYPEMISMATCH);
+}
+TEST_F(PassedObject, ThatIsAnEnumeratorIsRefused) {
+  EXPECT_EQ(tags.Call("Add", std::move(tags.Get("NewEnum").value)).result, DISP_E_TYPEMISMATCH);
+}
+
+/// A second copy of the library, whose objects look the same and are laid out the same, but are not its own.
+class SecondCopy : public ComponentTest {
+ protected:
+  static std::string CopiedLibrary(const std::filesystem::path& folder) {
+    const std::filesystem::path copy = folder / "libZEFComponents-copy.so";
+    std::filesystem::copy_file(LibraryPath(), copy);
+    return copy;
+  }
+
+  TemporaryFolder folder;
+  const Library other{CopiedLibrary(folder.path())};
+};
+
+TEST_F(SecondCopy, CreatesObjects) { EXPECT_EQ(other.Create("CSession").Get("UserID").value.number(), -1); }
+TEST_F(SecondCopy, DoesNotTakeTheObjectsOfTheFirst) {
+  EXPECT_EQ(other.Create("CTags").Call("Add", Create("CTag")).result, DISP_E_TYPEMISMATCH);
+}
+TEST_F(SecondCopy, GivesObjectsThatTheFirstDoesNotTake) {
+  EXPECT_EQ(Create("CTags").Call("Add", other.Create("CTag")).result, DISP_E_TYPEMISMATCH);
+}
+TEST_F(SecondCopy, CountsItsOwnObjects) {
+  const Object tag = other.Create("CTag");
+  EXPECT_EQ(Library::Shared().CanUnloadNow(), S_OK);
+  EXPECT_EQ(other.CanUnloadNow(), S_FALSE);
+}
+
+}  // namespace
+}  // namespace zef::test
