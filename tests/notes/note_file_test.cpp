@@ -155,40 +155,41 @@ TEST_F(NoteFile, ExportOfANoteIsReadAsPlainText) {
   EXPECT_EQ(note_->Title, "a title");
   EXPECT_THAT(note_->Text.get(),
               testing::AllOf(testing::HasSubstr("other title\r\n"), testing::HasSubstr("other text")));
+}
 
-  TEST(NoteFileOfAnotherUser, IsRecordedAndReadsNothing) {
-    const TemporaryFolder folder;
-    const std::string path = folder.path() / "note.txt";
-    std::ofstream(path) << "secret";
-    std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
-    std::filesystem::permissions(path, std::filesystem::perms::none);
-    Process child([&]() -> std::string {
-      if (geteuid() == 0 && setuid(65534) != 0) return "70, ";  // cannot become another user here
-      return EndOfReading(path);
-    });
-    EXPECT_EQ(child.Result(), "70, ");
-  }
+TEST(NoteFileOfAnotherUser, IsRecordedAndReadsNothing) {
+  const TemporaryFolder folder;
+  const std::string path = folder.path() / "note.txt";
+  std::ofstream(path) << "secret";
+  std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
+  std::filesystem::permissions(path, std::filesystem::perms::none);
+  Process child([&]() -> std::string {
+    if (geteuid() == 0 && setuid(65534) != 0) return "70, ";  // cannot become another user here
+    return EndOfReading(path);
+  });
+  EXPECT_EQ(child.Result(), "70, ");
+}
 
-  TEST_F(NoteFile, ReadingClearsAnOldError) {
-    LeaveAnOldError();
-    ASSERT_TRUE(Read(FileOf("x")));
-    EXPECT_FALSE(session->GetErrorFlag());
-  }
+TEST_F(NoteFile, ReadingClearsAnOldError) {
+  LeaveAnOldError();
+  ASSERT_TRUE(Read(FileOf("x")));
+  EXPECT_FALSE(session->GetErrorFlag());
+}
 
-  TEST_F(NoteFile, ReadingIsOpenToASessionThatMayOnlyRead) {
-    session->UserRights = DataViewer;
-    EXPECT_TRUE(Read(FileOf("x")));
-  }
+TEST_F(NoteFile, ReadingIsOpenToASessionThatMayOnlyRead) {
+  session->UserRights = DataViewer;
+  EXPECT_TRUE(Read(FileOf("x")));
+}
 
-  TEST_F(NoteFile, ReadingSendsNoStatement) {
-    ASSERT_TRUE(Read(FileOf("x")));
-    EXPECT_EQ(SentInAll(), Texts{});
-  }
+TEST_F(NoteFile, ReadingSendsNoStatement) {
+  ASSERT_TRUE(Read(FileOf("x")));
+  EXPECT_EQ(SentInAll(), Texts{});
+}
 
-  TEST_F(NoteFile, FileOfTenMegabytesIsReadWhole) {
-    ASSERT_TRUE(Read(FileOf(std::string(10'000'000, '\xe4'))));
-    EXPECT_EQ(note_->Text->size(), 20'000'000u);
-  }
+TEST_F(NoteFile, FileOfTenMegabytesIsReadWhole) {
+  ASSERT_TRUE(Read(FileOf(std::string(10'000'000, '\xe4'))));
+  EXPECT_EQ(note_->Text->size(), 20'000'000u);
+}
 
 }  // namespace
 }  // namespace zef::test
