@@ -98,7 +98,7 @@ class CSession : public RefCounted<CSession> {
   bool CopyFolder(std::int32_t FolderID, std::int32_t lngNewParentID);
   /// Deletes a folder with all that lies in and below it, protected ones too. May run inside a client's transaction as
   /// long as there are no tasks, events or alarms to delete: those make it fail and undo that one. Fails with 28 as
-  /// `CopyFolder` does.
+  /// `CopyFolder` does. Raises only if what it has done cannot be undone, and its transaction is open then.
   bool DeleteFolder(std::int32_t lngFolderID);
 
   // Categories.
@@ -106,10 +106,10 @@ class CSession : public RefCounted<CSession> {
   Ref<CCategory> GetCategory(std::int32_t CategoryID);
   /// Identifier of the first category of that name, or -1.
   std::int32_t GetCategoryID4Name(const std::string& strConnectName);
-  /// Deletes a category and clears all references to it. May run inside a client's transaction. A refusal raises
-  /// -2147168242 where no transaction runs. Where one does, it undoes that one and leaves the flag, so that the session
-  /// can neither end nor begin one until the client calls `BeginTrans` of the connection and then
-  /// `RollbackTransaction`.
+  /// Deletes a category and clears all references to it. May run inside a client's transaction. Raises as
+  /// `DeleteFolder` does. A refusal raises -2147168242 where no transaction runs. Where one does, it undoes that one
+  /// and leaves the flag, so that the session can neither end nor begin one until the client calls `BeginTrans` of the
+  /// connection and then `RollbackTransaction`.
   bool DeleteCategory(std::int32_t lngCategoryID);
   bool LoadCategoriesWithCriteria(const Ref<CCategories>& udtCategories, const std::string& strCriteria);
 

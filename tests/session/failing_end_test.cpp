@@ -102,6 +102,7 @@ TEST_F(FailingEndOfASequence, OfACommitInsideATransactionUndoesTheNumberOnly) {
 
 TEST_F(FailingEndOfASequence, OfBothKeepsTheFirstFailureOnRecord) {
   log->failure = RunTimeError(FailureNumber::FileUnusable, "first");
+  log->rollback_failure = RunTimeError(FailureNumber::FileUnusable, "second");
   log->refused = {"COMMIT", "ROLLBACK"};
   EXPECT_EQ(Draw(), 0);
   EXPECT_EQ(session->GetEntireErrorDesc(), "[GetUniqueIDFromSeq] Error: -2147467259 - first");
