@@ -16,8 +16,10 @@ enum Rights : std::int32_t { Administrator = 1, DataEditor = 2, DataViewer = 4 }
 
 /// What a client keeps: one connection, one error record, one transaction flag and the identity of the working user.
 /// Every record reaches the database through its session. A session and all that it hands out belong to one thread;
-/// sessions share nothing. Operations trap their failures: they write them to the error record and return False, 0, -1
-/// or Nothing. Those that raise instead say so.
+/// sessions share nothing. Make one with `MakeRef`: it is counted, and one on the stack would be destroyed twice.
+/// Operations trap their failures: they write them to the error record and return False, 0, -1 or Nothing. Without a
+/// connection, in which failures are looked up, they raise 91. `Create...`, `Duplicate...` and `Load...4Folder` trap
+/// nothing beyond what the operations inside them do; others that raise say so.
 class CSession : public RefCounted<CSession> {
  public:
   CSession() = default;
