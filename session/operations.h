@@ -137,21 +137,13 @@ bool LoadRecords(CSession& session, const Ref<Collection<R>>& records, std::stri
                       [&](const Ref<Recordset>& rs) { return ReadRecord<R>(owner, rs); });
 }
 
-/// "Delete<class>" of classes without anything that hangs on them; a row need not exist.
-inline bool DeleteRow(CSession& session, std::string_view procedure, std::string_view statement, std::int32_t id) {
+/// "Delete<class>" of classes without anything that hangs on them; a row need not exist. With a `refusal` it is only
+/// for those who may write.
+inline bool DeleteRow(CSession& session, std::string_view procedure, std::string_view statement, std::int32_t id,
+                      std::string_view refusal = {}) {
   return Trapped(session, procedure, false, [&] {
     session.ClearError();
-    Execute(session, WithNumber(statement, id));
-    return true;
-  });
-}
-
-/// The same for a class whose rows only those may delete who may write.
-inline bool DeleteGuardedRow(CSession& session, std::string_view procedure, std::string_view refusal,
-                             std::string_view statement, std::int32_t id) {
-  return Trapped(session, procedure, false, [&] {
-    session.ClearError();
-    if (Refused(session, refusal)) return false;
+    if (!refusal.empty() && Refused(session, refusal)) return false;
     Execute(session, WithNumber(statement, id));
     return true;
   });
