@@ -54,7 +54,7 @@ constexpr Column<CContact> kColumns[] = {
     Stored<CContact>("CNT_CustomField2", &CContact::CustomField2, 35),
     Stored<CContact>("CNT_DateLastUpdate", &CContact::DateLastUpdate, 36, Form::Stamp),
 };
-constexpr Table kContacts("Contacts", 50, kColumns);
+constexpr Table kContacts("Contacts", kColumns, 50);
 
 constexpr char kSave[] = "CContact.Save";
 constexpr char kFieldsArray[] = "CContact.GetFieldsArray";

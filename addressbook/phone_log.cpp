@@ -13,9 +13,7 @@ constexpr Column<CPhoneLog> kColumns[] = {
     Stored<CPhoneLog>("PL_RecordDate", &CPhoneLog::RecordDate, 4),
     Stored<CPhoneLog>("PL_Direction", &CPhoneLog::Direction, 6),
 };
-constexpr Table kPhoneLogs("PhoneLogs", 10, kColumns);
-
-constexpr char kSave[] = "CPhoneLog.Save";
+constexpr Table kPhoneLogs("PhoneLogs", kColumns);
 
 }  // namespace
 
@@ -25,13 +23,9 @@ void CPhoneLog::GetValuesFromRS(const Ref<Recordset>& Rs) {
 }
 
 bool CPhoneLog::Save() {
-  CSession& session = Deref(Session());
-  return Trapped(session, kSave, false, [&] {
-    session.ClearError();
-    if (Refused(session, kSave)) return false;
-    if (IsModified()) WriteRow(*this, kPhoneLogs, DatabaseRows(*this, kPhoneLogs));
-    SetFlags(false, false);
-    return true;
+  return SaveAlone("CPhoneLog.Save", MaySave::Writers, [this](CSession&) {
+    WriteRow(*this, kPhoneLogs, DatabaseRows(*this, kPhoneLogs));
+    return Outcome::Done;
   });
 }
 

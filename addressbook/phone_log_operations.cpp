@@ -22,8 +22,8 @@ bool CSession::LoadPhoneLogsWithCriteria(const Ref<CPhoneLogs>& udtPhoneLogs, co
 }
 
 bool CSession::DeletePhoneLog(std::int32_t lngPhoneLogID) {
-  return DeleteGuardedRow(*this, "DeletePhoneLog", "CSession.DeletePhoneLog",
-                          "DELETE * FROM PhoneLogs WHERE PL_ID=", lngPhoneLogID);
+  return DeleteRow(*this, "DeletePhoneLog", "DELETE * FROM PhoneLogs WHERE PL_ID=", lngPhoneLogID,
+                   "CSession.DeletePhoneLog");
 }
 
 }  // namespace zef

@@ -18,7 +18,7 @@ constexpr Column<CAlarm> kColumns[] = {
     Stored<CAlarm>("ALA_Reminder", &CAlarm::Reminder, 7),
     Stored<CAlarm>("ALA_DateLastUpdate", &CAlarm::DateLastUpdate, 8, Form::Stamp),
 };
-constexpr Table kAlarms("Alarms", 15, kColumns);
+constexpr Table kAlarms("Alarms", kColumns, 15);
 
 constexpr char kFieldsArray[] = "CAlarm.GetFieldsArray";
 constexpr std::int32_t kNotFound = 100;

@@ -23,7 +23,7 @@ constexpr Column<CEvent> kColumns[] = {
     {.name = "EVE_Type", .member = &CEvent::EType, .row = 11, .form = Form::Plain, .null = {.text = "E"}},
     {.name = "EVE_LinkID", .member = &CEvent::LinkID, .row = 12, .form = Form::Plain, .null = {.number = -1}},
 };
-constexpr Table kEvents("Events", 15, kColumns);
+constexpr Table kEvents("Events", kColumns, 15);
 
 constexpr char kFieldsArray[] = "CEvent.GetFieldsArray";
 constexpr std::int32_t kNotFound = 103;

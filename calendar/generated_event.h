@@ -34,7 +34,7 @@ Outcome KeepGeneratedEvent(CSession& session, const GeneratedKind& kind, const D
 
 /// Deletes the events of a kind and record by one plain statement: their rules, notifications and marks of the seen
 /// stay. Without the kind's folder nothing is deleted, which is no failure, nor is a look-up of the folder that fails:
-/// only the error record tells. Raises if the statement fails.
+/// only the error record tells, until the next look-up clears it. Raises if the statement fails.
 void DeleteGeneratedEvents(CSession& session, const GeneratedKind& kind, std::int32_t owner);
 
 }  // namespace zef

@@ -13,8 +13,8 @@ namespace zef {
 
 /// What events, alarms and tasks share: a rule and a notification of their own from the first moment on, which are
 /// read, saved and reset with them. After a `Save` that answers False an event or alarm is what it was before and can
-/// be saved again. A task, and any item in a transaction of the client, may have saved a child already, which believes
-/// in its row even if that is undone: drop such an item, or if it is new call `ResetFlags`, before it is saved again.
+/// be saved again. But a child of a task, of an item in the client's transaction, or of one whose own transaction could
+/// not be undone stays as it was saved and believes in its row, even if that is undone later: drop such an item.
 template <class Derived>
 class Item : public Record<Derived> {
  public:
@@ -72,12 +72,10 @@ class Item : public Record<Derived> {
   /// the references to them and the own flags are given back, so that the next `Save` writes all of it again.
   template <std::size_t N>
   bool SaveOrGiveBack(const Table<Derived, N>& table, std::string_view procedure, std::string_view array_procedure) {
-    CSession& session = Deref(this->Session());
-    const bool joins = session.TransactionStarted();
     const bool modified = this->OwnModified();
     const auto children = derived().ChildrenBefore();
     if (SaveItem(table, procedure, array_procedure, [](CSession&) { return Outcome::Done; })) return true;
-    if (joins || session.TransactionStarted()) return false;  // nothing has been undone
+    if (Deref(this->Session()).TransactionStarted()) return false;  // nothing has been undone
     std::apply([](const auto&... child) { (child.GiveBack(), ...); }, children);
     this->SetFlags(modified, this->IsNew());
     return false;

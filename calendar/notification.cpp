@@ -17,7 +17,7 @@ constexpr Column<CNotification> kColumns[] = {
     Stored<CNotification>("NTF_Status", &CNotification::Status, 7),
     Stored<CNotification>("NTF_SendingDate", &CNotification::SendingDate, 0),
 };
-constexpr Table kNotifications("Notifications", 15, kColumns);
+constexpr Table kNotifications("Notifications", kColumns, 15);
 
 constexpr char kFieldsArray[] = "CNotification.GetFieldsArray";
 
@@ -37,7 +37,7 @@ bool CNotification::GetFieldsArray(FieldType enmType, FieldsArray& strFields, st
 }
 
 bool CNotification::Save() {
-  return SaveDrawingID(*this, kNotifications, "CNotification.Save", kFieldsArray, kNotificationSequence);
+  return SaveDrawingID(kNotifications, "CNotification.Save", kFieldsArray, kNotificationSequence);
 }
 
 Ref<CNotification> CSession::GetNotification(std::int32_t lngNotificationID) {

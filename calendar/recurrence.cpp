@@ -24,7 +24,7 @@ struct RecurrenceColumns {
       Stored<CRecurrence>("REC_WeekNumber", &CRecurrence::WeekNumber, 8),
       Stored<CRecurrence>("REC_EndDate", &CRecurrence::EndDate, 5),
   };
-  static constexpr Table kTable{"Recurrences", 15, kList};
+  static constexpr Table kTable{"Recurrences", kList, 15};
 };
 
 void CRecurrence::GetValuesFromRS(const Ref<Recordset>& Rs) {
@@ -37,7 +37,7 @@ bool CRecurrence::GetFieldsArray(FieldType enmType, FieldsArray& strFields, std:
 }
 
 bool CRecurrence::Save() {
-  return SaveDrawingID(*this, RecurrenceColumns::kTable, "CRecurrence.Save", kFieldsArray, kRecurrenceSequence);
+  return SaveDrawingID(RecurrenceColumns::kTable, "CRecurrence.Save", kFieldsArray, kRecurrenceSequence);
 }
 
 Date CRecurrence::NextOccuranceDate(Date dtmReference) const noexcept {

@@ -9,9 +9,8 @@ constexpr Column<CCategory> kColumns[] = {
     Stored<CCategory>("CAT_Color", &CCategory::Color, 1),
     Stored<CCategory>("CAT_DateLastUpdate", &CCategory::DateLastUpdate, 2, Form::Stamp),
 };
-constexpr Table kCategories("Categories", 10, kColumns);
+constexpr Table kCategories("Categories", kColumns);
 
-constexpr char kSave[] = "CCategory.Save";
 constexpr std::int32_t kCategorySequence = 9;
 
 }  // namespace
@@ -22,10 +21,10 @@ void CCategory::GetValuesFromRS(const Ref<Recordset>& Rs) {
 }
 
 bool CCategory::Save() {
-  CSession& session = Deref(Session());
-  session.ClearError();
-  if (Refused(session, kSave)) return false;
-  return Trapped(session, kSave, false, [&] { return SaveUnderDrawnID(*this, kCategories, kCategorySequence); });
+  return SaveAlone("CCategory.Save", MaySave::Writers, [this](CSession&) {
+    const bool drawn = WriteUnderDrawnID(*this, kCategories, kCategorySequence, DatabaseRows(*this, kCategories));
+    return drawn ? Outcome::Done : Outcome::Quiet;
+  });
 }
 
 }  // namespace zef

@@ -15,7 +15,7 @@ constexpr Column<CFolder> kColumns[] = {
     Stored<CFolder>("FLD_DateLastUpdate", &CFolder::DateLastUpdate, 4, Form::Stamp),
     Stored<CFolder>("FLD_Protected", &CFolder::Protected, 6),
 };
-constexpr Table kFolders("Folders", 10, kColumns);
+constexpr Table kFolders("Folders", kColumns);
 
 // The refusal bears the name that clients know it by.
 constexpr char kRefusal[] = "CAlarm.Save";

@@ -5,20 +5,11 @@
 namespace zef {
 namespace {
 
-constexpr char kSelectIdentifier[] = "SELECT FLD_ID FROM Folders";
+constexpr char kIdentifier[] = "FLD_ID";
 constexpr char kSelectPhoneCallNotes[] =
     "SELECT FLD_ID FROM Folders WHERE FLD_Type=3 AND FLD_Protected=1 AND FLD_Name='Phone Calls Notes'";
 constexpr char kSelectCompletedTasks[] =
     "SELECT FLD_ID FROM Folders WHERE FLD_Type=2 AND FLD_Protected=1 AND FLD_Name='Completed Tasks'";
-
-/// The identifier in the first row of a select, or -1.
-std::int32_t FirstFolderID(CSession& session, std::string_view procedure, const std::string& select) {
-  return Trapped(session, procedure, std::int32_t{-1}, [&] {
-    session.ClearError();
-    const Ref<Recordset> rs = OpenSelect(session, select);
-    return rs->EndOfFile() ? -1 : ToLong(rs->Fields().Item("FLD_ID").Value());
-  });
-}
 
 }  // namespace
 
@@ -29,16 +20,15 @@ Ref<CFolder> CSession::GetFolder(std::int32_t FolderID) {
 Ref<CFolder> CSession::CreateFolder() { return CreateRecord<CFolder>(*this, "CSession.CreateFolder", kFolderSequence); }
 
 std::int32_t CSession::GetFolderIDByCriteria(const std::string& strCriteria) {
-  const std::string where = strCriteria.empty() ? "" : " WHERE " + strCriteria;
-  return FirstFolderID(*this, "GetFolderIDByCriteria", kSelectIdentifier + where);
+  return FirstID(*this, "GetFolderIDByCriteria", SelectText("SELECT FLD_ID FROM Folders", strCriteria), kIdentifier);
 }
 
 std::int32_t CSession::GetFolderID4PhoneCallNotes() {
-  return FirstFolderID(*this, "GetFolderID4PhoneCallNotes", kSelectPhoneCallNotes);
+  return FirstID(*this, "GetFolderID4PhoneCallNotes", kSelectPhoneCallNotes, kIdentifier);
 }
 
 std::int32_t CSession::GetFolderID4Completedtasks() {
-  return FirstFolderID(*this, "GetFolderID4Completedtasks", kSelectCompletedTasks);
+  return FirstID(*this, "GetFolderID4Completedtasks", kSelectCompletedTasks, kIdentifier);
 }
 
 bool CSession::LoadRootFolders(const Ref<CFolders>& udtFolders) {

@@ -24,7 +24,7 @@ constexpr Column<CAttachement> kColumns[] = {
     Text("ATC_Description", &CAttachement::Description),
     Text("ATC_FileName", &CAttachement::FileName),
 };
-constexpr Table kAttachements("Attachements", 10, kColumns);
+constexpr Table kAttachements("Attachements", kColumns, 10);
 constexpr std::span kTexts = std::span(kColumns).subspan<1>();
 
 constexpr char kContent[] = "ATC_Content";
@@ -75,24 +75,15 @@ bool CAttachement::GetFieldsArray(FieldType enmType, FieldsArray& strFields, std
 }
 
 bool CAttachement::Save() {
-  constexpr char kSave[] = "CAttachement.Save";
-  CSession& session = Deref(Session());
-  return Trapped(session, kSave, false, [&] {
-    session.ClearError();
-    if (IsModified()) {
-      const Ref<Recordset> rs = OpenRow(session, *this);
-      if (!rs) {
-        RecordCallee(session, kSave);
-        return false;
-      }
-      Stream content = OpenStream();
-      content.LoadFromFile(FileName);
-      WriteRow(*rs, *this, content);
-      content.Close();
-      rs->Close();
-    }
-    SetFlags(false, false);
-    return true;
+  return SaveAlone("CAttachement.Save", MaySave::Anyone, [this](CSession& session) {
+    const Ref<Recordset> rs = OpenRow(session, *this);
+    if (!rs) return Outcome::Failed;
+    Stream content = OpenStream();
+    content.LoadFromFile(FileName);
+    WriteRow(*rs, *this, content);
+    content.Close();
+    rs->Close();
+    return Outcome::Done;
   });
 }
 

@@ -32,8 +32,8 @@ class CAttachement : public Record<CAttachement> {
 
   /// Reads everything but the content.
   void GetValuesFromRS(const Ref<Recordset>& Rs);
-  /// Stores the properties and, each time, the file as it is now; without that file nothing is written. A new record
-  /// draws its identifier first. Checks no rights and opens no transaction.
+  /// If something changed, stores the properties and, each time, the file as it is now; without that file nothing is
+  /// written. A new record draws its identifier first. Checks no rights and opens no transaction.
   bool Save();
   /// Writes the stored content to `CacheFileName`, or to a new name in the temporary folder if that is empty, over what
   /// stands there. The file is private to the user. True, and no file, without a row. Marks nothing as modified.

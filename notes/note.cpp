@@ -15,9 +15,8 @@ constexpr Column<CNote> kColumns[] = {
     {.name = "NOT_Title", .member = &CNote::Title, .row = 0, .form = Form::Plain, .in_portions = true},
     Stored<CNote>("NOT_DateLastUpdate", &CNote::DateLastUpdate, 4, Form::Stamp),
 };
-constexpr Table kNotes("Notes", 10, kColumns, 10);
+constexpr Table kNotes("Notes", kColumns, 10, 10);
 
-constexpr char kSave[] = "CNote.Save";
 constexpr char kFieldsArray[] = "CNote.GetFieldsArray";
 constexpr std::int32_t kNotFound = 101;
 
@@ -29,15 +28,10 @@ void CNote::GetValuesFromRS(const Ref<Recordset>& Rs) {
 }
 
 bool CNote::Save() {
-  CSession& session = Deref(Session());
-  return Trapped(session, kSave, false, [&] {
-    session.ClearError();
-    if (Refused(session, kSave)) return false;
-    if (IsModified() && SaveRow(*this, kNotes, kFieldsArray) != Outcome::Done) return false;
-    DateLastUpdate.Load(Date());
-    SetFlags(false, false);
-    return true;
-  });
+  const auto write = [this](CSession&) { return SaveRow(*this, kNotes, kFieldsArray); };
+  if (!SaveAlone("CNote.Save", MaySave::Writers, write)) return false;
+  DateLastUpdate.Load(Date());
+  return true;
 }
 
 bool CNote::ReadFromFile(const std::string& strFile) {

@@ -26,9 +26,9 @@ class CNote : public Record<CNote> {
   void GetValuesFromRS(const Ref<Recordset>& Rs);
   /// Writes the row if something changed; joins a transaction that runs and opens none.
   bool Save();
-  /// Makes a file's bytes, read as Windows-1252, the text. The note becomes modified with the first of them, whatever
-  /// the text was before. If the file cannot be read to its end, what was read stays; if it cannot be opened, the old
-  /// text.
+  /// Makes a file's bytes, read as Windows-1252, the text. The note becomes modified with the first of them, or with
+  /// the clearing, if there was a text. If the file cannot be read to its end, what was read stays; if it cannot be
+  /// opened, the old text. The file is closed in any case.
   bool ReadFromFile(const std::string& strFile);
   /// Reads the row again, so that title and text stand twice in a note that was loaded.
   bool Refresh();

@@ -20,7 +20,7 @@ Ref<CNote> CSession::DuplicateNote(std::int32_t lngOldNoteID) {
 }
 
 bool CSession::DeleteNote(std::int32_t lngNoteID) {
-  return DeleteGuardedRow(*this, "DeleteNote", "CSession.DeleteNote", "DELETE * FROM Notes WHERE NOT_ID=", lngNoteID);
+  return DeleteRow(*this, "DeleteNote", "DELETE * FROM Notes WHERE NOT_ID=", lngNoteID, "CSession.DeleteNote");
 }
 
 bool CSession::LoadNotes4Folder(const Ref<CNotes>& udtNotes, std::int32_t lngFolderID) {

@@ -22,6 +22,8 @@ OpenFiles::iterator FileOf(std::int32_t number) {
 
 }  // namespace
 
+TextReader::TextReader(const std::string& path) : file_((FreeFile(), path)) {}
+
 const std::string& TextReader::Next() {
   portion_.clear();
   const std::size_t count = file_.Read(bytes_);

@@ -50,7 +50,7 @@ constexpr Column<Record> Stored(std::string_view name, Pointer member, int row, 
 /// `row`.
 template <class Record, std::size_t N>
 struct Table {
-  constexpr Table(std::string_view table, int row_count, const Column<Record> (&list)[N], int array_columns = 2)
+  constexpr Table(std::string_view table, const Column<Record> (&list)[N], int row_count = 0, int array_columns = 2)
       : name(table), last_column(array_columns), rows(row_count) {
     for (std::size_t i = 0; i < N; ++i) {
       columns[i] = &list[i];
@@ -63,7 +63,7 @@ struct Table {
 
   std::string_view name;
   int last_column;  ///< bound of the second index of its fields array
-  int rows;         ///< fixed number of field rows, the empty ones included
+  int rows;         ///< fixed number of rows of its fields array, the empty ones included; 0 without one
   std::array<const Column<Record>*, N> columns{};
   std::array<std::string_view, N> names{};
   std::array<const Column<Record>*, N> written{};  ///< by row; null behind the last one

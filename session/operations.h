@@ -1,12 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
 #include "platform/recordset.h"
-#include "platform/transaction_guard.h"
 #include "session/bas_global.h"
 #include "session/collections.h"
 #include "session/executing.h"
@@ -138,21 +136,13 @@ bool LoadRecords(CSession& session, const Ref<Collection<R>>& records, std::stri
                       [&](const Ref<Recordset>& rs) { return ReadRecord<R>(owner, rs); });
 }
 
-/// "Delete<class>" of classes without anything that hangs on them; a row need not exist.
-inline bool DeleteRow(CSession& session, std::string_view procedure, std::string_view statement, std::int32_t id) {
+/// "Delete<class>" of classes without anything that hangs on them; a row need not exist. With a `refusal` it is only
+/// for those who may write.
+inline bool DeleteRow(CSession& session, std::string_view procedure, std::string_view statement, std::int32_t id,
+                      std::string_view refusal = {}) {
   return Trapped(session, procedure, false, [&] {
     session.ClearError();
-    Execute(session, WithNumber(statement, id));
-    return true;
-  });
-}
-
-/// The same for a class whose rows only those may delete who may write.
-inline bool DeleteGuardedRow(CSession& session, std::string_view procedure, std::string_view refusal,
-                             std::string_view statement, std::int32_t id) {
-  return Trapped(session, procedure, false, [&] {
-    session.ClearError();
-    if (Refused(session, refusal)) return false;
+    if (!refusal.empty() && Refused(session, refusal)) return false;
     Execute(session, WithNumber(statement, id));
     return true;
   });
@@ -173,16 +163,21 @@ bool DeleteInTransaction(CSession& session, std::string_view procedure, std::str
 }
 
 /// Runs steps in a transaction of the connection itself, which the session's flag does not tell of and which may lie
-/// inside one of the session. It is undone unless the steps say true; their failures are trapped under `procedure`.
+/// inside one of the session. It is undone unless the steps say true; their failures are trapped under `procedure`. A
+/// failure of the undoing reaches the caller, for whom the transaction is still open then.
 template <class Steps>
 bool InConnectionTransaction(CSession& session, std::string_view procedure, Steps&& steps) {
-  std::optional<TransactionGuard<Connection>> transaction;  // undone only after the failure has been recorded
-  return Trapped(session, procedure, false, [&] {
-    transaction.emplace(Deref(session.conDBConnection));
+  bool begun = false;
+  const bool done = Trapped(session, procedure, false, [&] {
+    Connection& connection = Deref(session.conDBConnection);
+    connection.BeginTrans();
+    begun = true;
     if (!steps()) return false;
-    transaction->Commit();
+    connection.CommitTrans();
     return true;
   });
+  if (!done && begun) Deref(session.conDBConnection).RollbackTrans();
+  return done;
 }
 
 /// "Refresh": reads the record's row again; without one, `code` and `message` are recorded. Does not clear the error

@@ -19,6 +19,9 @@
 
 namespace zef {
 
+/// Whom a `Save` serves: every session, or only those that may write.
+enum class MaySave { Anyone, Writers };
+
 /// What every record class has: an identifier, its session and the two flags. The rest of the contract is the functions
 /// below, which each class calls with its own table; a class that departs from a step writes that step itself.
 template <class Derived>
@@ -53,6 +56,33 @@ class Record : public RefCounted<Derived>, public RecordFlags {
     static_cast<Derived&>(*this).DateLastUpdate.Load(Date());
     SetFlags(false, false);
     return true;
+  }
+
+  /// `Save` of a class without a transaction of its own, around the class's own `write`, which is given the session and
+  /// runs only if something changed. Afterwards the own flags are clear.
+  template <class Write>
+  bool SaveAlone(std::string_view procedure, MaySave who, Write&& write) {
+    CSession& session = Deref(session_);
+    return Trapped(session, procedure, false, [&] {
+      session.ClearError();
+      if (who == MaySave::Writers && Refused(session, procedure)) return false;
+      const Outcome outcome = OwnModified() ? write(session) : Outcome::Done;
+      if (outcome == Outcome::Failed) RecordCallee(session, procedure);
+      if (outcome == Outcome::Done) SetFlags(false, false);
+      return outcome == Outcome::Done;
+    });
+  }
+  /// The same for a class with a fields array that draws its identifier at its first row. Without an identifier the
+  /// error record names this `Save`, which is what the client called, with the sequence's own reason.
+  template <std::size_t N>
+  bool SaveDrawingID(const Table<Derived, N>& table, std::string_view procedure, std::string_view array_procedure,
+                     std::int32_t sequence) {
+    return SaveAlone(procedure, MaySave::Anyone, [&](CSession&) {
+      Derived& record = static_cast<Derived&>(*this);
+      const std::optional<FieldRows> rows = TrappedRows(record, table, array_procedure);
+      if (!rows) return Outcome::Quiet;
+      return WriteUnderDrawnID(record, table, sequence, *rows) ? Outcome::Done : Outcome::Failed;
+    });
   }
 
  private:
@@ -165,42 +195,13 @@ Outcome SaveRow(const R& record, const Table<R, N>& table, std::string_view arra
   return Outcome::Done;
 }
 
-/// The writing in the `Save` of a class that draws its identifier at its first row; `rows` makes the rows of the
-/// statement, or nothing once it has recorded why. Clears the flags. Quiet without rows and Failed without an
-/// identifier, with flags and rows as they were; why none could be drawn stands in the name of the sequence.
-template <class R, std::size_t N, class Rows>
-Outcome SaveUnderDrawnID(R& record, const Table<R, N>& table, std::int32_t sequence, Rows&& rows) {
-  if (record.IsModified()) {
-    const std::optional<FieldRows> made = rows();
-    if (!made) return Outcome::Quiet;
-    const bool draws = record.IsNew();
-    if (draws && Deref(record.Session()).GetUniqueIDFromSeq(sequence, record.ID, 1) < 1) return Outcome::Failed;
-    WriteRow(record, table, *made);
-  }
-  record.ResetFlagsX(false, false);
-  return Outcome::Done;
-}
-
-/// The same for a class without a fields array, whose failures its own `Save` traps; true if all went well.
+/// Writes the made rows of a class that draws its identifier at its first one; false if none could be drawn, and why
+/// stands in the name of the sequence.
 template <class R, std::size_t N>
-bool SaveUnderDrawnID(R& record, const Table<R, N>& table, std::int32_t sequence) {
-  const auto rows = [&] { return std::optional(DatabaseRows(record, table)); };
-  return SaveUnderDrawnID(record, table, sequence, rows) == Outcome::Done;
-}
-
-/// `Save` of a class with a fields array that checks no rights and has no transaction of its own. Without an identifier
-/// the record names this `Save`, which is what the client called, with the sequence's own reason.
-template <class R, std::size_t N>
-bool SaveDrawingID(R& record, const Table<R, N>& table, std::string_view procedure, std::string_view array_procedure,
-                   std::int32_t sequence) {
-  CSession& session = Deref(record.Session());
-  return Trapped(session, procedure, false, [&] {
-    session.ClearError();
-    const auto rows = [&] { return TrappedRows(record, table, array_procedure); };
-    const Outcome outcome = SaveUnderDrawnID(record, table, sequence, rows);
-    if (outcome == Outcome::Failed) RecordCallee(session, procedure);
-    return outcome == Outcome::Done;
-  });
+bool WriteUnderDrawnID(R& record, const Table<R, N>& table, std::int32_t sequence, const FieldRows& rows) {
+  if (record.IsNew() && Deref(record.Session()).GetUniqueIDFromSeq(sequence, record.ID, 1) < 1) return false;
+  WriteRow(record, table, rows);
+  return true;
 }
 
 /// The member `GetFieldsArray` of a class: clears the array to the class's size and fills the rows that are asked for;

@@ -16,8 +16,10 @@ enum Rights : std::int32_t { Administrator = 1, DataEditor = 2, DataViewer = 4 }
 
 /// What a client keeps: one connection, one error record, one transaction flag and the identity of the working user.
 /// Every record reaches the database through its session. A session and all that it hands out belong to one thread;
-/// sessions share nothing. Operations trap their failures: they write them to the error record and return False, 0, -1
-/// or Nothing. Those that raise instead say so.
+/// sessions share nothing. Make one with `MakeRef`: it is counted, and one on the stack would be destroyed twice.
+/// Operations trap their failures: they write them to the error record and return False, 0, -1 or Nothing. Without a
+/// connection, in which failures are looked up, they raise 91. `Create...`, `Duplicate...` and `Load...4Folder` trap
+/// nothing beyond what the operations inside them do; others that raise say so.
 class CSession : public RefCounted<CSession> {
  public:
   CSession() = default;
@@ -98,7 +100,7 @@ class CSession : public RefCounted<CSession> {
   bool CopyFolder(std::int32_t FolderID, std::int32_t lngNewParentID);
   /// Deletes a folder with all that lies in and below it, protected ones too. May run inside a client's transaction as
   /// long as there are no tasks, events or alarms to delete: those make it fail and undo that one. Fails with 28 as
-  /// `CopyFolder` does.
+  /// `CopyFolder` does. Raises only if what it has done cannot be undone, and its transaction is open then.
   bool DeleteFolder(std::int32_t lngFolderID);
 
   // Categories.
@@ -106,10 +108,10 @@ class CSession : public RefCounted<CSession> {
   Ref<CCategory> GetCategory(std::int32_t CategoryID);
   /// Identifier of the first category of that name, or -1.
   std::int32_t GetCategoryID4Name(const std::string& strConnectName);
-  /// Deletes a category and clears all references to it. May run inside a client's transaction. A refusal raises
-  /// -2147168242 where no transaction runs. Where one does, it undoes that one and leaves the flag, so that the session
-  /// can neither end nor begin one until the client calls `BeginTrans` of the connection and then
-  /// `RollbackTransaction`.
+  /// Deletes a category and clears all references to it. May run inside a client's transaction. Raises as
+  /// `DeleteFolder` does. A refusal raises -2147168242 where no transaction runs. Where one does, it undoes that one
+  /// and leaves the flag, so that the session can neither end nor begin one until the client calls `BeginTrans` of the
+  /// connection and then `RollbackTransaction`.
   bool DeleteCategory(std::int32_t lngCategoryID);
   bool LoadCategoriesWithCriteria(const Ref<CCategories>& udtCategories, const std::string& strCriteria);
 

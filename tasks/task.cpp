@@ -25,7 +25,7 @@ constexpr Column<CTask> kColumns[] = {
     Stored<CTask>("TSK_DateCompleted", &CTask::DateCompleted, 12),
     Stored<CTask>("TSK_DateLastUpdate", &CTask::DateLastUpdate, 13, Form::Stamp),
 };
-constexpr Table kTasks("Tasks", 25, kColumns);
+constexpr Table kTasks("Tasks", kColumns, 25);
 
 constexpr char kFieldsArray[] = "CTask.GetFieldsArray";
 constexpr std::int32_t kNotFound = 102;

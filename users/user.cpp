@@ -13,7 +13,7 @@ constexpr Column<CUser> kColumns[] = {
     Stored<CUser>("USR_DateLastUpdated", &CUser::DateLastUpdate, 5, Form::Stamp),
     Stored<CUser>("USR_CreationDate", &CUser::CreationDate, 6),
 };
-constexpr Table kUsers("Users", 10, kColumns);
+constexpr Table kUsers("Users", kColumns);
 
 constexpr std::int32_t kUserSequence = 6;
 
@@ -25,10 +25,9 @@ void CUser::GetValuesFromRS(const Ref<Recordset>& Rs) {
 }
 
 bool CUser::Save() {
-  CSession& session = Deref(Session());
-  return Trapped(session, "CUser.Save", false, [&] {
-    session.ClearError();
-    return SaveUnderDrawnID(*this, kUsers, kUserSequence);
+  return SaveAlone("CUser.Save", MaySave::Anyone, [this](CSession&) {
+    const bool drawn = WriteUnderDrawnID(*this, kUsers, kUserSequence, DatabaseRows(*this, kUsers));
+    return drawn ? Outcome::Done : Outcome::Quiet;
   });
 }
 

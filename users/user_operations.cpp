@@ -36,7 +36,7 @@ Ref<CUser> CSession::CheckUser(const std::string& strConnectName, const std::str
 }
 
 bool CSession::DeleteUser(std::int32_t lngUserID) {
-  return DeleteGuardedRow(*this, "DeleteUser", "CSession.DeleteUser", "DELETE * FROM Users WHERE USR_ID=", lngUserID);
+  return DeleteRow(*this, "DeleteUser", "DELETE * FROM Users WHERE USR_ID=", lngUserID, "CSession.DeleteUser");
 }
 
 bool CSession::LoadUserTags(const Ref<CTags>& udtUserTags, const std::string& strCriteria) {

@@ -72,6 +72,15 @@ TEST_F(ContactDelete, FailedLookUpOfAFolderLeavesItsEventAndStandsOnRecord) {
   EXPECT_EQ(Rows("Events"), 1);
 }
 
+TEST_F(ContactDelete, FailedFirstLookUpLeavesItsEventAndNothingOnRecord) {
+  AnnLee();
+  Refuse(kBirthdaysLookUp);
+  EXPECT_TRUE(session->DeleteContact(1));
+  EXPECT_FALSE(session->GetErrorFlag());
+  EXPECT_EQ(Rows("Events WHERE EVE_Type='B'"), 1);
+  EXPECT_EQ(Rows("Events"), 1);
+}
+
 TEST_F(ContactDelete, InTheClientsTransactionNeitherCommitsNorUndoesIt) {
   AnnLee();
   ASSERT_TRUE(session->BeginTransaction());

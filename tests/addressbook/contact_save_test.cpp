@@ -292,6 +292,14 @@ TEST_F(ContactSave, SessionThatMayOnlyReadIsRefusedAndSendsNothing) {
   EXPECT_EQ(Flags(*contact), "new modified");
 }
 
+TEST_F(ContactSave, RefusalComesEvenToAnUnchangedContact) {
+  const Ref<CContact> contact = Saved(FullContact());
+  session->UserRights = DataViewer;
+  EXPECT_FALSE(contact->Save());
+  EXPECT_EQ(session->GetErrorCode(), 105);
+  EXPECT_EQ(SentInAll(), Texts{});
+}
+
 TEST_F(ContactSave, EveryFailureOfANewContactsSaveLeavesNothingBehind) {
   const auto make = [&] {
     Ref<CContact> contact = session->CreateContact();

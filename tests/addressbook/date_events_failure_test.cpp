@@ -37,6 +37,12 @@ TEST_F(DateEventsFailure, UnprotectedFolderOfThatNameDoesNotCount) {
   EXPECT_FALSE(Born()->Save());
 }
 
+TEST_F(DateEventsFailure, FolderWithTheNumberZeroCountsAsMissing) {
+  Run("UPDATE Folders SET FLD_ID=0 WHERE FLD_Name='Birthdays'");
+  EXPECT_FALSE(Born()->Save());
+  EXPECT_EQ(Rows("Contacts") + Rows("Events"), 0);
+}
+
 TEST_F(DateEventsFailure, MissingFolderDoesNotMatterWithoutThatDate) {
   DeleteFolder("Birthdays");
   const Ref<CContact> contact = Named("Ann", "Lee");
@@ -83,6 +89,15 @@ TEST_F(DateEventsFailure, FailedLookUpDoesNotStopAClearedDate) {
   EXPECT_TRUE(contact->Save());
   EXPECT_EQ(Rows("Events"), 2);
   EXPECT_EQ(Stored("SELECT CNT_BirthDate FROM Contacts"), "12:00:00 AM");
+}
+
+TEST_F(DateEventsFailure, FailedLookUpOfTheAnniversaryIsOffTheRecordAfterThatOfTheBirthday) {
+  const Ref<CContact> contact = AnnLee();
+  contact->Anniversary = Date();
+  Refuse(kAnniversariesLookUp);
+  EXPECT_TRUE(contact->Save());
+  EXPECT_FALSE(session->GetErrorFlag());
+  EXPECT_EQ(Rows("Events WHERE EVE_Type='A'"), 1);
 }
 
 TEST_F(DateEventsFailure, FailedLookUpFailsAContactWithThatDateInItsOwnName) {

@@ -31,6 +31,12 @@ TEST_F(DateEvents, TextWithoutAFirstNameBeginsWithABlank) {
   EXPECT_EQ(BirthdayTextOf(Named("", "Lee")), " Lee's Birthday");
 }
 
+TEST_F(DateEvents, TextOfAnInitialWithoutAFirstNameBeginsWithABlank) {
+  const Ref<CContact> contact = Named("", "Lee");
+  contact->MI = "B";
+  EXPECT_EQ(BirthdayTextOf(contact), " B Lee's Birthday");
+}
+
 TEST_F(DateEvents, TextWithoutALastNameHasABlankBeforeTheApostrophe) {
   EXPECT_EQ(BirthdayTextOf(Named("Ann", "")), "Ann 's Birthday");
 }
@@ -255,12 +261,24 @@ TEST_F(DateEvents, DateRemovedAndSetAgainInTwoSavesMakesANewText) {
 TEST_F(DateEvents, ModifiedContactWritesDateReminderAndRuleOfTheEventAgain) {
   const Ref<CContact> contact = AnnLee();
   Run("UPDATE Events SET EVE_StartDate='1/1/2000',EVE_EndDate='1/2/2000',EVE_Reminder=15");
-  Run("UPDATE Recurrences SET REC_Type=2,REC_Options1=9,REC_OccurencesNo=5");
+  Run("UPDATE Recurrences SET REC_Type=2,REC_SubType=3,REC_Options1=9,REC_Options2=1,REC_OccurencesNo=5,"
+      "REC_EndDate='1/1/2030'");
   contact->City = "Leeds";
   ASSERT_TRUE(contact->Save());
   EXPECT_EQ(Of("B", "EVE_StartDate") + " " + Of("B", "EVE_EndDate"), "2/29/1980 2/29/1980");
   EXPECT_EQ(Of("B", "EVE_Reminder"), "0");
-  EXPECT_EQ(RuleOf("B", "REC_Type") + RuleOf("B", "REC_Options1") + RuleOf("B", "REC_OccurencesNo"), "410");
+  EXPECT_EQ(RuleOf("B", "REC_Type") + "/" + RuleOf("B", "REC_SubType"), "4/0");
+  EXPECT_EQ(RuleOf("B", "REC_Options1") + "/" + RuleOf("B", "REC_Options2"), "1/29");
+  EXPECT_EQ(RuleOf("B", "REC_OccurencesNo"), "0");
+  EXPECT_EQ(RuleOf("B", "REC_EndDate"), "12:00:00 AM");
+}
+
+TEST_F(DateEvents, RuleThatWasChangedAloneIsWrittenAgain) {
+  const Ref<CContact> contact = AnnLee();
+  Run("UPDATE Recurrences SET REC_Type=2");
+  contact->City = "Leeds";
+  ASSERT_TRUE(contact->Save());
+  EXPECT_EQ(RuleOf("B", "REC_Type"), "4");
 }
 
 TEST_F(DateEvents, RefreshLeavesWhatTheClientAdded) {

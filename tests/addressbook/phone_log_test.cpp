@@ -171,6 +171,12 @@ TEST_F(PhoneLogRecord, UnchangedNewLogGetsNoRowAndIsNoLongerNew) {
   EXPECT_EQ(Flags(*log), "old clear");
 }
 
+TEST_F(PhoneLogRecord, UnchangedLoadedLogSendsNothing) {
+  const Ref<CPhoneLog> log = StoredLog();
+  EXPECT_TRUE(log->Save());
+  EXPECT_EQ(SentInAll(), Texts{});
+}
+
 TEST_F(PhoneLogRecord, SaveOpensNoTransactionOfItsOwn) {
   const Ref<CPhoneLog> log = FullLog();
   ASSERT_TRUE(log->Save());

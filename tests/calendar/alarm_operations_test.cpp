@@ -110,6 +110,20 @@ TEST_F(AlarmOperations, SavedDuplicateStoresTheAttachementsFileAgain) {
   EXPECT_EQ(copy->AttachementID, 3) << "2 was the placeholder";
 }
 
+TEST_F(AlarmOperations, SavedDuplicateWithoutChildrenDeletesThemUnderTheirPlaceholders) {
+  SetSequences({{7, 70}, {8, 80}, {10, 100}});
+  Run("INSERT INTO Alarms (ALA_ID) VALUES (99)");
+  const Ref<CAlarm> copy = session->DuplicateAlarm(99);
+  Forget();
+  ASSERT_TRUE(copy->Save());
+  EXPECT_THAT(Sent(), testing::ElementsAre("DELETE * FROM Attachements WHERE ATC_ID=101",
+                                           "DELETE * FROM Notifications WHERE NTF_ID=71",
+                                           "DELETE * FROM Recurrences WHERE REC_ID=81",
+                                           testing::StartsWith("INSERT INTO Alarms (ALA_ID,")));
+  EXPECT_EQ(Rows("Alarms WHERE ALA_ID=1 AND ALA_AttachementID=-1 AND ALA_NotificationID=-1 AND ALA_RecurrenceID=-1"),
+            1);
+}
+
 TEST_F(AlarmOperations, DuplicateOfAnUnknownAlarmGivesNothingAndNoError) {
   EXPECT_FALSE(session->DuplicateAlarm(91));
   EXPECT_FALSE(session->GetErrorFlag());
@@ -168,12 +182,32 @@ TEST_F(AlarmOperations, DeleteLeavesTheMarksOfTheSeen) {
   EXPECT_EQ(Rows("ViewedAlarms"), 1);
 }
 
+TEST_F(AlarmOperations, DeleteLeavesTheCacheFile) {
+  const Ref<CAlarm> alarm = AlarmWithChildren();
+  const std::filesystem::path cache = std::filesystem::path(Source()).replace_filename("cached.txt");
+  alarm->Attachement->CacheFileName = cache.string();
+  ASSERT_TRUE(alarm->Attachement->Cache2File());
+  EXPECT_TRUE(session->DeleteAlarm(alarm->ID));
+  EXPECT_TRUE(std::filesystem::exists(cache));
+}
+
 TEST_F(AlarmOperations, DeleteIsRefusedToASessionThatMayOnlyReadWithTheTextOfTheRollback) {
   const std::int32_t id = AlarmWithChildren()->ID;
   session->UserRights = DataViewer;
   EXPECT_FALSE(session->DeleteAlarm(id));
   EXPECT_EQ(session->GetEntireErrorDesc(), "[RollbackTransaction] Error: 105 - No transaction is started.");
   EXPECT_EQ(Rows("Alarms"), 1);
+}
+
+TEST_F(AlarmOperations, RefusedDeleteUndoesTheClientsTransaction) {
+  ASSERT_TRUE(session->BeginTransaction());
+  connection().Execute("INSERT INTO Alarms (ALA_ID) VALUES (99)");
+  session->UserRights = DataViewer;
+  EXPECT_FALSE(session->DeleteAlarm(99));
+  EXPECT_FALSE(session->TransactionStarted());
+  EXPECT_EQ(session->GetEntireErrorDesc(),
+            "[CSession.DeleteAlarm] Error: 105 - You don't have rights to insert/edit data");
+  EXPECT_EQ(Rows("Alarms"), 0);
 }
 
 TEST_F(AlarmOperations, DeleteInTheClientsTransactionFailsAndUndoesThatOne) {
@@ -194,7 +228,12 @@ TEST_F(AlarmOperations, DeleteThatFailsAtTheAttachementKeepsRuleAndNotification)
 
 TEST_F(AlarmOperations, EveryFailureOfADeleteLeavesAllRows) {
   const std::int32_t id = AlarmWithChildren()->ID;
-  EXPECT_EQ(FailEachCall(database, *session, [&] { return session->DeleteAlarm(id); }).size(), 7u);
+  Texts procedures;
+  for (const InjectedFailure& failure : FailEachCall(database, *session, [&] { return session->DeleteAlarm(id); })) {
+    procedures.push_back(failure.procedure);
+  }
+  EXPECT_EQ(procedures, (Texts{"RollbackTransaction", "DeleteAlarm", "DeleteRecurrence", "DeleteNotification",
+                               "DeleteAttachement", "DeleteAlarm", "CommitTransaction"}));
 }
 
 }  // namespace

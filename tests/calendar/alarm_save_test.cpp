@@ -125,6 +125,24 @@ TEST_F(AlarmSave, EmptiedAttachementLosesItsRowAndTheReferenceBecomesMinusOne) {
   EXPECT_EQ(Stored("SELECT ALA_AttachementID FROM Alarms"), "-1");
 }
 
+TEST_F(AlarmSave, EmptiedRuleLosesItsRowAndTheReferenceBecomesMinusOne) {
+  const Ref<CAlarm> alarm = LoadedAlarm();
+  alarm->Recurrence->RType = REC_EMPTY;
+  ASSERT_TRUE(alarm->Save());
+  EXPECT_EQ(Rows("Recurrences"), 0);
+  EXPECT_EQ(alarm->RecurrenceID, -1);
+  EXPECT_EQ(Stored("SELECT ALA_RecurrenceID FROM Alarms"), "-1");
+}
+
+TEST_F(AlarmSave, ChangeOfAStoredChildAloneLeavesTheAlarmsRow) {
+  const Ref<CAlarm> alarm = LoadedAlarm();
+  alarm->Notification->Subject = "Play";
+  const ClockOverride later(On("5/2/2024 10:00:00 AM"));
+  ASSERT_TRUE(alarm->Save());
+  EXPECT_THAT(Sent(), testing::ElementsAre(testing::StartsWith("UPDATE Notifications SET NTF_ID=1,")));
+  EXPECT_EQ(Stored("SELECT ALA_DateLastUpdate FROM Alarms"), "5/1/2024 9:00:00 AM");
+}
+
 TEST_F(AlarmSave, AttachementThatCannotBeDeletedDoesNotStopTheSave) {
   const Ref<CAlarm> alarm = LoadedAlarm();
   alarm->Attachement->Name = "";
@@ -179,13 +197,25 @@ TEST_F(AlarmSave, SessionThatMayOnlyReadIsRefusedAndSendsNothing) {
   EXPECT_EQ(Flags(*alarm), "new modified");
 }
 
-TEST_F(AlarmSave, BeginAndCommitThatFailAreRecordedInTheNameOfTheSave) {
-  const Ref<CAlarm> alarm = NewAlarm();
-  for (const char* step : {"BEGIN", "COMMIT"}) {
-    Refuse(step);
-    EXPECT_FALSE(alarm->Save());
-    EXPECT_EQ(Rows("Alarms") + RowsOfChildren(), 0);
-  }
+TEST_F(AlarmSave, BeginThatFailsIsRecordedInTheNameOfTheSave) {
+  const Ref<CAlarm> alarm = LoadedAlarm();
+  alarm->Text = "b";
+  Refuse("BEGIN");
+  EXPECT_FALSE(alarm->Save());
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[CAlarm.Save] Error: -2147217900 - made to fail");
+  EXPECT_EQ(Sent(), Texts{});
+  EXPECT_EQ(Flags(*alarm), "old modified");
+}
+
+TEST_F(AlarmSave, CommitThatFailsIsRecordedInTheNameOfTheSaveAndUndone) {
+  const Ref<CAlarm> alarm = LoadedAlarm();
+  alarm->Text = "b";
+  Refuse("COMMIT");
+  EXPECT_FALSE(alarm->Save());
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[CAlarm.Save] Error: -2147217900 - made to fail");
+  EXPECT_FALSE(session->TransactionStarted());
+  EXPECT_EQ(Stored("SELECT ALA_Text FROM Alarms"), "Choir");
+  EXPECT_EQ(Flags(*alarm), "old modified");
 }
 
 TEST_F(AlarmSave, DateOutOfRangeIsRecordedByTheFieldsAndUndoesTheChildren) {

@@ -65,6 +65,13 @@ TEST_F(AlarmRecord, NotificationOfANewAlarmIsUnsentAndOfAlarmsAtTheStart) {
   EXPECT_TRUE(alarm->Notification->IsEmpty());
 }
 
+TEST_F(AlarmRecord, NotificationOfANewAlarmIsDatedFromTheAlarmsStart) {
+  int days = 0;
+  const ClockOverride moving([&] { return AddDays(now_, ++days); });
+  const auto alarm = MakeRef<CAlarm>();
+  EXPECT_EQ(alarm->Notification->SendingDate, alarm->StartDate.get());
+}
+
 TEST_F(AlarmRecord, NewAlarmHasZeroOrNothingInEverythingElse) {
   const auto alarm = MakeRef<CAlarm>();
   EXPECT_EQ(alarm->ID + alarm->FolderID + alarm->CategoryID + alarm->Reminder, 0);
@@ -191,6 +198,12 @@ TEST_F(AlarmRecord, ColumnsAreReadInTheirOrder) {
   });
 }
 
+TEST_F(AlarmRecord, NullIdentifierCannotBeRead) {
+  Run("INSERT INTO Alarms (ALA_ID) VALUES (91)");
+  const Ref<Recordset> rs = Run("SELECT Null AS ALA_ID," + ColumnList(kColumns, "ALA_ID") + " FROM Alarms");
+  EXPECT_EQ(NumberRaised([&] { NewAlarm()->GetValuesFromRS(rs); }), 94);
+}
+
 TEST_F(AlarmRecord, ReadsAndWritesEveryColumnOfItsTable) {
   EXPECT_THAT(ColumnsRead(kColumns), testing::UnorderedElementsAreArray(ColumnsOf(connection(), "Alarms")));
   EXPECT_THAT(ColumnsWritten(*NewAlarm(), "ALA_ID"),
@@ -254,6 +267,22 @@ TEST_F(AlarmRecord, RefreshThatFailsIsRecorded) {
   Refuse("SELECT * FROM Alarms");
   EXPECT_FALSE(alarm->Refresh());
   EXPECT_EQ(session->GetErrorProcedure(), "CAlarm.Refresh");
+}
+
+TEST_F(AlarmRecord, RefreshThatFailsAtAChildLeavesTheFlags) {
+  const Ref<CAlarm> alarm = LoadedAlarm();
+  alarm->Text = "b";
+  Refuse("SELECT * FROM Recurrences");
+  EXPECT_FALSE(alarm->Refresh());
+  EXPECT_EQ(Flags(*alarm), "old modified");
+}
+
+TEST_F(AlarmRecord, RefreshThatFindsNoReferenceLeavesTheOldAttachement) {
+  const Ref<CAlarm> alarm = LoadedAlarm();
+  Run("UPDATE Alarms SET ALA_AttachementID=-1");
+  ASSERT_TRUE(alarm->Refresh());
+  EXPECT_EQ(alarm->AttachementID, -1);
+  EXPECT_EQ(alarm->Attachement->Name, "score");
 }
 
 TEST_F(AlarmRecord, RefreshDoesNotClearAnOldError) {

@@ -216,6 +216,15 @@ TEST_F(EventSave, ChangeOfAStoredChildAloneLeavesTheEventsRow) {
   EXPECT_EQ(Stored("SELECT EVE_DateLastUpdate FROM Events"), "5/1/2024 9:00:00 AM");
 }
 
+TEST_F(EventSave, SavedChildBringsADifferentReferenceBack) {
+  const Ref<CEvent> event = session->GetEvent(EventWithChildren()->ID);
+  event->RecurrenceID = 77;
+  event->Recurrence->RType = REC_DAILY;
+  ASSERT_TRUE(event->Save());
+  EXPECT_EQ(event->RecurrenceID, 1);
+  EXPECT_EQ(Stored("SELECT EVE_RecurrenceID FROM Events"), "1");
+}
+
 TEST_F(EventSave, EmptiedNotificationLosesItsRowAndTheReferenceBecomesMinusOne) {
   const Ref<CEvent> event = session->GetEvent(EventWithChildren()->ID);
   event->Notification->Subject = "";

@@ -53,6 +53,13 @@ TEST_F(EventRecord, NewEventStartsAndEndsAtTheMomentOfItsCreation) {
   EXPECT_EQ(event->EndDate, now_);
 }
 
+TEST_F(EventRecord, NewEventEndsAtTheVeryMomentItStarts) {
+  int days = 0;
+  const ClockOverride moving([&] { return AddDays(now_, ++days); });
+  const auto event = MakeRef<CEvent>();
+  EXPECT_EQ(event->EndDate, event->StartDate.get());
+}
+
 TEST_F(EventRecord, NewEventHasNeitherTypeNorLink) {
   const auto event = MakeRef<CEvent>();
   EXPECT_EQ(event->EType, "");
@@ -291,6 +298,14 @@ TEST_F(EventRecord, RefreshThatFailsAtAChildIsRecorded) {
   EXPECT_EQ(session->GetErrorProcedure(), "CEvent.Refresh");
 }
 
+TEST_F(EventRecord, RefreshThatFailsAtAChildLeavesTheFlags) {
+  const Ref<CEvent> event = EventWithChildren();
+  event->Text = "b";
+  Refuse("SELECT * FROM Recurrences");
+  EXPECT_FALSE(event->Refresh());
+  EXPECT_EQ(Flags(*event), "old modified");
+}
+
 TEST_F(EventRecord, RefreshDoesNotClearAnOldError) {
   const Ref<CEvent> event = EventWithChildren();
   LeaveAnOldError();
@@ -357,6 +372,14 @@ TEST_F(EventRecord, CloneIntoATargetWithoutChildrenEndsSilentlyWithWhatWasCopied
   EXPECT_EQ(target->Reminder, 26);
   EXPECT_EQ(target->Text, "");
   EXPECT_FALSE(session->GetErrorFlag());
+}
+
+TEST_F(EventRecord, CloneThatFailsLeavesTheTargetsFlags) {
+  const Ref<CEvent> event = session->GetEvent(EventWithChildren()->ID);
+  const auto target = MakeRef<CEvent>();
+  target->Recurrence.reset();
+  event->Clone(target);
+  EXPECT_EQ(Flags(*target), "new modified");
 }
 
 // ---- the fields

@@ -129,6 +129,15 @@ TEST_F(SeenEvents, LookUpThatFailsIsRecordedAndLeavesTheAnswer) {
   EXPECT_FALSE(show);
 }
 
+TEST_F(SeenEvents, LookUpOfMarksWithoutTheirDateColumnIsRecordedAndAnswersTrue) {
+  Run("INSERT INTO ViewedEvents (VE_EventID,VE_UserID) VALUES (1,3)");
+  Run("ALTER TABLE ViewedEvents DROP COLUMN VE_Date");
+  bool show = false;
+  EXPECT_FALSE(event_->SeenByUser(kFirstOfMay, show));
+  EXPECT_EQ(session->GetErrorCode(), 3265);
+  EXPECT_TRUE(show);
+}
+
 TEST_F(SeenEvents, MarkThatFailsIsRecorded) {
   Refuse("INSERT INTO ViewedEvents");
   EXPECT_FALSE(event_->MarkSeenByUser(kFirstOfMay));

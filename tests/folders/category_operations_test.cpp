@@ -213,6 +213,20 @@ TEST_F(CategoryOperations, DeleteThatCannotBeginLeavesTheClientsTransaction) {
   EXPECT_EQ(Depth(), 1);
 }
 
+TEST_F(CategoryOperations, DeleteWhoseRollbackFailsTooRaises) {
+  Refuse("UPDATE Tasks");
+  RefuseRollbacks("second");
+  EXPECT_EQ(NumberRaised([&] { session->DeleteCategory(5); }), -2147467259);
+  EXPECT_EQ(Depth(), 1);
+}
+
+TEST_F(CategoryOperations, DeleteWhoseRollbackFailsTooKeepsTheFirstFailureOnRecord) {
+  Refuse("UPDATE Tasks");
+  RefuseRollbacks("second");
+  EXPECT_TRUE(Raised([&] { session->DeleteCategory(5); }));
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[DeleteCategory] Error: -2147217900 - made to fail");
+}
+
 TEST_F(CategoryOperations, DeleteIsRefusedToASessionThatMayOnlyReadByAFailureOfTheRollback) {
   InsertReferences();
   session->UserRights = DataViewer;

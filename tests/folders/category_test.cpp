@@ -54,6 +54,16 @@ TEST_F(CategoryRecord, NullInTheKeyRaises) {
 
 // ---- Save
 
+TEST_F(CategoryRecord, SaveThatCannotMakeItsRowsDrawsNoIdentifier) {
+  const Ref<CCategory> category = NewCategory("Home");
+  const ClockOverride no_date(Date(1e9));
+  EXPECT_FALSE(category->Save());
+  EXPECT_EQ(session->GetErrorProcedure(), "CCategory.Save");
+  EXPECT_EQ(session->GetErrorCode(), 5);
+  EXPECT_EQ(SequencesDrawn(), Texts{});
+  EXPECT_EQ(category->ID, 0);
+}
+
 TEST_F(CategoryRecord, FirstSaveDrawsFromSequenceNine) {
   SetSequences({{9, 41}});
   EXPECT_EQ(StoredCategory("Home")->ID, 42);

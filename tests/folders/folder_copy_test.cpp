@@ -218,6 +218,36 @@ TEST_F(FolderCopy, InTheClientsTransactionFailsAndUndoesThatOne) {
   EXPECT_EQ(Rows("Tasks"), 0);
 }
 
+TEST_F(FolderCopy, RefusalUndoesTheClientsTransaction) {
+  ASSERT_TRUE(session->BeginTransaction());
+  connection().Execute("INSERT INTO Tasks (TSK_ID) VALUES (99)");
+  session->UserRights = DataViewer;
+  EXPECT_FALSE(session->CopyFolder(100, 200));
+  EXPECT_FALSE(session->TransactionStarted());
+  EXPECT_EQ(session->GetEntireErrorDesc(),
+            "[CSession.CopyFolder] Error: 105 - You don't have rights to insert/edit data");
+  EXPECT_EQ(Rows("Tasks"), 0);
+}
+
+TEST_F(FolderCopy, ToAnUnknownFolderUndoesTheClientsTransaction) {
+  ASSERT_TRUE(session->BeginTransaction());
+  connection().Execute("INSERT INTO Tasks (TSK_ID) VALUES (99)");
+  EXPECT_FALSE(session->CopyFolder(100, 4711));
+  EXPECT_FALSE(session->TransactionStarted());
+  EXPECT_EQ(session->GetErrorProcedure(), "CopyFolder");
+  EXPECT_EQ(session->GetErrorCode(), 91);
+  EXPECT_EQ(Rows("Tasks"), 0);
+}
+
+TEST_F(FolderCopy, BelowItselfOrOfAnUnknownFolderLeavesTheClientsTransaction) {
+  InsertFolder(101, 100, FT_TASKS);
+  ASSERT_TRUE(session->BeginTransaction());
+  EXPECT_FALSE(session->CopyFolder(100, 101));
+  EXPECT_FALSE(session->CopyFolder(99, 200));
+  EXPECT_TRUE(session->TransactionStarted());
+  EXPECT_EQ(Depth(), 1);
+}
+
 TEST_F(FolderCopy, OfATakenNameLeavesTheClientsTransaction) {
   InsertFolder(101, 100, FT_TASKS);
   ASSERT_TRUE(session->BeginTransaction());

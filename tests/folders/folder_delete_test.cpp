@@ -150,6 +150,25 @@ TEST_F(FolderDelete, ThatFailsInTheClientsTransactionLeavesThatOne) {
   EXPECT_EQ(Rows("Tasks"), 1);
 }
 
+TEST_F(FolderDelete, RefusalLeavesTheClientsTransaction) {
+  ASSERT_TRUE(session->BeginTransaction());
+  connection().Execute("INSERT INTO Tasks (TSK_ID) VALUES (99)");
+  session->UserRights = DataViewer;
+  EXPECT_FALSE(session->DeleteFolder(100));
+  EXPECT_EQ(Depth(), 1);
+  EXPECT_TRUE(session->CommitTransaction());
+  EXPECT_EQ(Rows("Tasks"), 1);
+}
+
+TEST_F(FolderDelete, OfAnUnknownFolderLeavesTheClientsTransaction) {
+  ASSERT_TRUE(session->BeginTransaction());
+  connection().Execute("INSERT INTO Tasks (TSK_ID) VALUES (99)");
+  EXPECT_FALSE(session->DeleteFolder(999));
+  EXPECT_EQ(Depth(), 1);
+  EXPECT_TRUE(session->CommitTransaction());
+  EXPECT_EQ(Rows("Tasks"), 1);
+}
+
 TEST_F(FolderDelete, OfTasksInTheClientsTransactionFailsAndUndoesThatOne) {
   InsertTasks(100, 1, 1);
   ASSERT_TRUE(session->BeginTransaction());
@@ -206,6 +225,20 @@ TEST_F(FolderDelete, ThatFailsAtItsOwnRowIsRecordedAndUndone) {
   InsertTasks(100, 1, 2);
   Refuse("DELETE * FROM Folders");
   ExpectFailsWithNothingChanged(100);
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[DeleteFolder] Error: -2147217900 - made to fail");
+}
+
+TEST_F(FolderDelete, WhoseRollbackFailsTooRaises) {
+  Refuse("DELETE * FROM Folders");
+  RefuseRollbacks("second");
+  EXPECT_EQ(NumberRaised([&] { session->DeleteFolder(100); }), -2147467259);
+  EXPECT_EQ(Depth(), 1);
+}
+
+TEST_F(FolderDelete, WhoseRollbackFailsTooKeepsTheFirstFailureOnRecord) {
+  Refuse("DELETE * FROM Folders");
+  RefuseRollbacks("second");
+  EXPECT_TRUE(Raised([&] { session->DeleteFolder(100); }));
   EXPECT_EQ(session->GetEntireErrorDesc(), "[DeleteFolder] Error: -2147217900 - made to fail");
 }
 

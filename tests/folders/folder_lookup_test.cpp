@@ -41,6 +41,16 @@ TEST_F(FolderLookup, ThatFailsIsRecordedUnderItsName) {
   EXPECT_EQ(session->GetErrorProcedure(), "GetFolderIDByCriteria");
 }
 
+TEST_F(FolderLookup, MayEndWithAnOrder) {
+  EXPECT_EQ(session->GetFolderIDByCriteria("FLD_ID>5 ORDER BY FLD_ID DESC"), 12);
+}
+
+TEST_F(FolderLookup, OfAListMayNotEndWithAnOrderBesideItsOwn) {
+  EXPECT_FALSE(session->LoadFoldersWithCriteria(MakeRef<CFolders>(), "FLD_ID>5 ORDER BY FLD_ID"));
+  EXPECT_EQ(session->GetErrorProcedure(), "LoadFoldersWithCriteria");
+  EXPECT_EQ(session->GetErrorCode(), -2147217900);
+}
+
 TEST_F(FolderLookup, TakesTheNameInAnyLetterCase) {
   EXPECT_EQ(session->GetFolderIDByCriteria("FLD_Name='bIRTHDAYS'"), 8);
 }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/folders/folder_fixture.h"
+#include "tests/support/engine_wrapper.h"
 
 namespace zef::test {
 namespace {
@@ -194,6 +195,17 @@ TEST_F(FolderSave, TakesTheFreeTypeToo) {
   folder->ItemsType = 5;
   EXPECT_TRUE(folder->Save());
   EXPECT_EQ(session->GetFolder(folder->ID)->ItemsType.get(), 5);
+}
+
+TEST_F(FolderSave, ThatRunsOutOfMemoryIsUndone) {
+  const Ref<CFolder> folder = NewFolder("Recipes");
+  const auto log = Watch(connection());
+  log->refused = {"INSERT INTO Folders"};
+  log->out_of_memory = true;
+  EXPECT_FALSE(folder->Save());
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[CFolder.Save] Error: 7 - Out of memory");
+  EXPECT_EQ(Depth(), 0);
+  EXPECT_TRUE(folder->IsNew() && folder->IsModified());
 }
 
 TEST_F(FolderSave, OnAClosedConnectionIsRecordedInItsOwnName) {

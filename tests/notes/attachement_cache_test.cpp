@@ -127,6 +127,21 @@ TEST_F(AttachementCache, CachingMarksNothing) {
   EXPECT_FALSE(attachement->Cached);
 }
 
+TEST_F(AttachementCache, CachingLeavesAModifiedAttachementModified) {
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  attachement->Name = "b";
+  ASSERT_TRUE(attachement->Cache2File());
+  EXPECT_EQ(Flags(*attachement), "old modified");
+}
+
+TEST_F(AttachementCache, CachedDoesNotKeepTheFileFromBeingWritten) {
+  const Ref<CAttachement> attachement = LoadedAttachement("the content");
+  attachement->Cached = true;
+  ASSERT_TRUE(attachement->Cache2File());
+  EXPECT_EQ(ContentOf(CachePath("zef1.jpg")), "the content");
+  EXPECT_TRUE(attachement->Cached);
+}
+
 TEST_F(AttachementCache, SecondCachingOverwritesTheSameFile) {
   const Ref<CAttachement> attachement = LoadedAttachement("the content");
   ASSERT_TRUE(attachement->Cache2File());

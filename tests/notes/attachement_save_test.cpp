@@ -68,6 +68,17 @@ TEST_F(AttachementSave, ChangedAttachementSelectsItsRow) {
   EXPECT_EQ(Sent().front(), "SELECT * FROM Attachements where ATC_ID=1");
 }
 
+TEST_F(AttachementSave, FieldsAreSetInTheirOrder) {
+  ASSERT_TRUE(FullAttachement()->Save());
+  EXPECT_THAT(Sent().back(), testing::StartsWith("INSERT INTO [Attachements] ([ATC_ID],[ATC_Name],[ATC_DocType],"
+                                                 "[ATC_Description],[ATC_FileName],[ATC_Content]) "));
+  const Ref<CAttachement> attachement = session->GetAttachement(1);
+  attachement->Name = "b";
+  ASSERT_TRUE(attachement->Save());
+  EXPECT_THAT(Sent().back(), testing::StartsWith("UPDATE [Attachements] SET [ATC_ID]=?,[ATC_Name]=?,[ATC_DocType]=?,"
+                                                 "[ATC_Description]=?,[ATC_FileName]=?,[ATC_Content]=? "));
+}
+
 TEST_F(AttachementSave, ChangedAttachementStoresTheFileAsItIsNow) {
   const Ref<CAttachement> attachement = LoadedAttachement("old");
   PutSource("new and longer");

@@ -89,6 +89,15 @@ TEST_F(AttachementRecord, NullIdentifierCannotBeRead) {
 
 TEST_F(AttachementRecord, ReadingClearsBothFlags) { EXPECT_EQ(Flags(*LoadedAttachement()), "old clear"); }
 
+TEST_F(AttachementRecord, ReadingARowLeavesTheCacheProperties) {
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  attachement->CacheFileName = CachePath("mine");
+  attachement->Cached = true;
+  attachement->GetValuesFromRS(Run("SELECT * FROM Attachements"));
+  EXPECT_EQ(attachement->CacheFileName, CachePath("mine"));
+  EXPECT_TRUE(attachement->Cached);
+}
+
 TEST_F(AttachementRecord, ReadsEveryColumnButTheContent) {
   Texts columns = ColumnsRead(kColumns);
   columns.push_back("ATC_Content");

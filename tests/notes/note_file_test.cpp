@@ -1,7 +1,9 @@
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "platform/text.h"
+#include "platform/text_file.h"
 #include "tests/notes/note_fixture.h"
 #include "tests/support/process.h"
 
@@ -107,6 +109,54 @@ TEST_F(NoteFile, FileThatCannotBeReadToItsEndLeavesWhatWasRead) {
   EXPECT_EQ(Flags(*note_), "old modified");
 }
 
+TEST_F(NoteFile, ReadingWithAllFileNumbersTakenIsRecordedAndLeavesTheNote) {
+  const std::string path = FileOf("other");
+  for (std::int32_t number = 1; number <= 511; ++number) OpenForOutput(path + ".taken", number);
+  EXPECT_FALSE(Read(path));
+  EXPECT_EQ(session->GetErrorProcedure(), "CNote.ReadFromFile");
+  EXPECT_EQ(session->GetErrorCode(), 67);
+  EXPECT_EQ(note_->Text, "a text");
+  for (std::int32_t number = 1; number <= 511; ++number) CloseFile(number);
+}
+
+/// What a reading ends with in a session without a database: the failure, and how the text begins that was read.
+std::string EndOfReading(const std::string& path) {
+  const auto session = MakeRef<CSession>();
+  session->conDBConnection = MakeRef<Connection>();
+  const auto note = MakeRef<CNote>();
+  note->SetSession(session);
+  if (note->ReadFromFile(path)) return "done";
+  return std::to_string(session->GetErrorCode()) + ", " + note->Text->substr(0, 6);
+}
+
+TEST(NoteFileWithoutMemory, FileThatMemoryCannotHoldLeavesWhatWasRead) {
+#ifdef __SANITIZE_ADDRESS__
+  GTEST_SKIP() << "the address sanitizer needs more memory than the limit leaves";
+#endif
+  const TemporaryFolder folder;
+  const std::string path = folder.path() / "note.txt";
+  std::ofstream(path) << "begins";
+  std::filesystem::resize_file(path, std::uintmax_t{200} << 20);
+  Process child([&] {
+    const rlimit limit{rlim_t{64} << 20, rlim_t{64} << 20};
+    setrlimit(RLIMIT_DATA, &limit);
+    return EndOfReading(path);
+  });
+  EXPECT_EQ(child.Result(), "7, begins");
+}
+
+TEST_F(NoteFile, ExportOfANoteIsReadAsPlainText) {
+  const std::string path = FileOf("");
+  const Ref<CNote> exported = NewNote();
+  exported->Title = "other title";
+  exported->Text = "other text";
+  ASSERT_TRUE(exported->Save2File(path));
+  ASSERT_TRUE(Read(path));
+  EXPECT_EQ(note_->Title, "a title");
+  EXPECT_THAT(note_->Text.get(),
+              testing::AllOf(testing::HasSubstr("other title\r\n"), testing::HasSubstr("other text")));
+}
+
 TEST(NoteFileOfAnotherUser, IsRecordedAndReadsNothing) {
   const TemporaryFolder folder;
   const std::string path = folder.path() / "note.txt";
@@ -115,11 +165,7 @@ TEST(NoteFileOfAnotherUser, IsRecordedAndReadsNothing) {
   std::filesystem::permissions(path, std::filesystem::perms::none);
   Process child([&]() -> std::string {
     if (geteuid() == 0 && setuid(65534) != 0) return "70, ";  // cannot become another user here
-    const auto session = MakeRef<CSession>();
-    session->conDBConnection = MakeRef<Connection>();
-    const auto note = MakeRef<CNote>();
-    note->SetSession(session);
-    return note->ReadFromFile(path) ? "done" : std::to_string(session->GetErrorCode()) + ", " + note->Text.get();
+    return EndOfReading(path);
   });
   EXPECT_EQ(child.Result(), "70, ");
 }

@@ -120,6 +120,13 @@ TEST_F(NoteSave, SessionThatMayOnlyReadIsRefusedAndSendsNothing) {
   EXPECT_EQ(Flags(*note), "old modified");
 }
 
+TEST_F(NoteSave, RefusalComesEvenToAnUnchangedNote) {
+  const Ref<CNote> note = StoredNote();
+  session->UserRights = DataViewer;
+  EXPECT_FALSE(note->Save());
+  EXPECT_EQ(session->GetErrorCode(), 105);
+}
+
 TEST_F(NoteSave, RefusedStatementIsRecordedAndLeavesFlagsAndLastUpdate) {
   const Ref<CNote> note = StoredNote();
   note->Title = "b";

@@ -116,6 +116,21 @@ TEST(NoteText, IsFetchedInPortionsOf128) {
   EXPECT_EQ(ChunksOf(std::string(129, 'a')), 2);
 }
 
+/// A long text whose second portion is Null.
+struct FieldWithAGap {
+  int chunks = 0;
+
+  std::int32_t ActualSize() const { return 384; }
+  Value GetChunk(std::int32_t) { return ++chunks == 2 ? Value() : Value(std::to_string(chunks)); }
+};
+
+TEST(NoteText, NullPortionAddsNothing) {
+  constexpr Column<CNote> kText{.name = "NOT_Text", .member = &CNote::Text, .in_portions = true};
+  const auto note = MakeRef<CNote>();
+  ReadPortions(*note, kText, FieldWithAGap());
+  EXPECT_EQ(note->Text, "13");
+}
+
 TEST_F(NoteRecord, NullFolderCannotBeRead) {
   Run("INSERT INTO Notes (NOT_ID) VALUES (71)");
   EXPECT_FALSE(session->GetNote(71));

@@ -77,5 +77,11 @@ TEST_F(TextFiles, ThatAreMissingRaise53) {
   EXPECT_EQ(NumberRaised([&] { TextReader file(path_); }), 53);
 }
 
+TEST_F(TextFiles, WithAllNumbersTakenRaise67BeforeTheFileIsLookedFor) {
+  for (std::int32_t number = 1; number <= 511; ++number) OpenForOutput(path_ + ".taken", number);
+  EXPECT_EQ(NumberRaised([&] { TextReader file(path_); }), 67);
+  for (std::int32_t number = 1; number <= 511; ++number) CloseFile(number);
+}
+
 }  // namespace
 }  // namespace zef::test

@@ -33,6 +33,13 @@ TEST(ErrorRecord, FreshSessionTellsEmptyTexts) {
   EXPECT_EQ(MakeRef<CSession>()->GetEntireErrorDesc(), "[] Error:  - ");
 }
 
+TEST(ErrorRecord, MessageMayBeTheRecordsOwnProcedure) {
+  const auto session = MakeRef<CSession>();
+  session->RecordError("Old", 1, "x");
+  session->RecordError("New", 2, session->GetErrorProcedure());
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[New] Error: 2 - Old");
+}
+
 TEST(ErrorRecord, ClearedHasCodeZero) {
   const auto session = MakeRef<CSession>();
   session->ClearError();

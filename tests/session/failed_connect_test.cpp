@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <ostream>
+#include <vector>
 
+#include "session/connecting.h"
 #include "tests/session/connect_fixture.h"
 
 namespace zef::test {
@@ -14,6 +17,7 @@ struct Cause {
   const char* given;
   std::int32_t number;
   const char* suffix = "";  ///< makes another name of the file's
+  bool by_string = false;   ///< connects by a connection string
 };
 
 void PrintTo(const Cause& cause, std::ostream* out) { *out << cause.name; }
@@ -21,8 +25,12 @@ void PrintTo(const Cause& cause, std::ostream* out) { *out << cause.name; }
 class FailedConnect : public testing::TestWithParam<Cause> {
  protected:
   void Connect() {
-    EXPECT_EQ(NumberRaised([&] { session->Connect2Database(file.path() + GetParam().suffix, "", GetParam().given); }),
-              GetParam().number);
+    const std::string path = file.path() + GetParam().suffix;
+    const auto connect = [&] {
+      GetParam().by_string ? session->Connect2DatabaseCS(FileConnectionString(path, GetParam().given))
+                           : session->Connect2Database(path, "", GetParam().given);
+    };
+    EXPECT_EQ(NumberRaised(connect), GetParam().number);
   }
   Database file{"9.2.4", GetParam().password};
   Database other;
@@ -85,8 +93,18 @@ const Cause kCauses[] = {
     {"SuperfluousPassword", "", "guess", kPassword},
 #endif
 };
-INSTANTIATE_TEST_SUITE_P(Causes, FailedConnect, testing::ValuesIn(kCauses),
-                         [](const auto& test) { return std::string(test.param.name); });
+/// Each cause, met by both ways to connect.
+std::vector<Cause> Causes() {
+  std::vector<Cause> causes(std::begin(kCauses), std::end(kCauses));
+  for (Cause cause : kCauses) {
+    cause.by_string = true;
+    causes.push_back(cause);
+  }
+  return causes;
+}
+INSTANTIATE_TEST_SUITE_P(Causes, FailedConnect, testing::ValuesIn(Causes()), [](const auto& test) {
+  return std::string(test.param.name) + (test.param.by_string ? "ByString" : "");
+});
 
 TEST(ConnectToUnknownProvider, LeavesTheNewConnectionUnopened) {
   const auto session = MakeRef<CSession>();

@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+#include "calendar/alarm.h"
 #include "calendar/event.h"
 #include "folders/folder.h"
 #include "tasks/task.h"
@@ -101,6 +102,7 @@ TEST_F(FailingEndOfASequence, OfACommitInsideATransactionUndoesTheNumberOnly) {
 
 TEST_F(FailingEndOfASequence, OfBothKeepsTheFirstFailureOnRecord) {
   log->failure = RunTimeError(FailureNumber::FileUnusable, "first");
+  log->rollback_failure = RunTimeError(FailureNumber::FileUnusable, "second");
   log->refused = {"COMMIT", "ROLLBACK"};
   EXPECT_EQ(Draw(), 0);
   EXPECT_EQ(session->GetEntireErrorDesc(), "[GetUniqueIDFromSeq] Error: -2147467259 - first");
@@ -141,6 +143,8 @@ class FailingEndOfASave : public FailingEnd, public testing::WithParamInterface<
   FailingEndOfASave() {
     connection().Execute("INSERT INTO Tasks (TSK_ID,TSK_FolderID) VALUES (8,3)");
     connection().Execute("INSERT INTO Events (EVE_ID,EVE_FolderID) VALUES (8,1)");
+    connection().Execute("INSERT INTO Alarms (ALA_ID,ALA_NotificationID) VALUES (8,8)");
+    connection().Execute("INSERT INTO Notifications (NTF_ID,NTF_Subject) VALUES (8,'Sing')");
     save = GetParam().change(*session);
     before = Dump(connection());
   }
@@ -222,6 +226,12 @@ const Saving kSavings[] = {
        const Ref<CEvent> event = session.GetEvent(8);
        event->Text = "Choir";
        return SaveOf(event);
+     }},
+    {"Alarm", "CAlarm.Save",
+     [](CSession& session) {
+       const Ref<CAlarm> alarm = session.GetAlarm(8);
+       alarm->Text = "Choir";
+       return SaveOf(alarm);
      }},
 };
 INSTANTIATE_TEST_SUITE_P(Records, FailingEndOfASave, testing::ValuesIn(kSavings),

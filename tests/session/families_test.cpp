@@ -2,6 +2,7 @@
 
 #include "folders/folder.h"
 #include "session/collections.h"
+#include "tests/support/engine_wrapper.h"
 #include "tests/support/raised.h"
 #include "tests/support/session_test.h"
 
@@ -16,6 +17,14 @@ using Get = SessionTest;
 TEST_F(Get, GivesTheRecord) { EXPECT_EQ(session->GetFolder(8)->Name.get(), "Birthdays"); }
 
 TEST_F(Get, GivesTheRecordItsSession) { EXPECT_EQ(session->GetFolder(8)->Session(), session); }
+
+TEST_F(Get, ThatRunsOutOfMemoryGivesNothingAndIsRecorded) {
+  const auto log = Watch(connection());
+  log->refused = {"SELECT * FROM Folders"};
+  log->out_of_memory = true;
+  EXPECT_EQ(session->GetFolder(8), nullptr);
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[GetFolder] Error: 7 - Out of memory");
+}
 
 TEST_F(Get, OfAMissingRowGivesNothing) { EXPECT_EQ(session->GetFolder(99), nullptr); }
 

@@ -47,6 +47,7 @@ class OpenedRecordsets : public SessionTest, public testing::WithParamInterface<
   OpenedRecordsets() {
     connection().Execute("INSERT INTO Tasks (TSK_ID,TSK_FolderID) VALUES (5,3)");
     connection().Execute("INSERT INTO Events (EVE_ID,EVE_FolderID) VALUES (6,1)");
+    connection().Execute("INSERT INTO Attachements (ATC_ID) VALUES (7)");
     log_ = Watch(connection());
   }
   std::shared_ptr<EngineLog> log_;
@@ -122,6 +123,23 @@ const Opening kOpenings[] = {
        s.UpgradeDBToVersion9_2_1(version, message);
      },
      ""},
+    // Its missing file fails an attachment only once the record set stands.
+    {"SaveOfANewAttachement",
+     [](CSession& s) {
+       const auto attachement = MakeRef<CAttachement>();
+       attachement->SetSession(Ref<CSession>(&s));
+       attachement->Name = "score";
+       attachement->Save();
+     },
+     kSequence + "; 3 3 2 updatable"},
+    {"SaveOfAChangedAttachement",
+     [](CSession& s) {
+       const Ref<CAttachement> attachement = s.GetAttachement(7);
+       attachement->Name = "score";
+       attachement->Save();
+     },
+     kReading + "; " + kReading},
+    {"Cache2File", [](CSession& s) { s.GetAttachement(7)->Cache2File(); }, kReading + "; " + kReading},
     {"SaveOfAnUnchangedFolder", [](CSession& s) { s.GetFolder(8)->Save(); }, kReading},
     {"RefreshOfATask", [](CSession& s) { s.GetTask(5)->Refresh(); }, kReading},
 };

@@ -1,8 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <unistd.h>
+
+#include <array>
 #include <cstdlib>
-#include <thread>
 
 #include "folders/folder.h"
 #include "tests/support/process.h"
@@ -10,8 +11,6 @@
 
 namespace zef::test {
 namespace {
-
-using namespace std::chrono_literals;
 
 std::string SaveFolder(const Database& database, const std::string& name) {
   const Ref<CSession> session = database.OpenSession();
@@ -21,10 +20,32 @@ std::string SaveFolder(const Database& database, const std::string& name) {
   return folder->Save() ? "saved" : session->GetEntireErrorDesc();
 }
 
+/// Lets one process wait until another one has given the sign.
+class Sign {
+ public:
+  Sign() { EXPECT_EQ(pipe(ends_.data()), 0); }
+  ~Sign() {
+    for (const int end : ends_) close(end);
+  }
+  Sign(const Sign&) = delete;
+  Sign& operator=(const Sign&) = delete;
+
+  void Give() { EXPECT_EQ(write(ends_[1], "!", 1), 1); }
+  void Await() {
+    char sign = 0;
+    EXPECT_EQ(read(ends_[0], &sign, 1), 1);
+  }
+
+ private:
+  std::array<int, 2> ends_{};
+};
+
 TEST(TwoClients, OneThatSavesWaitsForTheOthersTransaction) {
   const Database database;
+  Sign transaction_runs, saving;
   Process other([&] {
-    std::this_thread::sleep_for(300ms);
+    transaction_runs.Await();
+    saving.Give();
     return SaveFolder(database, "Second");
   });
   const Ref<CSession> session = database.OpenSession();
@@ -32,8 +53,9 @@ TEST(TwoClients, OneThatSavesWaitsForTheOthersTransaction) {
   const Ref<CFolder> folder = session->GetFolder(8);
   folder->Name = "First";
   EXPECT_TRUE(folder->Save());
-  std::this_thread::sleep_for(1s);
-  EXPECT_EQ(Count(*session->conDBConnection, "Folders"), 12) << "the other one is still waiting";
+  transaction_runs.Give();
+  saving.Await();
+  EXPECT_EQ(Count(*session->conDBConnection, "Folders"), 12) << "the other one cannot be done yet";
   EXPECT_TRUE(session->CommitTransaction());
   EXPECT_EQ(other.Result(), "saved");
   EXPECT_EQ(Count(*session->conDBConnection, "Folders"), 13);
@@ -92,9 +114,12 @@ TEST(TwoClients, ReadingDoesNotWaitForATransaction) {
   const Database database;
   const Ref<CSession> first = database.OpenSession(), second = database.OpenSession();
   first->BeginTransaction();
-  const auto start = std::chrono::steady_clock::now();
-  EXPECT_TRUE(second->GetFolder(8));
-  EXPECT_LT(std::chrono::steady_clock::now() - start, 2s);
+  const Ref<CFolder> folder = first->GetFolder(8);
+  folder->Name = "Feasts";
+  EXPECT_TRUE(folder->Save());
+  const Ref<CFolder> read = second->GetFolder(8);
+  ASSERT_TRUE(read) << "it has waited in vain for the transaction, which only this very thread can end";
+  EXPECT_EQ(read->Name.get(), "Birthdays");
 }
 
 TEST(TwoClients, HaveErrorRecordsOfTheirOwn) {

@@ -67,8 +67,8 @@ void ExpectAllNullValues(const R& record, const ColumnCases<R>& cases) {
   }
 }
 
-/// Reads a row with one column after another left out: reading must fail, with the columns before it read and those
-/// behind it untouched.
+/// Reads a row with one column after another left out: reading must fail, with the columns before it read, and those
+/// behind it and the flags untouched.
 template <class R, class Make>
 void ExpectReadInOrder(Connection& connection, const std::string& table, const ColumnCases<R>& cases, Make&& make) {
   for (const ColumnCase<R>& missing : cases) {
@@ -77,6 +77,8 @@ void ExpectReadInOrder(Connection& connection, const std::string& table, const C
     const Ref<R> record = make();
     const Ref<R> untouched = make();
     EXPECT_EQ(NumberRaised([&] { record->GetValuesFromRS(rs); }), 3265);
+    EXPECT_EQ(record->IsNew(), untouched->IsNew());
+    EXPECT_EQ(record->IsModified(), untouched->IsModified());
     const auto at = &missing - cases.data();
     for (std::ptrdiff_t i = 0; i < std::ssize(cases); ++i) {
       const ColumnCase<R>& one = cases[static_cast<std::size_t>(i)];

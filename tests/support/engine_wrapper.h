@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,6 +31,8 @@ struct EngineLog {
   std::string spared;                   ///< calls whose text begins like this are not counted either; empty for none
   std::vector<std::string> refused;     ///< fails every call whose text begins like one of these
   RunTimeError failure{FailureNumber::StatementError, "made to fail"};
+  std::optional<RunTimeError> rollback_failure;  ///< of a refused ROLLBACK, if it has one of its own
+  bool out_of_memory = false;                    ///< refused calls find no memory instead
 
   /// The statements without the transactions and without those of the sequences.
   std::vector<std::string> Statements() const;
@@ -74,7 +77,9 @@ class EngineWrapper final : public Engine {
   void RefuseIfAsked(std::string_view text) const {
     const bool refused = std::any_of(log_->refused.begin(), log_->refused.end(),
                                      [&](const std::string& beginning) { return text.starts_with(beginning); });
-    if (refused) throw log_->failure;
+    if (!refused) return;
+    if (log_->out_of_memory) throw std::bad_alloc();
+    throw text == "ROLLBACK" ? log_->rollback_failure.value_or(log_->failure) : log_->failure;
   }
   void Note(std::string text) {
     log_->texts.push_back(std::move(text));

@@ -85,6 +85,11 @@ class RecordTest : public SessionTest {
   /// Such calls fail as well.
   void AlsoRefuse(const std::string& beginning) { log_->refused.push_back(beginning); }
   void RefuseNothing() { log_->refused.clear(); }
+  /// Rollbacks fail, with a reason of their own.
+  void RefuseRollbacks(const std::string& reason) {
+    AlsoRefuse("ROLLBACK");
+    log_->rollback_failure = RunTimeError(FailureNumber::FileUnusable, reason);
+  }
   /// The n-th call from now on fails, rollbacks not counted, and no other.
   void FailCall(int number) { log_->fail_at = number; }
 

@@ -114,6 +114,14 @@ TEST_F(TaskClone, ThatFailsGivesWhatHasBeenMadeAndRecordsNothing) {
   EXPECT_FALSE(session->GetErrorFlag());
 }
 
+TEST_F(TaskClone, ThatFailsLeavesTheTargetsFlags) {
+  const Ref<CTask> task = session->GetTask(TaskWithChildren()->ID);
+  const auto target = MakeRef<CTask>();
+  target->Recurrence.reset();
+  task->Clone(target);
+  EXPECT_EQ(Flags(*target), "new modified");
+}
+
 TEST_F(TaskClone, SendsNothing) {
   const Ref<CTask> task = EveryColumn();
   task->Clone();

@@ -40,6 +40,14 @@ TEST_F(TaskOperations, TasksOfASubfolderAreNotLoadedWithTheParent) {
   EXPECT_EQ(tasks->Count(), 1);
 }
 
+TEST_F(TaskOperations, FolderNamedAllTasksHoldsOnlyItsOwnTasks) {
+  Run("INSERT INTO Tasks (TSK_ID,TSK_FolderID) VALUES (1,11)");
+  Run("INSERT INTO Tasks (TSK_ID,TSK_FolderID) VALUES (2,3)");
+  const auto tasks = Loaded(&CSession::LoadTasks4Folder, 11);
+  ASSERT_EQ(tasks->Count(), 1);
+  EXPECT_EQ(tasks->ItemByIdx(1)->ID, 1);
+}
+
 // ---- DuplicateTask
 
 TEST_F(TaskOperations, DuplicateTakesTheNextNumbersOfTaskRuleAndNotificationInThisOrder) {

@@ -196,6 +196,15 @@ TEST_F(TaskRecurrence, WithoutANotificationDrawsNoNumberForOne) {
   EXPECT_LT(task->NotificationID, 1);
 }
 
+TEST_F(TaskRecurrence, WithNotificationMinusOneDrawsNoNumberForOne) {
+  const Ref<CTask> task = StoredTask();
+  task->NotificationID = -1;
+  SetSequences({{7, 70}});
+  EXPECT_TRUE(task->ApplyRecurrence());
+  EXPECT_EQ(SequenceValue(7), "70");
+  EXPECT_EQ(task->NotificationID, -1);
+}
+
 TEST_F(TaskRecurrence, MakesTaskAndChildrenNewAndModified) {
   const Ref<CTask> task = StoredTask();
   EXPECT_TRUE(task->ApplyRecurrence());

@@ -189,6 +189,15 @@ TEST_F(TaskSave, ChangeOfAStoredChildAloneDoesNotWriteTheTasksRow) {
   EXPECT_EQ(Stored("SELECT TSK_DateLastUpdate FROM Tasks"), "5/1/2024 9:00:00 AM");
 }
 
+TEST_F(TaskSave, SavedChildBringsADifferentReferenceBack) {
+  const Ref<CTask> task = session->GetTask(TaskWithChildren()->ID);
+  task->RecurrenceID = 77;
+  task->Recurrence->RType = REC_DAILY;
+  ASSERT_TRUE(task->Save());
+  EXPECT_EQ(task->RecurrenceID, 1);
+  EXPECT_EQ(Stored("SELECT TSK_RecurrenceID FROM Tasks"), "1");
+}
+
 TEST_F(TaskSave, ClearedNotificationLosesItsRowAndTheReferenceBecomesMinusOne) {
   const Ref<CTask> task = NewTask();
   task->Notification->Subject = "s";

@@ -299,6 +299,14 @@ TEST_F(TaskRecord, RefreshThatFailsIsRecorded) {
   EXPECT_EQ(session->GetEntireErrorDesc(), "[CTask.Refresh] Error: -2147217900 - made to fail");
 }
 
+TEST_F(TaskRecord, RefreshThatFailsAtAChildLeavesTheFlags) {
+  const Ref<CTask> task = TaskWithChildren();
+  task->Name = "b";
+  Refuse("SELECT * FROM Recurrences");
+  EXPECT_FALSE(task->Refresh());
+  EXPECT_EQ(Flags(*task), "old modified");
+}
+
 TEST_F(TaskRecord, RefreshDoesNotClearAnOldError) {
   const Ref<CTask> task = TaskWithChildren();
   LeaveAnOldError();
