@@ -5,17 +5,8 @@
 #include <cstdlib>
 
 namespace zef::test {
-namespace {
 
-std::string Setting(const char* name) {
-  const char* const value = std::getenv(name);
-  if (value == nullptr) throw std::runtime_error(std::string(name) + " is not set");
-  return value;
-}
-
-}  // namespace
-
-std::string BuiltPath() { return Setting("ZEF_LIBRARY"); }
+std::string BuiltPath() { return ZEF_LIBRARY; }
 
 const Library& Built() {
   static const Library library(BuiltPath());
@@ -37,7 +28,7 @@ FolderTest::~FolderTest() { std::filesystem::remove_all(folder_); }
 
 DatabaseTest::DatabaseTest() {
   const std::string file = (folder_ / "people.db").string();
-  const std::string create = "'" + Setting("ZEF_PROGRAM") + "' create '" + file + "' >/dev/null";
+  const std::string create = "'" ZEF_PROGRAM "' create '" + file + "' >/dev/null";
   if (std::system(create.c_str()) != 0) throw std::runtime_error("no database could be made");
   session_.Connect2Database(file, "", "");
 }
