@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 
 #include <cstdlib>
+#include <stdexcept>
 
 namespace zef::test {
 
