@@ -21,9 +21,9 @@ file(GLOB header_tests CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/clients/*.
 add_executable(zef_test_clients ${header_tests})
 target_include_directories(zef_test_clients PRIVATE "${PROJECT_SOURCE_DIR}")
 target_link_libraries(zef_test_clients PRIVATE zefheader GTest::gmock_main zef_warnings)
+add_dependencies(zef_test_clients ZEFComponents zef)
 target_compile_definitions(zef_test_clients PRIVATE
   "ZEF_LIBRARY=\"$<TARGET_FILE:ZEFComponents>\"" "ZEF_PROGRAM=\"$<TARGET_FILE:zef>\"")
-add_dependencies(zef_test_clients ZEFComponents zef)
 set_target_properties(zef_test_clients PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
 gtest_discover_tests(zef_test_clients
   TEST_PREFIX "clients." DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)

@@ -3,8 +3,10 @@
 #include <dlfcn.h>
 
 #include <cstdlib>
+#include <stdexcept>
 
 namespace zef::test {
+
 std::string BuiltPath() { return ZEF_LIBRARY; }
 
 const Library& Built() {
@@ -27,7 +29,7 @@ FolderTest::~FolderTest() { std::filesystem::remove_all(folder_); }
 
 DatabaseTest::DatabaseTest() {
   const std::string file = (folder_ / "people.db").string();
-  const std::string create = std::string("'") + ZEF_PROGRAM + "' create '" + file + "' >/dev/null";
+  const std::string create = "'" ZEF_PROGRAM "' create '" + file + "' >/dev/null";
   if (std::system(create.c_str()) != 0) throw std::runtime_error("no database could be made");
   session_.Connect2Database(file, "", "");
 }
