@@ -298,7 +298,7 @@ inline UINT SysStringByteLen(BSTR text) {
   std::memcpy(&size, reinterpret_cast<const char*>(text) - 4, sizeof size);
   return size;
 }
-inline UINT SysStringLen(BSTR text) { return SysStringByteLen(text) / sizeof(OLECHAR); }
+inline UINT SysStringLen(BSTR text) { return SysStringByteLen(text) / UINT{sizeof(OLECHAR)}; }
 inline void SysFreeString(BSTR text) {
   if (text != nullptr) std::free(reinterpret_cast<char*>(text) - 8);
 }
