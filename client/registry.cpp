@@ -45,8 +45,8 @@ HRESULT CallLibrary(const std::string& library, const char* function) {
 }
 
 fs::path RegistryFolder() {
-  const fs::path folder = fs::path(EntryPath("")).parent_path();
-  if (folder == "/.local/share/components") throw Failure(kRefused, "HOME names no folder for the entries.");
+  const fs::path folder = ComponentsFolder();
+  if (folder.empty()) throw Failure(kRefused, "HOME names no folder for the entries.");
   return folder;
 }
 

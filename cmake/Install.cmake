@@ -23,5 +23,7 @@ write_basic_package_version_file("${generated}/ZEFComponentsConfigVersion.cmake"
 install(FILES "${generated}/ZEFComponentsConfig.cmake" "${generated}/ZEFComponentsConfigVersion.cmake"
   DESTINATION "${package_dir}")
 
+cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX
+  BASE_DIRECTORY "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" OUTPUT_VARIABLE ZEF_PREFIX_FROM_PKGCONFIG)
 configure_file(cmake/zefcomponents.pc.in "${generated}/zefcomponents.pc" @ONLY)
 install(FILES "${generated}/zefcomponents.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")

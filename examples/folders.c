@@ -112,7 +112,10 @@ static Variant call(Object* object, const char* name, uint16_t flags, Variant* a
     if (arguments[i].kind == kText) free_text(arguments[i].as.text);
   }
   if (outcome >= 0) return result;
-  fprintf(stderr, "%s: result %08X, number %d: ", name, (unsigned)outcome, told.scode & 0xFFFF);
+  /* A number of the run time stands in the low half; any other is the provider's own. */
+  const int is_run_time = ((unsigned)told.scode & 0xFFFF0000u) == 0x800A0000u;
+  fprintf(stderr, "%s: result %08X, number %d: ", name, (unsigned)outcome,
+          is_run_time ? told.scode & 0xFFFF : told.scode);
   print_text(stderr, told.description);
   exit(1);
 }

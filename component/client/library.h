@@ -49,13 +49,19 @@ class Library {
   GetClassObjectFunction* get_class_object_;
 };
 
-/// Where a class is registered: the user's folder of components.
+/// The user's folder of components, $XDG_DATA_HOME/components or ~/.local/share/components; empty if neither is named
+/// by a whole path, since a folder that depends on where a program runs is nobody's registry.
+inline std::string ComponentsFolder() {
+  const auto whole = [](const char* path) { return path != nullptr && path[0] == '/'; };
+  if (const char* const data = std::getenv("XDG_DATA_HOME"); whole(data)) return std::string(data) + "/components";
+  if (const char* const home = std::getenv("HOME"); whole(home)) return std::string(home) + "/.local/share/components";
+  return {};
+}
+
+/// Where a class is registered; empty without a folder of components.
 inline std::string EntryPath(std::string_view name) {
-  const char* const data = std::getenv("XDG_DATA_HOME");
-  const char* const home = std::getenv("HOME");
-  std::string folder =
-      data != nullptr && data[0] == '/' ? data : std::string(home == nullptr ? "" : home) + "/.local/share";
-  return folder.append("/components/").append(name);
+  const std::string folder = ComponentsFolder();
+  return folder.empty() ? folder : folder + "/" + std::string(name);
 }
 
 /// The path of the library that a class is registered for. Raises 429 if it is not registered.
@@ -63,7 +69,7 @@ inline std::string RegisteredLibrary(std::string_view name) {
   std::ifstream entry(EntryPath(name));
   constexpr std::string_view kKey = "InprocServer32=";
   for (std::string line; std::getline(entry, line);) {
-    if (line.starts_with(kKey)) return line.substr(kKey.size());
+    if (line.starts_with(kKey) && line[kKey.size()] == '/') return line.substr(kKey.size());
   }
   throw Failure(kCannotCreateObject,
                 std::string(name) + " is not registered; register its library first, as in \"zef register\".");

@@ -59,6 +59,8 @@ class Text {
   Text() = default;
   template <class Given>
   requires std::convertible_to<const Given&, std::string_view> Text(const Given& text) : view_(text) {}
+  /// A null pointer is the empty text, as it is inside the library.
+  Text(const char* text) : view_(text == nullptr ? std::string_view() : text) {}
   template <DISPID Id>
   Text(const ReadOnlyProperty<std::string, Id>& property) : read_(property.get()), view_(read_) {}
   Text(const Text&) = delete;

@@ -54,6 +54,11 @@ def put(variant, value, declared):
         raise TypeError(f"a {type(value).__name__} cannot be given to the library")
 
 
+def _none_means_something(declared):
+    """False where None in a variable only says that nothing was put there yet."""
+    return declared in ("DATE", "VARIANT") or declared.startswith("_")
+
+
 def _put_none(variant, declared):
     if declared == "DATE":
         variant.vt, variant.double = layout.VT_DATE, 0.0
@@ -130,7 +135,8 @@ class Call:
         elif isinstance(value, ByRef):
             inner = VARIANT()
             self._references.append((value, inner, declared))
-            put(inner, value.value, declared)
+            if value.value is not None or _none_means_something(declared):
+                put(inner, value.value, declared)
             variant.vt = layout.VT_BYREF | layout.VT_VARIANT
             variant.pointer = ctypes.addressof(inner)
         else:

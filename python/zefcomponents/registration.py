@@ -9,10 +9,11 @@ _KEY = "InprocServer32="
 
 
 def _entry_path(name):
-    data = os.environ.get("XDG_DATA_HOME", "")
-    if not data.startswith("/"):
-        data = os.path.join(os.environ.get("HOME", ""), ".local/share")
-    return os.path.join(data, "components", name)
+    """Where a class is registered; None without a folder that is named by a whole path."""
+    data, home = os.environ.get("XDG_DATA_HOME", ""), os.environ.get("HOME", "")
+    if data.startswith("/"):
+        return os.path.join(data, "components", name)
+    return os.path.join(home, ".local/share/components", name) if home.startswith("/") else None
 
 
 def RegisteredLibrary(name):
@@ -21,7 +22,7 @@ def RegisteredLibrary(name):
     Raises Failure 429 if the class is not registered, 53 if the library is not where it was registered.
     """
     path = _entry_path(name)
-    library = _library_in(path) if re.fullmatch(r"\w+\.\w+", name) else None
+    library = _library_in(path) if path and re.fullmatch(r"\w+\.\w+", name) else None
     if library is None:
         raise Failure(CANNOT_CREATE, f"{name} is not registered; register its library first, as in \"zef register\".")
     if not os.path.exists(library):
@@ -36,4 +37,4 @@ def _library_in(path):
             lines = entry.read().splitlines()
     except OSError:
         return None
-    return next((line[len(_KEY):] for line in lines if line.startswith(_KEY)), None)
+    return next((line[len(_KEY):] for line in lines if line.startswith(_KEY + "/")), None)

@@ -31,12 +31,12 @@ cp -r "$source/tests/clients/outside" "$folder/outside"
 "$cmake" --build "$folder/build" >/dev/null
 check "$folder/build/outside" "$folder/people.db"
 
-# With pkg-config, whose prefix is that of the file's own place.
+# With pkg-config, which finds the prefix from the place of its file.
 export PKG_CONFIG_PATH=$prefix/lib/pkgconfig
-eval "flags=($(pkg-config --define-prefix --cflags --libs zefcomponents))"
+eval "flags=($(pkg-config --cflags --libs zefcomponents))"
 "$cxx" -std=c++20 -o "$folder/by_hand" "$folder/outside/main.cpp" "${flags[@]}"
 check "$folder/by_hand" "$folder/people.db"
-eval "library=$(pkg-config --define-prefix --variable=library zefcomponents)"
+eval "library=$(pkg-config --variable=library zefcomponents)"
 [ -e "$library" ]
 
 # From Python.

@@ -66,7 +66,7 @@ class MethodsTest(DatabaseTest):
         self.assertGreater(number.value, 0)
 
     def test_variable_may_begin_as_nothing(self):
-        version, kind = ByRef(""), ByRef("")
+        version, kind = ByRef(), ByRef()
         self.assertTrue(self.session.GetDBInfo(version, kind))
         self.assertEqual(version.value, "9.2.4")
 
