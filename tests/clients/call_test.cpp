@@ -31,6 +31,11 @@ TEST_F(CallTest, TableOfTextsComesRowByRow) {
   EXPECT_THAT(rows, testing::Contains(testing::Contains("O'Neil")));
 }
 
+TEST_F(CallTest, NullTextIsTheEmptyOne) {
+  const char* const none = nullptr;
+  EXPECT_EQ(session_.GetUserID4Name(none), -1);
+}
+
 TEST_F(CallTest, ArgumentOfNothingIsNothing) {
   CEvent event = session_.CreateEvent();
   EXPECT_TRUE(event.Clone());

@@ -28,6 +28,37 @@ class RegistryTest : public FolderTest {
 
 TEST_F(RegistryTest, RegisteredClassIsCreated) { EXPECT_EQ(CreateObject<CTag>().ID, 0); }
 
+template <class... Classes>
+bool AllAreCreated() {
+  return (static_cast<bool>(CreateObject<Classes>()) && ...);
+}
+
+TEST_F(RegistryTest, EveryPublicClassIsCreatedByItsName) {
+  EXPECT_TRUE((AllAreCreated<CSession, CAlarm, CAttachement, CContact, CEvent, CFolder, CNotification, CPhoneLog,
+                             CRecurrence, CTask, CUser, CTag>()));
+  EXPECT_TRUE(
+      (AllAreCreated<CAlarms, CCategories, CContacts, CEvents, CFolders, CNotes, CPhoneLogs, CTags, CTasks, CUsers>()));
+  EXPECT_TRUE(Built().Create<CNote>() && Built().Create<CCategory>()) << "by name in tests of their own";
+}
+
+TEST_F(RegistryTest, FolderThatIsNoWholePathIsNoRegistry) {
+  setenv("XDG_DATA_HOME", ".", 1);
+  const std::string home = std::getenv("HOME") == nullptr ? "" : std::getenv("HOME");
+  for (const char* folder : {"", "."}) {
+    setenv("HOME", folder, 1);
+    EXPECT_EQ(EntryPath("ZEFComponents.CTask"), "");
+    EXPECT_EQ(Raised([] { RegisteredLibrary("ZEFComponents.CTask"); }).number(), 429);
+  }
+  setenv("HOME", home.c_str(), 1);
+}
+
+TEST_F(RegistryTest, LibraryThatIsNoWholePathCountsAsNone) {
+  for (const char* library : {"", "libZEFComponents.so"}) {
+    Name(library);
+    EXPECT_EQ(Raised([] { RegisteredLibrary("ZEFComponents.CNote"); }).number(), 429);
+  }
+}
+
 TEST_F(RegistryTest, ClassThatIsNotRegisteredRaises429) {
   std::filesystem::remove(EntryPath("ZEFComponents.CNote"));
   const Failure failure = Raised([] { CreateObject<CNote>(); });

@@ -87,6 +87,11 @@ class RegistrationTest(unittest.TestCase):
         for name in ("ZEFComponents.CNothing", "", "../x.y", "CTag"):
             self.assertEqual(raised(Failure, zefcomponents.CreateObject, name).number, 429)
 
+    def test_folder_that_is_no_whole_path_is_no_registry(self):
+        for home in ("", "."):
+            with unittest.mock.patch.dict(os.environ, {"XDG_DATA_HOME": ".", "HOME": home}):
+                self.assertEqual(raised(Failure, zefcomponents.CreateObject, "ZEFComponents.CTag").number, 429)
+
     def test_stale_entry_names_itself_and_the_library(self):
         entry = self.folder / "components" / "ZEFComponents.CTag"
         entry.write_text(entry.read_text().replace(os.path.realpath(LIBRARY), "/gone/libZEFComponents.so"))
