@@ -123,8 +123,7 @@ constexpr Entry kEntries[] = {
     {Command::Set, &SetRecord},         {Command::Delete, &DeleteRecord}, {Command::Done, &FinishTask},
     {Command::CopyFolder, &CopyFolder}, {Command::Find, &FindContact},    {Command::SaveAttachment, &SaveAttachment},
     {Command::Export, &ExportRecord},   {Command::Lists, &ShowLists},     {Command::LogIn, &LogIn},
-    {Command::Upgrade, &Upgrade},
-    {Command::Register, &Register},     {Command::Unregister, &Unregister},
+    {Command::Upgrade, &Upgrade},       {Command::Register, &Register},   {Command::Unregister, &Unregister},
 };
 
 }  // namespace
