@@ -1,6 +1,6 @@
 #pragma once
 
-/// Dates as the components hold them, between calendar and number. Needs nothing but the standard library.
+/// Dates as the components hold them, between calendar and number.
 
 #include <algorithm>
 #include <chrono>
