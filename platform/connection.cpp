@@ -35,7 +35,9 @@ Engine& Connection::OpenedEngine() {
 std::int32_t Connection::BeginTrans() {
   Engine& engine = OpenedEngine();
   Guarded([&] { engine.BeginTrans(); });
-  return engine.TransactionDepth();
+  const int depth = engine.TransactionDepth();
+  transactions_ += depth == 1 ? 1 : 0;
+  return depth;
 }
 
 void Connection::CommitTrans() {

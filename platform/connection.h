@@ -40,6 +40,9 @@ class Connection : public RefCounted<Connection> {
   std::int32_t BeginTrans();
   void CommitTrans();
   void RollbackTrans();
+  /// Number of the newest outermost transaction, from 1; 0 before the first. Tells one that is open from one that has
+  /// taken its place.
+  std::int64_t NewestTransaction() const { return transactions_; }
 
   /// Runs one statement of the dialect. A select gives its record set at the first row; anything else a closed one.
   Ref<Recordset> Execute(const std::string& text, std::int32_t options = -1);
@@ -59,7 +62,8 @@ class Connection : public RefCounted<Connection> {
 
  private:
   std::unique_ptr<Engine> engine_;
-  std::int32_t openings_ = 0;  ///< so far
+  std::int32_t openings_ = 0;      ///< so far
+  std::int64_t transactions_ = 0;  ///< so far, nested ones left out
   zef::Errors errors_;
 };
 

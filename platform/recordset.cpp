@@ -78,7 +78,7 @@ Field Fields::Item(std::int32_t index) const {
 Recordset::~Recordset() {
   cursor_.reset();
   // Closing the connection has undone an own transaction; there is nobody to tell if undoing it here fails.
-  if (lock_depth_ > 0 && IsConnected()) IgnoringFailures([&] { ReleaseLock(false); });
+  if (lock_ != 0 && IsConnected()) IgnoringFailures([&] { ReleaseLock(false); });
 }
 
 void Recordset::Open(const std::string& source, const Ref<Connection>& connection, std::int32_t cursor_type,
@@ -87,7 +87,7 @@ void Recordset::Open(const std::string& source, const Ref<Connection>& connectio
   Connection& opened = Deref(connection);
   cursor_.reset();  // of a connection that was closed
   LeaveRow();
-  lock_depth_ = 0;
+  lock_ = 0;
   const bool table = options > 0 && (options & adCmdTable) != 0;
   const std::string text = table ? "SELECT * FROM " + Bracketed(source) : source;
   const bool pessimistic = lock_type == adLockPessimistic;
@@ -100,7 +100,7 @@ void Recordset::Open(const std::string& source, const Ref<Connection>& connectio
   if (!result.cursor) return lock.Commit();
   Attach(connection, std::move(result.cursor));
   writable_ = writable;
-  if (lock.Keep()) lock_depth_ = opened.OpenedEngine().TransactionDepth();
+  if (lock.Keep()) lock_ = opened.NewestTransaction();
 }
 
 void Recordset::Attach(const Ref<Connection>& connection, std::unique_ptr<Cursor> cursor) {
@@ -111,10 +111,12 @@ void Recordset::Attach(const Ref<Connection>& connection, std::unique_ptr<Cursor
 }
 
 void Recordset::ReleaseLock(bool keep) {
-  if (lock_depth_ == 0 || connection_->OpenedEngine().TransactionDepth() > lock_depth_) return;
-  const bool ended_by_client = connection_->OpenedEngine().TransactionDepth() < lock_depth_;
-  lock_depth_ = 0;
-  if (ended_by_client) return;
+  if (lock_ == 0) return;
+  const int depth = connection_->OpenedEngine().TransactionDepth();
+  const bool still_open = depth > 0 && connection_->NewestTransaction() == lock_;
+  if (still_open && depth > 1) return;
+  lock_ = 0;
+  if (!still_open) return;
   keep ? connection_->CommitTrans() : connection_->RollbackTrans();
 }
 

@@ -125,7 +125,7 @@ class Recordset : public RefCounted<Recordset> {
   void InsertRow();
   void UpdateRow();
   void LeaveRow();
-  /// Ends the own transaction, unless the client has opened one inside it or has ended it.
+  /// Ends the own transaction, unless the client has opened one inside it, has ended it or put another in its place.
   void ReleaseLock(bool keep);
 
   Ref<Connection> connection_;
@@ -139,7 +139,7 @@ class Recordset : public RefCounted<Recordset> {
   bool adding_ = false;    ///< the current row is one from `AddNew`
   bool inserted_ = false;  ///< and `Update` has written it
   bool writable_ = false;
-  int lock_depth_ = 0;  ///< depth of a pessimistic record set's own transaction, 0 for none
+  std::int64_t lock_ = 0;  ///< number of a pessimistic record set's own transaction, 0 for none
 };
 
 }  // namespace zef

@@ -257,6 +257,28 @@ TEST_P(PessimisticRecordset, OfAnEarlierOpeningLeavesTheTransactionOfALaterOne) 
   EXPECT_EQ(Text("SELECT Word FROM Numbers"), "new");
 }
 
+TEST_P(PessimisticRecordset, WhoseTransactionTheClientHasEndedLeavesTheOneInItsPlace) {
+  Ref<Recordset> rs = Opened();
+  connection_->CommitTrans();
+  connection_->BeginTrans();
+  Execute("UPDATE Numbers SET Word='new'");
+  rs.reset();
+  EXPECT_EQ(Depth(), 1);
+  connection_->CommitTrans();
+  EXPECT_EQ(Text("SELECT Word FROM Numbers"), "new");
+}
+
+TEST_P(PessimisticRecordset, UpdatesInTheTransactionThatTheClientHasPutInPlaceOfItsOwn) {
+  const Ref<Recordset> rs = Opened();
+  connection_->CommitTrans();
+  connection_->BeginTrans();
+  rs->Fields().Item("Word").SetValue(std::string("own"));
+  rs->Update();
+  EXPECT_EQ(Depth(), 1);
+  connection_->RollbackTrans();
+  EXPECT_EQ(Text("SELECT Count(*) FROM Numbers WHERE Word='own'"), "0");
+}
+
 TEST_P(PessimisticRecordset, OpenedAgainOnALaterOpeningLocksThere) {
   const Ref<Recordset> rs = Opened();
   connection_->Close();
