@@ -12,9 +12,6 @@
 namespace zef::test {
 namespace {
 
-/// A child that hangs ends by itself, and with it the test.
-constexpr unsigned kSecondsToLive = 60;
-
 std::string ResultOf(const std::function<std::string()>& work) {
   try {
     return work();
@@ -33,13 +30,13 @@ void WriteAll(int file, const std::string& text) {
 
 }  // namespace
 
-Process::Process(const std::function<std::string()>& work) {
+Process::Process(const std::function<std::string()>& work, unsigned seconds_to_live) {
   std::array<int, 2> ends{};
   if (pipe(ends.data()) != 0) throw RunTimeError(FailureNumber::PathFileAccess, "no pipe");
   child_ = fork();
   if (child_ == 0) {
     close(ends[0]);
-    alarm(kSecondsToLive);
+    alarm(seconds_to_live);
     WriteAll(ends[1], ResultOf(work));
     _exit(0);  // what the parent owns is not the child's to clean up
   }

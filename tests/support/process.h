@@ -11,7 +11,8 @@ namespace zef::test {
 /// the engine's locks are the business of one process.
 class Process {
  public:
-  explicit Process(const std::function<std::string()>& work);
+  /// One that hangs ends by itself after `seconds_to_live`, and with it the test.
+  explicit Process(const std::function<std::string()>& work, unsigned seconds_to_live = 60);
   ~Process();
   Process(const Process&) = delete;
   Process& operator=(const Process&) = delete;
