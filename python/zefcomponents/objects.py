@@ -1,37 +1,18 @@
 """Objects of the library as Python sees them."""
 
-import collections
 import ctypes
-import sys
-import threading
 
 from . import layout
-from .arguments import LEFT_OUT, Call, put, take
+from .apartment import Reference
+from .arguments import LEFT_OUT, Call, take
 from .failure import Failure
 from .layout import VARIANT
 
-_here = threading.get_ident
-_left = collections.defaultdict(collections.deque)  # by thread: references that other threads dropped
 
-
-def _release_left():
-    waiting = _left.get(_here())
-    while waiting:
-        layout.release(waiting.popleft())
-
-
-def _drop(at, home, here=_here, release=layout.release, left=_left, frames=sys._current_frames):
-    """Gives a reference back. The library counts without locks, so the thread of the object does it, while it runs."""
-    if here() == home or home not in frames():
-        release(at)
-    else:
-        left[home].append(at)
-
-
-class Object:
+class Object(Reference):
     """An object of the library. Its class is made from the type library and has a member for each of the object's."""
 
-    __slots__ = ("_at", "_home", "__weakref__")
+    __slots__ = ("__weakref__",)
     _library = None
     _description = None
 
@@ -42,21 +23,8 @@ class Object:
     def _of(cls, at):
         """The object of an interface whose reference it takes over."""
         made = object.__new__(cls)
-        made._at, made._home = at, _here()
+        made._hold(at)
         return made
-
-    def __del__(self, drop=_drop):
-        try:
-            drop(self._at, self._home)
-        except AttributeError:  # never held one
-            pass
-
-    def _use(self):
-        if self._home != _here():
-            raise RuntimeError("an object of the library can only be used in the thread that created it")
-        if _left:
-            _release_left()
-        return self._at
 
     def _lend(self):
         at = self._use()
@@ -187,23 +155,24 @@ def _property(member):
     return property(read, write if member.writable else None, doc=member.type)
 
 
-class _Enumerator:
+class _Enumerator(Reference):
     """Walks over the elements of a collection, as it stands at each step."""
+
+    __slots__ = ("_collection", "_declared")
 
     def __init__(self, collection):
         self._collection, self._declared = collection, ""
         member = collection._enumerator
         result = _invoke(collection, member, layout.DISPATCH_GET, layout.DISPPARAMS())
-        self._walk = layout.interface_of(result.pointer, layout.IID_IEnumVARIANT)
+        self._hold(layout.interface_of(result.pointer, layout.IID_IEnumVARIANT))
         layout.clear(result)
 
     def __iter__(self):
         return self
 
     def __next__(self):
-        self._collection._use()
         element = VARIANT()
-        outcome = layout.next_elements(self._walk, 1, ctypes.byref(element), None)
+        outcome = layout.next_elements(self._use(), 1, ctypes.byref(element), None)
         if outcome < 0:
             raise Failure(outcome, f"The collection refused its next element with result {outcome & 0xFFFFFFFF:08X}")
         if outcome > 0:
@@ -212,12 +181,6 @@ class _Enumerator:
         if isinstance(value, Object):
             self._declared = f"_{value._description.name}*"
         return value
-
-    def __del__(self, drop=_drop):
-        try:
-            drop(self._walk, self._collection._home)
-        except AttributeError:
-            pass
 
 
 def make_class(library, description, enumerator):
