@@ -156,12 +156,12 @@ def _property(member):
 
 
 class _Enumerator(Reference):
-    """Walks over the elements of a collection, as it stands at each step."""
+    """Walks over the elements of a collection, as it stands at each step. At its end it stays there."""
 
-    __slots__ = ("_collection", "_declared")
+    __slots__ = ("_collection", "_declared", "_ended")
 
     def __init__(self, collection):
-        self._collection, self._declared = collection, ""
+        self._collection, self._declared, self._ended = collection, "", False
         member = collection._enumerator
         result = _invoke(collection, member, layout.DISPATCH_GET, layout.DISPPARAMS())
         self._hold(layout.interface_of(result.pointer, layout.IID_IEnumVARIANT))
@@ -171,11 +171,14 @@ class _Enumerator(Reference):
         return self
 
     def __next__(self):
-        element = VARIANT()
-        outcome = layout.next_elements(self._use(), 1, ctypes.byref(element), None)
+        at, element = self._use(), VARIANT()
+        if self._ended:
+            raise StopIteration
+        outcome = layout.next_elements(at, 1, ctypes.byref(element), None)
         if outcome < 0:
             raise Failure(outcome, f"The collection refused its next element with result {outcome & 0xFFFFFFFF:08X}")
         if outcome > 0:
+            self._ended = True
             raise StopIteration
         value = _taken(element, self._declared, self._collection._library)
         if isinstance(value, Object):

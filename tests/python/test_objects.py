@@ -90,6 +90,20 @@ class IterationTest(DatabaseTest):
         folders.Clear()
         self.assertEqual(list(walk), [])
 
+    def test_walk_that_came_to_its_end_stays_there(self):
+        tags, tag = self.create("CTags"), self.create("CTag")
+        walk = iter(tags)
+        self.assertEqual(list(walk), [])
+        tags.Add(tag)
+        self.assertEqual(list(walk), [])
+        self.assertEqual(list(tags), [tag])
+
+    def test_walk_sees_what_was_added_before_its_end(self):
+        tags, tag = self.create("CTags"), self.create("CTag")
+        walk = iter(tags)
+        tags.Add(tag)
+        self.assertEqual(list(walk), [tag])
+
     def test_walk_keeps_its_collection(self):
         walk = iter(self.root_folders())
         self.assertEqual(next(walk).ParentID, 0)
