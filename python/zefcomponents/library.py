@@ -39,9 +39,7 @@ class Library:
             raise Failure(OBJECT_FILE_MISSING, f"The library {self.path} cannot be loaded: {failed}") from failed
         self._get_class_object.argtypes = [ctypes.c_void_p] * 3
         self._enumerations = {name: enum.IntEnum(name, members) for name, members in typelibrary.enumerations(text)}
-        enumerator = typelibrary.Member("NewEnum", layout.DISPID_ENUMERATOR, False, "IUnknown*", (), False)
-        self._classes = {description.name: make_class(self, description, enumerator)
-                         for description in typelibrary.classes(text)}
+        self._classes = {description.name: make_class(self, description) for description in typelibrary.classes(text)}
         self._interfaces = [(layout.identifier(known._description.interface), known)
                             for known in self._classes.values()]
 

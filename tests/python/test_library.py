@@ -105,7 +105,8 @@ class RegistrationTest(unittest.TestCase):
         shutil.copy(LIBRARY, copied)
         other = zefcomponents.Load(copied)
         folders, session = other.CreateObject("CFolders"), zefcomponents.Load(LIBRARY).CreateObject("CSession")
-        raised(TypeError, session.LoadRootFolders, folders)
+        failure = raised(TypeError, session.LoadRootFolders, folders)
+        self.assertIn("takes a CFolders, but not one of another library", str(failure))
 
 
 class ExampleTest(DatabaseTest):
