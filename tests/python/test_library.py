@@ -1,18 +1,14 @@
 import ctypes
-import datetime
 import enum
 import os
 import pathlib
-import re
 import shutil
-import subprocess
-import sys
 import tempfile
 import unittest
 import unittest.mock
 
 import zefcomponents
-from support import LIBRARY, ROOT, DatabaseTest, LibraryTest, raised
+from support import LIBRARY, LibraryTest, raised
 from zefcomponents import Failure, typelibrary
 
 PUBLIC = """CSession CAlarm CAttachement CCategory CContact CEvent CFolder CNote CNotification CPhoneLog CRecurrence
@@ -109,32 +105,5 @@ class RegistrationTest(unittest.TestCase):
         self.assertIn("takes a CFolders, but not one of another library", str(failure))
 
 
-class ExampleTest(DatabaseTest):
-    def run_python(self, *arguments):
-        environment = {**os.environ, "XDG_DATA_HOME": str(self.folder), "PYTHONPATH": str(ROOT / "python")}
-        with unittest.mock.patch.dict(os.environ, {"XDG_DATA_HOME": str(self.folder)}):
-            ctypes.CDLL(LIBRARY).DllRegisterServer()
-        return subprocess.run([sys.executable, *arguments], cwd=self.folder, env=environment, capture_output=True,
-                              text=True)
-
-    def run_example(self, *arguments):
-        return self.run_python(ROOT / "examples" / "birthdays.py", *arguments)
-
-    def test_program_of_the_document_runs(self):
-        document = (ROOT / "docs" / "component.md").read_text()
-        ended = self.run_python("-c", re.search(r"```python\n(.*?)```", document, re.S)[1])
-        self.assertEqual(ended.stderr, "")
-        self.assertIn("2 Contacts", ended.stdout)
-        self.assertTrue(ended.stdout.endswith("9 Subscript out of range ZEFComponents\n"), ended.stdout)
-
-    def test_birthdays_of_the_month_are_listed_by_day(self):
-        self.new_contact(FirstName="Ann", LastName="Lee", BirthDate=datetime.date(1980, 5, 17))
-        self.new_contact(FirstName="Bob", LastName="O'Hara", BirthDate=datetime.date(1871, 5, 2))
-        self.new_contact(FirstName="Cid", LastName="Moe", BirthDate=datetime.date(1990, 6, 1))
-        ended = self.run_example(self.database, "5")
-        self.assertEqual((ended.stdout, ended.stderr), (" 2  Bob O'Hara (1871)\n17  Ann Lee (1980)\n", ""))
-
-    def test_missing_database_is_told(self):
-        ended = self.run_example(self.folder / "none.db", "5")
-        self.assertEqual(ended.returncode, 1)
-        self.assertIn("none.db", ended.stderr)
+if __name__ == "__main__":
+    unittest.main()
