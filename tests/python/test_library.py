@@ -1,9 +1,11 @@
+import concurrent.futures
 import ctypes
 import enum
 import os
 import pathlib
 import shutil
 import tempfile
+import threading
 import unittest
 import unittest.mock
 
@@ -26,6 +28,11 @@ class ClassesTest(LibraryTest):
 
     def test_unknown_class_cannot_be_created(self):
         self.assertEqual(raised(Failure, self.create, "CNothing").number, 429)
+
+    def test_class_is_named_by_a_text(self):
+        for create in (self.create, zefcomponents.CreateObject):
+            for name in (None, 5, b"CTag"):
+                self.assertIn(type(name).__name__, str(raised(TypeError, create, name)))
 
     def test_enumerations_are_those_of_the_library(self):
         self.assertTrue(issubclass(self.library.FolderType, enum.IntEnum))
@@ -62,6 +69,45 @@ class LoadingTest(unittest.TestCase):
                 self.assertIn("foreign.so", failure.description)
 
 
+    def test_path_may_be_of_any_kind(self):
+        loaded = zefcomponents.Load(LIBRARY)
+        for path in (pathlib.Path(LIBRARY), os.fsencode(LIBRARY), os.path.relpath(LIBRARY)):
+            self.assertIs(zefcomponents.Load(path), loaded)
+
+    def test_empty_path_is_told(self):
+        failure = raised(Failure, zefcomponents.Load, "")
+        self.assertEqual((failure.number, failure.description), (53, "No library is named."))
+
+    def test_path_that_no_file_can_have_is_told(self):
+        for path in ("a\0b", "\ud800.so"):
+            failure = raised(Failure, zefcomponents.Load, path)
+            self.assertEqual(failure.number, 53)
+            self.assertTrue(failure.description.endswith("no file has such a name."), failure.description)
+            failure.description.encode()
+
+    def test_folder_and_pipe_are_no_libraries(self):
+        with tempfile.TemporaryDirectory() as folder:
+            pipe = pathlib.Path(folder, "pipe.so")
+            os.mkfifo(pipe)
+            for path in (folder, pipe):
+                failure = raised(Failure, zefcomponents.Load, path)
+                self.assertEqual(failure.number, 53)
+                self.assertEqual(failure.description, f"{os.path.realpath(path)} is not the library ZEFComponents.")
+
+    def test_threads_that_load_at_once_get_the_same_library(self):
+        gate, construct = threading.Barrier(2), zefcomponents.Library
+
+        def construct_together(path):
+            gate.wait()
+            return construct(path)
+
+        with tempfile.TemporaryDirectory() as folder, concurrent.futures.ThreadPoolExecutor(2) as threads:
+            copied = shutil.copy(LIBRARY, folder)
+            with unittest.mock.patch("zefcomponents.library.Library", construct_together):
+                one, other = threads.map(zefcomponents.Load, [copied, copied])
+        self.assertIs(one, other)
+
+
 class RegistrationTest(unittest.TestCase):
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
@@ -80,8 +126,15 @@ class RegistrationTest(unittest.TestCase):
         self.assertEqual(zefcomponents.Load().path, os.path.realpath(LIBRARY))
 
     def test_class_that_is_not_registered_is_told(self):
-        for name in ("ZEFComponents.CNothing", "", "../x.y", "CTag"):
-            self.assertEqual(raised(Failure, zefcomponents.CreateObject, name).number, 429)
+        failure = raised(Failure, zefcomponents.CreateObject, "ZEFComponents.CNothing")
+        self.assertEqual(failure.number, 429)
+        self.assertIn("ZEFComponents.CNothing is not registered", failure.description)
+
+    def test_text_that_names_no_class_is_told(self):
+        for name in ("", "../x.y", "CTag"):
+            failure = raised(Failure, zefcomponents.CreateObject, name)
+            self.assertEqual(failure.number, 429)
+            self.assertIn(f"{name!r} is not the name of a class", failure.description)
 
     def test_folder_that_is_no_whole_path_is_no_registry(self):
         for home in ("", "."):
