@@ -37,7 +37,7 @@ class _Apartment:
         """Makes sure that the running thread is the owner. `kind` says what it wants to use."""
         if self._thread != _here():
             ended = ", which has ended" if self._thread is None else ""
-            raise RuntimeError(f"a {kind} can only be used in the thread that created it{ended}")
+            raise RuntimeError(f"this {kind} can only be used in the thread that created it{ended}")
         if self._dropped:
             self._give_back_dropped()
 

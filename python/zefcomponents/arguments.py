@@ -50,7 +50,7 @@ def put(variant, value, declared):
         variant.pointer = value._lend()
         variant.vt = layout.VT_DISPATCH
     elif not (isinstance(value, list) and declared.startswith("SAFEARRAY")):  # members make a table anew
-        raise TypeError(f"a {type(value).__name__} cannot be given to the library")
+        raise TypeError(f"a value of the type {type(value).__name__} cannot be given to the library")
 
 
 def _none_means_something(declared):

@@ -162,7 +162,7 @@ def _property(member):
     return property(read, write if member.writable else None, doc=member.type)
 
 
-class _Enumerator(Reference):
+class Walk(Reference):
     """Walks over the elements of a collection, as it stands at each step. At its end it stays there."""
 
     __slots__ = ("_collection", "_declared", "_ended")
@@ -206,7 +206,7 @@ def make_class(library, description):
                for member in description.members}
     if description.enumerable:
         enumerator = Member(description.name, "NewEnum", layout.DISPID_ENUMERATOR, False, "IUnknown*", (), False)
-        content.update(_enumerator=enumerator, __iter__=lambda self: _Enumerator(self), __len__=lambda self: self.Count,
+        content.update(_enumerator=enumerator, __iter__=lambda self: Walk(self), __len__=lambda self: self.Count,
                        __bool__=lambda self: True)  # an object is there, whatever it holds
     content.update(__slots__=(), __module__=__name__, _library=library, _description=description,
                    _members={member.name: member for member in description.members})

@@ -157,11 +157,13 @@ class ThreadsTest(LibraryTest):
         tag = self.create("CTag")
         refused = in_thread(lambda: tag.ID)
         self.assertIsInstance(refused, RuntimeError)
-        self.assertEqual(str(refused), "a CTag can only be used in the thread that created it")
+        self.assertEqual(str(refused), "this CTag can only be used in the thread that created it")
 
     def test_walk_of_another_thread_is_refused(self):
         walk = iter(self.create("CTags"))
-        self.assertIsInstance(in_thread(lambda: next(walk)), RuntimeError)
+        refused = in_thread(lambda: next(walk))
+        self.assertIsInstance(refused, RuntimeError)
+        self.assertEqual(str(refused), "this Walk can only be used in the thread that created it")
 
     def test_thread_with_the_number_of_one_that_ended_is_refused(self):
         tag, owner = in_thread(lambda: (self.create("CTag"), threading.get_ident()))

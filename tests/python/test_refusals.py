@@ -106,10 +106,11 @@ class ValuesTest(RefusalTest):
             setattr, self.contact, "BirthDate", "never")
 
     def test_value_of_no_known_type_is_told(self):
-        self.assertRefused(TypeError, f"{FOLDER_ID[:-1]}: a set cannot be given to the library",
+        self.assertRefused(TypeError, f"{FOLDER_ID[:-1]}: a value of the type set cannot be given to the library",
                            self.session.GetFolder, set())
-        self.assertRefused(TypeError, "CSession.UserID: the value: a dict cannot be given to the library",
-                           setattr, self.session, "UserID", {})
+        self.assertRefused(
+            TypeError, "CSession.UserID: the value: a value of the type dict cannot be given to the library",
+            setattr, self.session, "UserID", {})
 
     def test_integer_beyond_32_bits_is_told(self):
         for number in (2**31, -(2**63)):
