@@ -93,9 +93,11 @@ def _invoke(target, member, flags, parameters, values=()):
     return result
 
 
-def _taken(result, declared, library):
+def _taken(result, member, declared, library):
     try:
         return take(result, declared, library)
+    except ValueError as unfit:  # a date that only other programs could write
+        raise refusal.cannot_be_shown(member, unfit) from None
     finally:
         layout.clear(result)
 
@@ -136,7 +138,7 @@ def _method(member):
         call = Call(member, arranged, declared)
         with call as parameters:
             try:
-                value = _taken(_invoke(self, member, flags, parameters, arranged), member.type, self._library)
+                value = _taken(_invoke(self, member, flags, parameters, arranged), member, member.type, self._library)
             finally:
                 call.give_back(self._library)
         return value
@@ -152,7 +154,7 @@ def _property(member):
     nothing = layout.DISPPARAMS()
 
     def read(self):
-        return _taken(_invoke(self, member, layout.DISPATCH_GET, nothing), member.type, self._library)
+        return _taken(_invoke(self, member, layout.DISPATCH_GET, nothing), member, member.type, self._library)
 
     def write(self, value):
         with Call(member, [value], [member.type]) as parameters:
@@ -186,7 +188,7 @@ class Walk(Reference):
         if outcome > 0:
             self._ended = True
             raise StopIteration
-        value = _taken(element, self._declared, self._collection._library)
+        value = _taken(element, self._collection._enumerator, self._declared, self._collection._library)
         if isinstance(value, Object):
             self._declared = f"_{value._description.name}*"
         return value

@@ -48,6 +48,11 @@ def cannot_be_given(member, at, reason):
     return kind(f"{_place(member, at).rstrip(',')}: {reason}")
 
 
+def cannot_be_shown(member, reason):
+    """The error of a value of the library that Python has no form for."""
+    return ValueError(f"{member.title}: {reason}")
+
+
 def not_converted(member, at, value):
     kind, takes = type(value).__name__, _taken_by(member, at)
     if takes == f"a {kind}":

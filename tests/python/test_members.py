@@ -1,4 +1,6 @@
 import datetime
+import subprocess
+import sys
 import unittest
 
 from support import DatabaseTest, raised
@@ -113,6 +115,17 @@ class ColumnsTest(DatabaseTest):
         self.new_contact(FirstName="Ann")
         self.session.conDBConnection.Execute("UPDATE Contacts SET CNT_BirthDate=#12/30/1899#")
         self.assertEqual(self.value("CNT_BirthDate"), datetime.datetime(1899, 12, 30))
+
+    def test_number_that_is_no_date_is_told(self):
+        contact = self.new_contact(FirstName="Ann")
+        self.write_as_another_program("UPDATE Contacts SET CNT_BirthDate=1e9")
+        for title, read in (("CContact.BirthDate", lambda: self.session.GetContact(contact.ID).BirthDate),
+                            ("Field.Value", lambda: self.value("CNT_BirthDate"))):
+            self.assertEqual(str(raised(ValueError, read)), f"{title}: the number 1000000000.0 is no date")
+
+    def write_as_another_program(self, statement):
+        program = "import sqlite3, sys; sqlite3.connect(sys.argv[1], isolation_level=None).execute(sys.argv[2])"
+        subprocess.run([sys.executable, "-c", program, self.database, statement], check=True)
 
     def test_bytes_come_back(self):
         content = bytes(range(256)) * 10
