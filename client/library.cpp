@@ -20,24 +20,45 @@ std::string& NamedFile() {
   return file;
 }
 
+/// A path of the working folder even for a bare name, which the system would look for elsewhere.
+std::string Existing(const std::string& named) {
+  std::error_code missing;
+  const fs::path path = fs::canonical(named, missing);
+  if (!missing) return path;
+  throw Failure(kRefused, fmt::format("There is no library '{}'.", fs::absolute(named).lexically_normal().native()));
+}
+
+/// The registered library; empty if there is none.
+std::string Registered() {
+  std::string library;
+  try {
+    library = RegisteredLibrary(CSession::kProgrammaticName);
+  } catch (const automation::Failure&) {
+    return {};
+  }
+  std::error_code unknown;
+  if (fs::exists(library, unknown)) return library;
+  throw Failure(kRefused, fmt::format("The entry '{}' names the library '{}', which is not there. Register it from "
+                                      "where it is now, with 'zef register --library FILE'.",
+                                      EntryPath(CSession::kProgrammaticName), library));
+}
+
 }  // namespace
 
 void UseLibrary(std::string file) { NamedFile() = std::move(file); }
 
 std::string LibraryFile() {
-  if (!NamedFile().empty()) return NamedFile();
+  if (!NamedFile().empty()) return Existing(NamedFile());
   std::error_code unknown;
   const fs::path folder = fs::read_symlink("/proc/self/exe", unknown).parent_path();
   const fs::path library_folder = (folder / ZEF_LIBRARY_FOLDER).lexically_normal();
   for (const fs::path& place : {folder, library_folder}) {
     if (fs::exists(place / kFileName, unknown)) return place / kFileName;
   }
-  try {
-    return RegisteredLibrary(CSession::kProgrammaticName);
-  } catch (const automation::Failure&) {
-    throw Failure(kRefused, fmt::format("The library {} is neither in '{}' nor in '{}', and none is registered.",
-                                        kFileName, folder.native(), library_folder.native()));
-  }
+  std::string library = Registered();
+  if (!library.empty()) return library;
+  throw Failure(kRefused, fmt::format("The library {} is neither in '{}' nor in '{}', and none is registered.",
+                                      kFileName, folder.native(), library_folder.native()));
 }
 
 }  // namespace zef::client

@@ -1,10 +1,14 @@
 #include "client/registry.h"
 
-#include <ZEFComponents/library.h>
 #include <dlfcn.h>
 #include <fmt/format.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
 
+#include <ZEFComponents.hpp>
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <iterator>
 
@@ -15,20 +19,6 @@ namespace zef::client {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr char kPrefix[] = "ZEFComponents.";
-
-/// The names of the entries that there are.
-std::vector<std::string> Entries(const fs::path& folder) {
-  std::vector<std::string> names;
-  std::error_code missing;
-  for (const auto& entry : fs::directory_iterator(folder, missing)) {
-    std::string name = entry.path().filename().string();
-    if (name.starts_with(kPrefix)) names.push_back(std::move(name));
-  }
-  std::sort(names.begin(), names.end());
-  return names;
-}
 
 /// Calls one of the library's functions.
 HRESULT CallLibrary(const std::string& library, const char* function) {
@@ -50,13 +40,14 @@ fs::path RegistryFolder() {
   return folder;
 }
 
-/// The path that the entries name.
-std::string AbsoluteLibraryFile() {
-  const std::string library = LibraryFile();
-  std::error_code missing;
-  const fs::path path = fs::canonical(library, missing);
-  if (missing) throw Failure(kRefused, fmt::format("There is no library '{}'.", library));
-  return path.string();
+/// Without links.
+std::string LibraryPath() { return fs::canonical(LibraryFile()); }
+
+/// Entries are made of lines.
+void RequireNameable(const std::string& library) {
+  if (library.find_first_of("\r\n") == std::string::npos) return;
+  throw Failure(kRefused,
+                fmt::format("No entry can hold the path of the library, since it has a line break: '{}'.", library));
 }
 
 bool Names(const std::string& entry, const std::string& library) {
@@ -67,28 +58,62 @@ bool Names(const std::string& entry, const std::string& library) {
   }
 }
 
+/// The entries that are to be told, by name and in order.
+template <class Keep>
+std::vector<std::string> EntriesThat(Keep&& keep) {
+  std::vector<std::string> names;
+  std::copy_if(std::begin(kCreatableClasses), std::end(kCreatableClasses), std::back_inserter(names), keep);
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+bool IsThere(const std::string& entry) {
+  std::error_code unknown;
+  return fs::exists(fs::symlink_status(EntryPath(entry), unknown));
+}
+
+/// Why the system does not let an entry be changed; 0 if it seems to.
+int Obstacle(const fs::path& entry) {
+  std::error_code unknown;
+  if (fs::is_directory(fs::symlink_status(entry, unknown))) return EISDIR;
+  if (access(entry.c_str(), R_OK) != 0 && errno != ENOENT) return errno;
+  fs::path folder = entry.parent_path();
+  while (access(folder.c_str(), W_OK | X_OK) != 0) {
+    if (errno != ENOENT) return errno;
+    folder = folder.parent_path();  // it is to be made there
+  }
+  struct statvfs disk {};
+  return statvfs(folder.c_str(), &disk) == 0 && disk.f_bavail == 0 ? ENOSPC : 0;
+}
+
+/// The library says no more than that it has failed.
+[[noreturn]] void TellObstacle(const char* what) {
+  for (const char* name : kCreatableClasses) {
+    const std::string entry = EntryPath(name);
+    if (const int error = Obstacle(entry); error != 0) {
+      throw Failure(kRefused, fmt::format("The entry '{}' cannot be {}: {}.", entry, what, std::strerror(error)));
+    }
+  }
+  throw Failure(kRefused, fmt::format("Not every entry in '{}' could be {}.", ComponentsFolder(), what));
+}
+
 }  // namespace
 
 RegistryChange EnterClasses() {
-  const std::string library = AbsoluteLibraryFile();
+  const std::string library = LibraryPath();
+  RequireNameable(library);
   RegistryChange change{library, RegistryFolder().string(), {}};
-  if (FAILED(CallLibrary(library, "DllRegisterServer"))) {
-    throw Failure(kRefused, fmt::format("The entries cannot be written to '{}'.", change.folder));
-  }
-  const std::vector<std::string> names = Entries(change.folder);
-  std::copy_if(names.begin(), names.end(), std::back_inserter(change.classes),
-               [&](const std::string& name) { return Names(name, library); });
+  if (FAILED(CallLibrary(library, "DllRegisterServer"))) TellObstacle("written");
+  change.classes = EntriesThat([&](const std::string& name) { return Names(name, library); });
   return change;
 }
 
 RegistryChange RemoveClasses() {
-  const std::string library = AbsoluteLibraryFile();
+  const std::string library = LibraryPath();
   RegistryChange change{library, RegistryFolder().string(), {}};
-  const std::vector<std::string> before = Entries(change.folder);
-  if (FAILED(CallLibrary(library, "DllUnregisterServer"))) {
-    throw Failure(kRefused, fmt::format("The entries cannot be removed from '{}'.", change.folder));
-  }
-  const std::vector<std::string> after = Entries(change.folder);
+  const std::vector<std::string> before = EntriesThat(IsThere);
+  if (FAILED(CallLibrary(library, "DllUnregisterServer"))) TellObstacle("removed");
+  const std::vector<std::string> after = EntriesThat(IsThere);
   std::set_difference(before.begin(), before.end(), after.begin(), after.end(), std::back_inserter(change.classes));
   return change;
 }

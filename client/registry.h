@@ -14,7 +14,8 @@ struct RegistryChange {
 };
 
 /// Let the program's library, see `LibraryFile`, enter its classes or remove its entries. Raise a `Failure` if the file
-/// is no library of components, or if the folder cannot be written.
+/// is no library of components, if the path to be entered has a line break, or if an entry cannot be written or
+/// removed, which is told with the reason.
 RegistryChange EnterClasses();
 RegistryChange RemoveClasses();
 

@@ -28,6 +28,14 @@ std::string LibraryPath() {
   return std::filesystem::canonical(info.dli_fname, failed).string();
 }
 
+/// Raises if there is none that an entry, which is made of lines, can name.
+std::string NameableLibraryPath() {
+  std::string path = LibraryPath();
+  if (path.empty()) throw RunTimeError(FailureNumber::FileNotFound);
+  if (path.find_first_of("\r\n") != std::string::npos) throw RunTimeError(FailureNumber::PathFileAccess);
+  return path;
+}
+
 /// The user's folder of components; empty if there is no place for it.
 std::filesystem::path ComponentsFolder() {
   const char* const data = std::getenv("XDG_DATA_HOME");
@@ -102,8 +110,7 @@ std::string IdentifierText(REFGUID identifier) {
 HRESULT Register(std::span<const Class* const> classes) noexcept {
   return ForEachEntry(classes,
                       [library = std::string()](const Class& described, const std::filesystem::path& path) mutable {
-                        if (library.empty()) library = LibraryPath();
-                        if (library.empty()) throw RunTimeError(FailureNumber::FileNotFound);
+                        if (library.empty()) library = NameableLibraryPath();
                         std::filesystem::create_directories(path.parent_path());
                         const std::string entry = Entry(described, library);
                         WriteWholeFile(path, std::as_bytes(std::span(entry)));

@@ -8,6 +8,8 @@
 #include "component/identifiers.h"
 #include "component/lifetime.h"
 #include "platform/engine.h"
+#include "platform/text.h"
+#include "platform/text_file.h"
 
 namespace zef::component {
 namespace {
@@ -76,7 +78,10 @@ HRESULT GetClassObject(std::span<const Class* const> classes, REFCLSID rclsid, R
 HRESULT CanUnloadNow() noexcept { return NothingLives() ? S_OK : S_FALSE; }
 
 void Unload() noexcept {
-  if (NothingLives()) ReleaseEngines();
+  if (!NothingLives()) return;
+  ReleaseEngines();
+  ReleaseFileNumbers();
+  text::ReleaseOrder();
 }
 
 }  // namespace zef::component

@@ -7,7 +7,8 @@
 namespace zef {
 namespace {
 
-thread_local std::function<Date()> current_override;
+// A plain pointer: a variable with a destructor would keep the library mapped until the thread ends.
+thread_local constinit const ClockOverride* current_override = nullptr;
 
 /// A leap second counts as the second before it, so that the day stays the same.
 Date ToDate(const std::tm& local) {
@@ -21,7 +22,7 @@ Date ToDate(const std::tm& local) {
 }  // namespace
 
 Date Now() {
-  if (current_override) return current_override();
+  if (current_override != nullptr) return current_override->now_();
   // Working out the local time costs more than a record; records ask many times in one second.
   thread_local std::time_t last_second = -1;
   thread_local Date last;
@@ -33,10 +34,11 @@ Date Now() {
   return last = ToDate(local);
 }
 
-ClockOverride::ClockOverride(std::function<Date()> now) : previous_(std::exchange(current_override, std::move(now))) {}
+ClockOverride::ClockOverride(std::function<Date()> now)
+    : now_(std::move(now)), previous_(std::exchange(current_override, this)) {}
 
 ClockOverride::ClockOverride(Date fixed) : ClockOverride([fixed] { return fixed; }) {}
 
-ClockOverride::~ClockOverride() { current_override = std::move(previous_); }
+ClockOverride::~ClockOverride() { current_override = previous_; }
 
 }  // namespace zef

@@ -88,7 +88,7 @@ std::optional<Date> ParseDate(std::string_view text);
 /// The local date and time in whole seconds.
 Date Now();
 
-/// Fixes or steers what `Now` answers on this thread for as long as it lives.
+/// Fixes or steers what `Now` answers on this thread for as long as it lives; of several, the inner one ends first.
 class ClockOverride {
  public:
   explicit ClockOverride(std::function<Date()> now);
@@ -98,7 +98,10 @@ class ClockOverride {
   ClockOverride& operator=(const ClockOverride&) = delete;
 
  private:
-  std::function<Date()> previous_;
+  friend Date Now();
+
+  std::function<Date()> now_;
+  const ClockOverride* previous_;
 };
 
 }  // namespace zef

@@ -16,6 +16,8 @@ bool IsPlainAscii(std::string_view text);
 /// Order of two texts by the root locale: letter case does not count, accents do. Negative, zero or positive. This is
 /// the one comparison of the dialect; the empty text comes first. Safe to call on any thread.
 int Compare(std::string_view a, std::string_view b);
+/// Gives back what `Compare` keeps for the whole process. No thread may be comparing; the next one begins anew.
+void ReleaseOrder();
 /// Equality of ASCII identifiers without regard to letter case.
 bool EqualNames(std::string_view a, std::string_view b);
 

@@ -6,37 +6,44 @@
 #include <memory>
 #include <numeric>
 
+#include "platform/made_once.h"
 #include "platform/run_time_error.h"
 #include "platform/text.h"
 
 namespace zef::text {
 namespace {
 
-struct CloseCollator {
-  void operator()(UCollator* collator) const { ucol_close(collator); }
-};
-using Collator = std::unique_ptr<UCollator, CloseCollator>;
-
 void Require(UErrorCode status) {
   if (U_FAILURE(status)) throw RunTimeError(FailureNumber::InvalidCall, "The order of texts is not available.");
 }
 
-/// The root order with two levels: letters, then accents.
-Collator OpenCollator() {
-  UErrorCode status = U_ZERO_ERROR;
-  Collator collator(ucol_open("", &status));
-  Require(status);
-  ucol_setStrength(collator.get(), UCOL_SECONDARY);
-  ucol_setAttribute(collator.get(), UCOL_NORMALIZATION_MODE, UCOL_ON, &status);
-  Require(status);
-  return collator;
-}
+/// The root order with two levels: letters, then accents. Comparing does not change it, so all threads share one.
+class Collator {
+ public:
+  Collator() {
+    ucol_setStrength(collator_.get(), UCOL_SECONDARY);
+    UErrorCode status = U_ZERO_ERROR;
+    ucol_setAttribute(collator_.get(), UCOL_NORMALIZATION_MODE, UCOL_ON, &status);
+    Require(status);
+  }
+  const UCollator* get() const { return collator_.get(); }
 
-/// A collator belongs to one thread, which opens it when it first needs it.
-const UCollator* ThreadCollator() {
-  thread_local const Collator collator = OpenCollator();
-  return collator.get();
-}
+ private:
+  struct Close {
+    void operator()(UCollator* collator) const { ucol_close(collator); }
+  };
+
+  static UCollator* Open() {
+    UErrorCode status = U_ZERO_ERROR;
+    UCollator* const collator = ucol_open("", &status);
+    Require(status);
+    return collator;
+  }
+
+  const std::unique_ptr<UCollator, Close> collator_{Open()};
+};
+
+constinit MadeOnce<const Collator> shared_collator;
 
 std::int32_t Size(std::string_view text) {
   if (text.size() > std::numeric_limits<std::int32_t>::max()) throw RunTimeError(FailureNumber::OutOfMemory);
@@ -45,7 +52,8 @@ std::int32_t Size(std::string_view text) {
 
 int CompareByCollator(std::string_view a, std::string_view b) {
   UErrorCode status = U_ZERO_ERROR;
-  const UCollationResult order = ucol_strcollUTF8(ThreadCollator(), a.data(), Size(a), b.data(), Size(b), &status);
+  const UCollationResult order =
+      ucol_strcollUTF8(shared_collator.Get().get(), a.data(), Size(a), b.data(), Size(b), &status);
   Require(status);
   return order;
 }
@@ -88,5 +96,7 @@ int Compare(std::string_view a, std::string_view b) {
   static const Ranks ranks = RanksOfCollator();
   return CompareByRanks(a, b, ranks);
 }
+
+void ReleaseOrder() { shared_collator.Release(); }
 
 }  // namespace zef::text

@@ -172,13 +172,24 @@ std::string OfAllClasses(Make&& make) {
   return text;
 }
 
+/// The names by which objects can be created.
+std::string CreatableText() {
+  std::vector<std::string> names;
+  for (const Class* described : PublicClasses())
+    names.push_back(fmt::format("    {}::kProgrammaticName,\n", described->name));
+  return fmt::format(
+      "/// The names of the classes that can be created.\n"
+      "inline constexpr const char* kCreatableClasses[] = {{\n{}}};\n\n",
+      fmt::join(names, ""));
+}
+
 }  // namespace
 
 std::string ClientHeaderText() {
   std::string text = kHead;
   for (const Enumeration& enumeration : PublicEnumerations()) text += EnumerationText(enumeration);
   text += "\n" + OfAllClasses([](const Class& described) { return fmt::format("class {};\n", described.name); }) + "\n";
-  return text + OfAllClasses(ClassText) + OfAllClasses(BodiesText) + kTail;
+  return text + OfAllClasses(ClassText) + CreatableText() + OfAllClasses(BodiesText) + kTail;
 }
 
 }  // namespace zef::component

@@ -9,7 +9,9 @@ Properties are attributes, methods take positional and named arguments, collecti
 an exception. A variable that a method is to change is given as ByRef. Null and Nothing are None, and so is a date of
 a record that is not set; dates are datetime, byte blocks bytes, tables of texts lists of rows.
 
-An object belongs to the thread that created it; other threads get a RuntimeError.
+An object belongs to the thread that created it; other threads get a RuntimeError. It goes when nothing refers to it
+any more: at once if its own thread drops it, with that thread's next call if another one does, and when its thread ends
+at the latest.
 """
 
 from .arguments import ByRef

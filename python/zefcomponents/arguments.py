@@ -4,7 +4,7 @@ import ctypes
 import datetime
 import os
 
-from . import dates, layout
+from . import dates, layout, refusal
 from .layout import VARIANT
 
 
@@ -35,8 +35,7 @@ def put(variant, value, declared):
     elif isinstance(value, int):
         _put_integer(variant, value)
     elif isinstance(value, str):
-        variant.pointer = layout.new_text(value)
-        variant.vt = layout.VT_BSTR
+        _put_text(variant, value)
     elif isinstance(value, float):
         variant.vt, variant.double = layout.VT_R8, value
     elif isinstance(value, (datetime.date, datetime.time)):
@@ -51,7 +50,7 @@ def put(variant, value, declared):
         variant.pointer = value._lend()
         variant.vt = layout.VT_DISPATCH
     elif not (isinstance(value, list) and declared.startswith("SAFEARRAY")):  # members make a table anew
-        raise TypeError(f"a {type(value).__name__} cannot be given to the library")
+        raise TypeError(f"a value of the type {type(value).__name__} cannot be given to the library")
 
 
 def _none_means_something(declared):
@@ -68,13 +67,21 @@ def _put_none(variant, declared):
         variant.vt = layout.VT_NULL
 
 
+def _put_text(variant, value):
+    try:
+        variant.pointer = layout.new_text(value)
+    except UnicodeEncodeError as unfit:
+        raise ValueError(f"the text has half a surrogate pair at position {unfit.start}") from None
+    variant.vt = layout.VT_BSTR
+
+
 def _put_integer(variant, value):
     if -(2**31) <= value < 2**31:
         variant.vt, variant.long = layout.VT_I4, value
     elif -(2**63) <= value < 2**63:
         variant.vt, variant.whole = layout.VT_I8, value
     else:
-        raise OverflowError(f"{value} is too large for the library")
+        raise OverflowError("the integer is too large for the library")
 
 
 _TAKE = {
@@ -108,7 +115,8 @@ def take(variant, declared, library):
 class Call:
     """The arguments of one call, from last to first, with what they own. Leave it with `with`."""
 
-    def __init__(self, values, declared):
+    def __init__(self, member, values, declared):
+        self._member = member
         self._variants = (VARIANT * max(len(values), 1))()
         self._references = []  # of each variable: the variable, its own variant, its type
         self._values, self._declared = values, declared
@@ -118,6 +126,9 @@ class Call:
         try:
             for place, (value, declared) in enumerate(zip(self._values, self._declared)):
                 self._place(self._variants[count - 1 - place], value, declared)
+        except (TypeError, ValueError, OverflowError) as unfit:
+            self.__exit__()
+            raise refusal.cannot_be_given(self._member, place, unfit) from None
         except BaseException:
             self.__exit__()
             raise

@@ -33,4 +33,4 @@ def from_number(number):
     try:
         return _DAY_ZERO + datetime.timedelta(days=days, milliseconds=milliseconds)
     except OverflowError as overflow:
-        raise ValueError(f"{number} is no date") from overflow
+        raise ValueError(f"the number {number} is no date") from overflow

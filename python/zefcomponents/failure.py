@@ -14,5 +14,10 @@ class Failure(Exception):
         return self.description
 
 
+def number_of(code):
+    """The number of a failure from its code in 32 bits: those from 1 to 65535 have a range of codes of their own."""
+    return code & 0xFFFF if code >> 16 == 0x800A else code - (code >> 31 << 32)
+
+
 OBJECT_FILE_MISSING = 53
 CANNOT_CREATE = 429

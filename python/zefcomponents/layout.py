@@ -35,6 +35,7 @@ IID_IUnknown = identifier("00000000-0000-0000-C000-000000000046")
 IID_IClassFactory = identifier("00000001-0000-0000-C000-000000000046")
 IID_IDispatch = identifier("00020400-0000-0000-C000-000000000046")
 IID_IEnumVARIANT = identifier("00020404-0000-0000-C000-000000000046")
+IID_IErrorInfo = identifier("1CF2B120-547D-101B-8E65-08002B2BD119")
 
 
 class _Value(ctypes.Union):
@@ -114,7 +115,8 @@ def _new_block(size):
 
 
 def new_text(text):
-    units = text.encode("utf-16-le", "surrogatepass")
+    """Raises UnicodeEncodeError for half a surrogate pair, which the library cannot keep."""
+    units = text.encode("utf-16-le")
     at = _new_block(8 + len(units) + 2) + 8
     ctypes.c_uint32.from_address(at - 4).value = len(units)
     ctypes.memmove(at, units, len(units))
@@ -131,6 +133,13 @@ def text_at(at):
 def free_text(at):
     if at:
         _c.free(at - 8)
+
+
+def text_taken(at):
+    """A text that was handed over, which is freed."""
+    text = text_at(at)
+    free_text(at)
+    return text
 
 
 def new_bytes(content):
@@ -213,6 +222,8 @@ add_reference = _method(1)
 release = _method(2)
 create_instance = _method(3, _at, _at, _at)
 next_elements = _method(3, ctypes.c_uint32, _at, _at)
+_error_source = _method(4, _at)
+_error_description = _method(5, _at)
 invoke = _method(6, ctypes.c_int32, _at, ctypes.c_uint32, ctypes.c_uint16, _at, _at, _at, _at)
 
 
@@ -221,3 +232,15 @@ def interface_of(at, wanted):
     found = ctypes.c_void_p()
     result = query_interface(at, ctypes.byref(wanted), ctypes.byref(found))
     return found.value if result >= 0 else None
+
+
+def error_told(at):
+    """Source and description of the failure of an object's last call, both empty if it tells of none."""
+    information = interface_of(at, IID_IErrorInfo)
+    if information is None:
+        return "", ""
+    source, description = ctypes.c_void_p(), ctypes.c_void_p()
+    _error_source(information, ctypes.byref(source))
+    _error_description(information, ctypes.byref(description))
+    release(information)
+    return text_taken(source.value), text_taken(description.value)

@@ -3,11 +3,12 @@
 import ctypes
 import enum
 import os
+import stat
 
 from . import layout, typelibrary
 from .failure import CANNOT_CREATE, OBJECT_FILE_MISSING, Failure
 from .objects import make_class
-from .registration import RegisteredLibrary
+from .registration import RegisteredLibrary, check_class_name
 
 _SESSION = "ZEFComponents.CSession"
 _NAME = "ZEFComponents"
@@ -19,10 +20,18 @@ def Load(path=None):
 
     Raises Failure 53 if it cannot be loaded or is another library, 429 if none is registered.
     """
-    path = os.path.realpath(RegisteredLibrary(_SESSION) if path is None else path)
-    if path not in _loaded:
-        _loaded[path] = Library(path)
-    return _loaded[path]
+    path = _whole(RegisteredLibrary(_SESSION) if path is None else path)
+    return _loaded.get(path) or _loaded.setdefault(path, Library(path))
+
+
+def _whole(path):
+    named = os.fsdecode(path)
+    if not named:
+        raise Failure(OBJECT_FILE_MISSING, "No library is named.")
+    try:
+        return os.path.realpath(named)
+    except ValueError as unfit:  # a zero or half a surrogate pair
+        raise Failure(OBJECT_FILE_MISSING, f"The library {named!a} cannot be read: no file has such a name.") from unfit
 
 
 class Library:
@@ -39,15 +48,14 @@ class Library:
             raise Failure(OBJECT_FILE_MISSING, f"The library {self.path} cannot be loaded: {failed}") from failed
         self._get_class_object.argtypes = [ctypes.c_void_p] * 3
         self._enumerations = {name: enum.IntEnum(name, members) for name, members in typelibrary.enumerations(text)}
-        enumerator = typelibrary.Member("NewEnum", layout.DISPID_ENUMERATOR, False, "IUnknown*", (), False)
-        self._classes = {description.name: make_class(self, description, enumerator)
-                         for description in typelibrary.classes(text)}
+        self._classes = {description.name: make_class(self, description) for description in typelibrary.classes(text)}
         self._interfaces = [(layout.identifier(known._description.interface), known)
                             for known in self._classes.values()]
 
     def _type_library(self):
         try:
-            text = typelibrary.read_text(self.path)
+            regular = stat.S_ISREG(os.stat(self.path).st_mode)  # a pipe would be read for ever
+            text = typelibrary.read_text(self.path) if regular else None
         except OSError as failed:
             raise Failure(OBJECT_FILE_MISSING, f"The library {self.path} cannot be read: {failed.strerror}") from failed
         if text is None or f"library {_NAME} " not in text:
@@ -56,9 +64,10 @@ class Library:
 
     def CreateObject(self, name):
         """A new object of a class, named as CSession or ZEFComponents.CSession. Raises Failure 429 for others."""
+        check_class_name(name)
         known = self._classes.get(name.removeprefix(f"{_NAME}."))
         if known is None or not known._description.creatable:
-            raise Failure(CANNOT_CREATE, f"{self.path} has no class {name} that can be created.")
+            raise Failure(CANNOT_CREATE, f"{self.path} has no class {name!r} that can be created.")
         made = ctypes.c_void_p()
         identifier = layout.identifier(known._description.identifier)
         self._check(self._get_class_object(ctypes.byref(identifier), ctypes.byref(layout.IID_IClassFactory),

@@ -1,39 +1,22 @@
 """Objects of the library as Python sees them."""
 
-import collections
 import ctypes
-import sys
-import threading
 
-from . import layout
-from .arguments import LEFT_OUT, Call, put, take
-from .failure import Failure
+from . import layout, refusal
+from .apartment import Reference
+from .arguments import LEFT_OUT, ByRef, Call, take
+from .failure import Failure, number_of
 from .layout import VARIANT
-
-_here = threading.get_ident
-_left = collections.defaultdict(collections.deque)  # by thread: references that other threads dropped
+from .typelibrary import Member
 
 
-def _release_left():
-    waiting = _left.get(_here())
-    while waiting:
-        layout.release(waiting.popleft())
-
-
-def _drop(at, home, here=_here, release=layout.release, left=_left, frames=sys._current_frames):
-    """Gives a reference back. The library counts without locks, so the thread of the object does it, while it runs."""
-    if here() == home or home not in frames():
-        release(at)
-    else:
-        left[home].append(at)
-
-
-class Object:
+class Object(Reference):
     """An object of the library. Its class is made from the type library and has a member for each of the object's."""
 
-    __slots__ = ("_at", "_home", "__weakref__")
+    __slots__ = ("__weakref__",)
     _library = None
     _description = None
+    _members = {}
 
     def __new__(cls, *_, **__):
         raise TypeError(f"{cls.__name__} cannot be made like this; use CreateObject")
@@ -42,21 +25,22 @@ class Object:
     def _of(cls, at):
         """The object of an interface whose reference it takes over."""
         made = object.__new__(cls)
-        made._at, made._home = at, _here()
+        made._hold(at)
         return made
 
-    def __del__(self, drop=_drop):
-        try:
-            drop(self._at, self._home)
-        except AttributeError:  # never held one
-            pass
+    def __getattr__(self, name):
+        raise refusal.unknown(type(self).__name__, name, self._members)
 
-    def _use(self):
-        if self._home != _here():
-            raise RuntimeError("an object of the library can only be used in the thread that created it")
-        if _left:
-            _release_left()
-        return self._at
+    def __setattr__(self, name, value):
+        member = self._members.get(name)
+        if member is None:
+            raise refusal.unknown(type(self).__name__, name, self._members)
+        if not member.writable or member.arguments:
+            raise refusal.not_assigned(member)
+        object.__setattr__(self, name, value)
+
+    def __delattr__(self, name):
+        raise AttributeError(f"{type(self).__name__}.{name} cannot be deleted")
 
     def _lend(self):
         at = self._use()
@@ -81,31 +65,22 @@ class Object:
         return f"<{self._library._name}.{self._description.name}>"
 
 
-def _text_taken(at):
-    text = layout.text_at(at)
-    layout.free_text(at)
-    return text
-
-
-def _raise(result, told, member, wrong, given):
-    source, description, _ = (_text_taken(at) for at in (told.source, told.description, told.help_file))
+def _raise(result, told, member, wrong, values):
+    source, description, _ = (layout.text_taken(at) for at in (told.source, told.description, told.help_file))
     if result == layout.DISP_E_EXCEPTION:
-        bits = told.scode & 0xFFFFFFFF
-        number = bits & 0xFFFF if bits >> 16 == 0x800A else told.scode
-        raise Failure(number, description, source)
+        raise Failure(number_of(told.scode & 0xFFFFFFFF), description, source)
     if result == layout.E_OUTOFMEMORY:
-        raise MemoryError
-    at = given - 1 - wrong  # arguments count from the last
-    names = [argument.name for argument in member.arguments]
-    which = f"{member.name}: {names[at] if 0 <= at < len(names) else 'the value'}"
-    if result == layout.DISP_E_TYPEMISMATCH:
-        raise TypeError(f"{which} is of a type that does not convert")
-    if result == layout.DISP_E_OVERFLOW:
-        raise OverflowError(f"{which} is out of the range of its type")
-    raise TypeError(f"{member.name}: the call was refused with result {result & 0xFFFFFFFF:08X}")
+        raise MemoryError(f"{member.title}: there is not enough memory")
+    at = len(values) - 1 - wrong  # arguments count from the last
+    if result == layout.DISP_E_TYPEMISMATCH and at >= 0:
+        value = values[at]
+        raise refusal.not_converted(member, at, value.value if isinstance(value, ByRef) else value)
+    if result == layout.DISP_E_OVERFLOW and at >= 0:
+        raise refusal.out_of_range(member, at)
+    raise refusal.refused(member, result & 0xFFFFFFFF)
 
 
-def _invoke(target, member, flags, parameters):
+def _invoke(target, member, flags, parameters, values=()):
     """Calls a member; the variant of the result, which the caller clears."""
     at = target._use()
     result, told, wrong = VARIANT(), layout.EXCEPINFO(), ctypes.c_uint32()
@@ -114,13 +89,15 @@ def _invoke(target, member, flags, parameters):
                             ctypes.byref(result), ctypes.byref(told), ctypes.byref(wrong))
     if outcome < 0:
         layout.clear(result)
-        _raise(outcome, told, member, wrong.value, parameters.count)
+        _raise(outcome, told, member, wrong.value, values)
     return result
 
 
-def _taken(result, declared, library):
+def _taken(result, member, declared, library):
     try:
         return take(result, declared, library)
+    except ValueError as unfit:  # a date that only other programs could write
+        raise refusal.cannot_be_shown(member, unfit) from None
     finally:
         layout.clear(result)
 
@@ -129,18 +106,18 @@ def _arranged(member, values, named):
     """The values in the member's order, without those left out at the end."""
     arguments = member.arguments
     if len(values) > len(arguments):
-        raise TypeError(f"{member.name} takes {len(arguments)} arguments, not {len(values)}")
+        raise refusal.too_many(member, len(values))
     arranged = list(values) + [LEFT_OUT] * (len(arguments) - len(values))
     places = {argument.name: place for place, argument in enumerate(arguments)}
     for name, value in named.items():
         if name not in places:
-            raise TypeError(f"{member.name} has no argument {name!r}")
+            raise refusal.unknown_argument(member, name)
         if arranged[places[name]] is not LEFT_OUT:
-            raise TypeError(f"{member.name} got {name!r} twice")
+            raise refusal.given_twice(member, places[name])
         arranged[places[name]] = value
-    for argument, value in zip(arguments, arranged):
+    for place, (argument, value) in enumerate(zip(arguments, arranged)):
         if value is LEFT_OUT and not argument.optional:
-            raise TypeError(f"{member.name} needs {argument.name!r}")
+            raise refusal.needed(member, place)
     while arranged and arranged[-1] is LEFT_OUT:
         arranged.pop()
     return arranged
@@ -158,10 +135,10 @@ def _method(member):
 
     def method(self, *values, **named):
         arranged = _arranged(member, values, named)
-        call = Call(arranged, declared)
+        call = Call(member, arranged, declared)
         with call as parameters:
             try:
-                value = _taken(_invoke(self, member, flags, parameters), member.type, self._library)
+                value = _taken(_invoke(self, member, flags, parameters, arranged), member, member.type, self._library)
             finally:
                 call.give_back(self._library)
         return value
@@ -177,56 +154,62 @@ def _property(member):
     nothing = layout.DISPPARAMS()
 
     def read(self):
-        return _taken(_invoke(self, member, layout.DISPATCH_GET, nothing), member.type, self._library)
+        return _taken(_invoke(self, member, layout.DISPATCH_GET, nothing), member, member.type, self._library)
 
     def write(self, value):
-        with Call([value], [member.type]) as parameters:
+        with Call(member, [value], [member.type]) as parameters:
             parameters.names, parameters.named = ctypes.addressof(assigned), 1
-            layout.clear(_invoke(self, member, put_flag, parameters))
+            layout.clear(_invoke(self, member, put_flag, parameters, [value]))
 
     return property(read, write if member.writable else None, doc=member.type)
 
 
-class _Enumerator:
-    """Walks over the elements of a collection, as it stands at each step."""
+class Walk(Reference):
+    """Walks over the elements of a collection, as it stands at each step. At its end it stays there."""
+
+    __slots__ = ("_collection", "_declared", "_ended")
 
     def __init__(self, collection):
-        self._collection, self._declared = collection, ""
-        member = collection._enumerator
-        result = _invoke(collection, member, layout.DISPATCH_GET, layout.DISPPARAMS())
-        self._walk = layout.interface_of(result.pointer, layout.IID_IEnumVARIANT)
+        self._collection, self._declared, self._ended = collection, "", False
+        result = _invoke(collection, collection._enumerator, layout.DISPATCH_GET, layout.DISPPARAMS())
+        self._hold(layout.interface_of(result.pointer, layout.IID_IEnumVARIANT))
         layout.clear(result)
 
     def __iter__(self):
         return self
 
     def __next__(self):
-        self._collection._use()
-        element = VARIANT()
-        outcome = layout.next_elements(self._walk, 1, ctypes.byref(element), None)
-        if outcome < 0:
-            raise Failure(outcome, f"The collection refused its next element with result {outcome & 0xFFFFFFFF:08X}")
-        if outcome > 0:
+        at, element = self._use(), VARIANT()
+        if self._ended:
             raise StopIteration
-        value = _taken(element, self._declared, self._collection._library)
+        outcome = layout.next_elements(at, 1, ctypes.byref(element), None)
+        if outcome < 0:
+            self._raise(at, outcome & 0xFFFFFFFF)
+        if outcome > 0:
+            self._ended = True
+            raise StopIteration
+        value = _taken(element, self._collection._enumerator, self._declared, self._collection._library)
         if isinstance(value, Object):
             self._declared = f"_{value._description.name}*"
         return value
 
-    def __del__(self, drop=_drop):
-        try:
-            drop(self._walk, self._collection._home)
-        except AttributeError:
-            pass
+    def _raise(self, at, code):
+        source, description = layout.error_told(at)
+        if layout.hresult(code) == layout.E_OUTOFMEMORY:
+            raise MemoryError(f"{self._collection._enumerator.title}: there is not enough memory")
+        name = type(self._collection).__name__
+        raise Failure(number_of(code), description or f"{name} has no next element, for the failure {code:08X}.",
+                      source or self._collection._library._name)
 
 
-def make_class(library, description, enumerator):
+def make_class(library, description):
     """The Python class of a class of a library."""
-    members = {member.name: _method(member) if member.is_function or member.arguments else _property(member)
+    content = {member.name: _method(member) if member.is_function or member.arguments else _property(member)
                for member in description.members}
     if description.enumerable:
-        members.update(_enumerator=enumerator, __iter__=lambda self: _Enumerator(self),
-                       __len__=lambda self: self.Count,
+        enumerator = Member(description.name, "NewEnum", layout.DISPID_ENUMERATOR, False, "IUnknown*", (), False)
+        content.update(_enumerator=enumerator, __iter__=lambda self: Walk(self), __len__=lambda self: self.Count,
                        __bool__=lambda self: True)  # an object is there, whatever it holds
-    members.update(__slots__=(), __module__=__name__, _library=library, _description=description)
-    return type(description.name, (Object,), members)
+    content.update(__slots__=(), __module__=__name__, _library=library, _description=description,
+                   _members={member.name: member for member in description.members})
+    return type(description.name, (Object,), content)

@@ -16,13 +16,21 @@ def _entry_path(name):
     return os.path.join(home, ".local/share/components", name) if home.startswith("/") else None
 
 
+def check_class_name(name):
+    if not isinstance(name, str):
+        raise TypeError(f"a class is named by a str, not by {type(name).__name__}")
+
+
 def RegisteredLibrary(name):
     """The path of the library that a class is registered for, as in "ZEFComponents.CSession".
 
     Raises Failure 429 if the class is not registered, 53 if the library is not where it was registered.
     """
+    check_class_name(name)
+    if not re.fullmatch(r"\w+\.\w+", name):
+        raise Failure(CANNOT_CREATE, f"{name!r} is not the name of a class, as in ZEFComponents.CSession.")
     path = _entry_path(name)
-    library = _library_in(path) if path and re.fullmatch(r"\w+\.\w+", name) else None
+    library = _library_in(path) if path else None
     if library is None:
         raise Failure(CANNOT_CREATE, f"{name} is not registered; register its library first, as in \"zef register\".")
     if not os.path.exists(library):

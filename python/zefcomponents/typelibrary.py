@@ -15,12 +15,17 @@ class Argument:
 
 @dataclasses.dataclass(frozen=True)
 class Member:
+    owner: str
     name: str
     number: int
     is_function: bool
     type: str
     arguments: tuple
     writable: bool
+
+    @property
+    def title(self):
+        return f"{self.owner}.{self.name}"
 
 
 @dataclasses.dataclass(frozen=True)
@@ -83,16 +88,16 @@ def classes(text):
     for interface, name, body in _INTERFACE.findall(text):
         identifier, creatable = known[name]
         lines = _MEMBER.findall(body)
-        yield Class(name, identifier, interface, creatable, tuple(_members(lines)),
+        yield Class(name, identifier, interface, creatable, tuple(_members(name, lines)),
                     any("restricted" in more for _, more, *_ in lines))
 
 
-def _members(lines):
+def _members(owner, lines):
     written = {name for _, more, _, name, _ in lines if "propput" in more}
     for number, more, type_, name, arguments in lines:
         if "propput" in more or "restricted" in more:
             continue
-        yield Member(name, int(number, 16), "propget" not in more, type_, tuple(_arguments(arguments)),
+        yield Member(owner, name, int(number, 16), "propget" not in more, type_, tuple(_arguments(arguments)),
                      name in written)
 
 

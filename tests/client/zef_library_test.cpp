@@ -86,12 +86,26 @@ TEST_F(ZefAlone, FindsTheRegisteredLibrary) {
   EXPECT_EQ(Create().status, 0);
 }
 
-TEST_F(ZefAlone, RefusesARegisteredLibraryThatIsGone) {
-  fs::create_directories(Place("data/components"));
-  std::ofstream(Place("data/components/ZEFComponents.CSession")) << "InprocServer32=/nowhere/libZEFComponents.so\n";
+TEST_F(ZefAlone, TellsWhatToDoAboutARegisteredLibraryThatIsGone) {
+  const fs::path entry = Place("data/components/ZEFComponents.CSession");
+  fs::create_directories(entry.parent_path());
+  std::ofstream(entry) << "InprocServer32=/nowhere/libZEFComponents.so\n";
   const Ended run = Create();
   EXPECT_EQ(run.status, 1);
-  EXPECT_THAT(run.err, HasSubstr("/nowhere/libZEFComponents.so"));
+  EXPECT_EQ(run.err, "zef: The entry '" + entry.string() +
+                         "' names the library '/nowhere/libZEFComponents.so', which is not there. Register it from "
+                         "where it is now, with 'zef register --library FILE'.\n");
+}
+
+TEST_F(ZefAlone, FindsTheLibraryThatIsNamedInItsWorkingFolder) {
+  LinkLibrary("named.so");
+  EXPECT_EQ(Zef({"create", "people.db", "--library", "named.so"}).status, 0);
+}
+
+TEST_F(ZefAlone, TellsThePathOfANamedLibraryThatIsMissing) {
+  const Ended run = Zef({"create", "people.db", "--library", "libZEFComponents.so"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, "zef: There is no library '" + Place("libZEFComponents.so").string() + "'.\n");
 }
 
 TEST_F(ZefAlone, RefusesALibraryThatIsDamaged) {

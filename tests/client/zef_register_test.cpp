@@ -66,7 +66,21 @@ TEST_F(ZefRegisterTest, UnregisterTellsWhenThereIsNothing) {
 TEST_F(ZefRegisterTest, MissingLibraryIsRefused) {
   const Ended ended = Zef({"register", "--library", "none.so"});
   EXPECT_EQ(ended.status, 1);
-  EXPECT_EQ(ended.err, "zef: There is no library 'none.so'.\n");
+  EXPECT_EQ(ended.err, "zef: There is no library '" + (fs::canonical(folder_.path()) / "none.so").string() + "'.\n");
+}
+
+TEST_F(ZefRegisterTest, BareNameIsAFileOfTheWorkingFolder) {
+  const Ended ended = Zef({"register", "--library", "libdl.so.2"});
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_THAT(ended.err, HasSubstr((fs::canonical(folder_.path()) / "libdl.so.2").string()));
+}
+
+TEST_F(ZefRegisterTest, PathWithALineBreakIsRefused) {
+  fs::copy_file(Library(), folder_.path() / "lib\ncopy.so");
+  const Ended ended = Zef({"register", "--library", "lib\ncopy.so"});
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_THAT(ended.err, HasSubstr("since it has a line break: '"));
+  EXPECT_EQ(Count(), 0u);
 }
 
 TEST_F(ZefRegisterTest, FileThatIsNoLibraryIsRefused) {
@@ -88,7 +102,27 @@ TEST_F(ZefRegisterTest, FolderThatCannotBeWrittenIsTold) {
   std::ofstream(folder_.path() / "components") << "a file in its place";
   const Ended ended = Zef({"register"});
   EXPECT_EQ(ended.status, 1);
-  EXPECT_EQ(ended.err, "zef: The entries cannot be written to '" + Components().string() + "'.\n");
+  EXPECT_EQ(ended.err, "zef: The entry '" + (Components() / "ZEFComponents.CSession").string() +
+                           "' cannot be written: Not a directory.\n");
+}
+
+TEST_F(ZefRegisterTest, EntryThatCannotBeWrittenIsTold) {
+  fs::create_directories(Components() / "ZEFComponents.CTask");
+  const Ended ended = Zef({"register"});
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(ended.err, "zef: The entry '" + (Components() / "ZEFComponents.CTask").string() +
+                           "' cannot be written: Is a directory.\n");
+}
+
+TEST_F(ZefRegisterTest, EntryThatCannotBeRemovedIsTold) {
+  Zef({"register"});
+  fs::remove(Components() / "ZEFComponents.CTask");
+  fs::create_directories(Components() / "ZEFComponents.CTask");
+  const Ended ended = Zef({"unregister"});
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(ended.err, "zef: The entry '" + (Components() / "ZEFComponents.CTask").string() +
+                           "' cannot be removed: Is a directory.\n");
+  EXPECT_EQ(Count(), 1u);
 }
 
 TEST_F(ZefRegisterTest, WithoutAnyFolderItIsRefused) {

@@ -39,14 +39,17 @@ check "$folder/by_hand" "$folder/people.db"
 eval "library=$(pkg-config --variable=library zefcomponents)"
 [ -e "$library" ]
 
-# From Python.
-PYTHONPATH=$prefix/lib/python3/dist-packages PYTHONDONTWRITEBYTECODE=1 check python3 -c '
+# From Python: by name, and all tests of the module on what was installed.
+export PYTHONPATH=$prefix/lib/python3/dist-packages PYTHONDONTWRITEBYTECODE=1
+check python3 -c '
 import sys, zefcomponents
 session = zefcomponents.CreateObject("ZEFComponents.CSession")
 session.Connect2Database(sys.argv[1], "", "")
 folders = zefcomponents.CreateObject("ZEFComponents.CFolders")
 session.LoadRootFolders(folders)
 for folder in folders: print(folder.Name)' "$folder/people.db"
+(cd "$source/tests/python" &&
+  ZEF_LIBRARY=$prefix/lib/libZEFComponents.so ZEF_PROGRAM=$zef python3 -m unittest --quiet)
 
 "$zef" unregister >/dev/null
 if "$folder/by_hand" "$folder/people.db" 2>"$folder/complaint"; then exit 1; fi

@@ -115,6 +115,14 @@ TEST_F(Registration, NamesTheFileBehindALink) {
   EXPECT_EQ(Library(link).RegisterServer(), S_OK);
   EXPECT_EQ(Lines(Entry("CTask"))[1], "InprocServer32=" + fs::canonical(LibraryPath()).string());
 }
+TEST_F(Registration, OfAPathWithALineBreakFails) {
+  for (const char* name : {"lib\ncopied.so", "lib\rcopied.so"}) {
+    const std::string copied = folder.path() / name;
+    fs::copy_file(LibraryPath(), copied);
+    EXPECT_EQ(Library(copied).RegisterServer(), SELFREG_E_CLASS);
+    EXPECT_EQ(Files(), 0u);
+  }
+}
 TEST_F(Registration, KeepsTheFilesOfOthers) {
   fs::create_directory(components);
   Write(components / "Other.CTask", "CLSID={1}\n");

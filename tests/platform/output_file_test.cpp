@@ -10,6 +10,7 @@
 #include "platform/text_file.h"
 #include "platform/windows_1252.h"
 #include "tests/support/database.h"
+#include "tests/support/open_file.h"
 #include "tests/support/raised.h"
 
 namespace zef::test {
@@ -144,6 +145,31 @@ TEST_F(OutputByNumber, NumbersOfAnotherThreadAreItsOwn) {
   std::int32_t other = 0;
   std::thread([&] { other = FreeFile(); }).join();
   EXPECT_EQ(other, 1);
+}
+
+TEST_F(OutputByNumber, FileThatAThreadLeavesOpenIsClosedWithIt) {
+  bool was_open = false;
+  std::thread([&] {
+    OpenForOutput(Path(), 1);
+    was_open = IsOpen(Path());
+  }).join();
+  EXPECT_TRUE(was_open);
+  EXPECT_FALSE(IsOpen(Path()));
+}
+
+TEST_F(OutputByNumber, ReleaseClosesWhatThisThreadHasLeftOpen) {
+  OpenForOutput(Path(), 3);
+  ReleaseFileNumbers();
+  EXPECT_FALSE(IsOpen(Path()));
+  EXPECT_EQ(NumberRaised([] { CloseFile(3); }), 52);
+}
+
+TEST_F(OutputByNumber, NumbersServeAgainAfterTheirRelease) {
+  ReleaseFileNumbers();
+  OpenForOutput(Path(), 1);
+  Print(1, "again");
+  CloseFile(1);
+  EXPECT_EQ(Content(), "again");
 }
 
 }  // namespace

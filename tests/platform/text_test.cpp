@@ -88,6 +88,12 @@ TEST(Compare, MalformedTextNeverCrashes) {
   }
 }
 
+TEST(Compare, BeginsAnewAfterItsRelease) {
+  EXPECT_LT(Compare("äpfel", "Ärger"), 0);
+  ReleaseOrder();
+  EXPECT_LT(Compare("äpfel", "Ärger"), 0);
+}
+
 TEST(Compare, RunsOnManyThreadsAtOnce) {
   std::vector<std::thread> threads;
   std::vector<int> orders(4, -9);

@@ -1,18 +1,16 @@
+import concurrent.futures
 import ctypes
-import datetime
 import enum
 import os
 import pathlib
-import re
 import shutil
-import subprocess
-import sys
 import tempfile
+import threading
 import unittest
 import unittest.mock
 
 import zefcomponents
-from support import LIBRARY, ROOT, DatabaseTest, LibraryTest, raised
+from support import LIBRARY, LibraryTest, raised
 from zefcomponents import Failure, typelibrary
 
 PUBLIC = """CSession CAlarm CAttachement CCategory CContact CEvent CFolder CNote CNotification CPhoneLog CRecurrence
@@ -30,6 +28,11 @@ class ClassesTest(LibraryTest):
 
     def test_unknown_class_cannot_be_created(self):
         self.assertEqual(raised(Failure, self.create, "CNothing").number, 429)
+
+    def test_class_is_named_by_a_text(self):
+        for create in (self.create, zefcomponents.CreateObject):
+            for name in (None, 5, b"CTag"):
+                self.assertIn(type(name).__name__, str(raised(TypeError, create, name)))
 
     def test_enumerations_are_those_of_the_library(self):
         self.assertTrue(issubclass(self.library.FolderType, enum.IntEnum))
@@ -66,6 +69,45 @@ class LoadingTest(unittest.TestCase):
                 self.assertIn("foreign.so", failure.description)
 
 
+    def test_path_may_be_of_any_kind(self):
+        loaded = zefcomponents.Load(LIBRARY)
+        for path in (pathlib.Path(LIBRARY), os.fsencode(LIBRARY), os.path.relpath(LIBRARY)):
+            self.assertIs(zefcomponents.Load(path), loaded)
+
+    def test_empty_path_is_told(self):
+        failure = raised(Failure, zefcomponents.Load, "")
+        self.assertEqual((failure.number, failure.description), (53, "No library is named."))
+
+    def test_path_that_no_file_can_have_is_told(self):
+        for path in ("a\0b", "\ud800.so"):
+            failure = raised(Failure, zefcomponents.Load, path)
+            self.assertEqual(failure.number, 53)
+            self.assertTrue(failure.description.endswith("no file has such a name."), failure.description)
+            failure.description.encode()
+
+    def test_folder_and_pipe_are_no_libraries(self):
+        with tempfile.TemporaryDirectory() as folder:
+            pipe = pathlib.Path(folder, "pipe.so")
+            os.mkfifo(pipe)
+            for path in (folder, pipe):
+                failure = raised(Failure, zefcomponents.Load, path)
+                self.assertEqual(failure.number, 53)
+                self.assertEqual(failure.description, f"{os.path.realpath(path)} is not the library ZEFComponents.")
+
+    def test_threads_that_load_at_once_get_the_same_library(self):
+        gate, construct = threading.Barrier(2), zefcomponents.Library
+
+        def construct_together(path):
+            gate.wait()
+            return construct(path)
+
+        with tempfile.TemporaryDirectory() as folder, concurrent.futures.ThreadPoolExecutor(2) as threads:
+            copied = shutil.copy(LIBRARY, folder)
+            with unittest.mock.patch("zefcomponents.library.Library", construct_together):
+                one, other = threads.map(zefcomponents.Load, [copied, copied])
+        self.assertIs(one, other)
+
+
 class RegistrationTest(unittest.TestCase):
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
@@ -84,8 +126,15 @@ class RegistrationTest(unittest.TestCase):
         self.assertEqual(zefcomponents.Load().path, os.path.realpath(LIBRARY))
 
     def test_class_that_is_not_registered_is_told(self):
-        for name in ("ZEFComponents.CNothing", "", "../x.y", "CTag"):
-            self.assertEqual(raised(Failure, zefcomponents.CreateObject, name).number, 429)
+        failure = raised(Failure, zefcomponents.CreateObject, "ZEFComponents.CNothing")
+        self.assertEqual(failure.number, 429)
+        self.assertIn("ZEFComponents.CNothing is not registered", failure.description)
+
+    def test_text_that_names_no_class_is_told(self):
+        for name in ("", "../x.y", "CTag"):
+            failure = raised(Failure, zefcomponents.CreateObject, name)
+            self.assertEqual(failure.number, 429)
+            self.assertIn(f"{name!r} is not the name of a class", failure.description)
 
     def test_folder_that_is_no_whole_path_is_no_registry(self):
         for home in ("", "."):
@@ -105,35 +154,9 @@ class RegistrationTest(unittest.TestCase):
         shutil.copy(LIBRARY, copied)
         other = zefcomponents.Load(copied)
         folders, session = other.CreateObject("CFolders"), zefcomponents.Load(LIBRARY).CreateObject("CSession")
-        raised(TypeError, session.LoadRootFolders, folders)
+        failure = raised(TypeError, session.LoadRootFolders, folders)
+        self.assertIn("takes a CFolders, but not one of another library", str(failure))
 
 
-class ExampleTest(DatabaseTest):
-    def run_python(self, *arguments):
-        environment = {**os.environ, "XDG_DATA_HOME": str(self.folder), "PYTHONPATH": str(ROOT / "python")}
-        with unittest.mock.patch.dict(os.environ, {"XDG_DATA_HOME": str(self.folder)}):
-            ctypes.CDLL(LIBRARY).DllRegisterServer()
-        return subprocess.run([sys.executable, *arguments], cwd=self.folder, env=environment, capture_output=True,
-                              text=True)
-
-    def run_example(self, *arguments):
-        return self.run_python(ROOT / "examples" / "birthdays.py", *arguments)
-
-    def test_program_of_the_document_runs(self):
-        document = (ROOT / "docs" / "component.md").read_text()
-        ended = self.run_python("-c", re.search(r"```python\n(.*?)```", document, re.S)[1])
-        self.assertEqual(ended.stderr, "")
-        self.assertIn("2 Contacts", ended.stdout)
-        self.assertTrue(ended.stdout.endswith("9 Subscript out of range ZEFComponents\n"), ended.stdout)
-
-    def test_birthdays_of_the_month_are_listed_by_day(self):
-        self.new_contact(FirstName="Ann", LastName="Lee", BirthDate=datetime.date(1980, 5, 17))
-        self.new_contact(FirstName="Bob", LastName="O'Hara", BirthDate=datetime.date(1871, 5, 2))
-        self.new_contact(FirstName="Cid", LastName="Moe", BirthDate=datetime.date(1990, 6, 1))
-        ended = self.run_example(self.database, "5")
-        self.assertEqual((ended.stdout, ended.stderr), (" 2  Bob O'Hara (1871)\n17  Ann Lee (1980)\n", ""))
-
-    def test_missing_database_is_told(self):
-        ended = self.run_example(self.folder / "none.db", "5")
-        self.assertEqual(ended.returncode, 1)
-        self.assertIn("none.db", ended.stderr)
+if __name__ == "__main__":
+    unittest.main()

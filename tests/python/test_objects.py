@@ -1,26 +1,55 @@
+import contextlib
 import copy
+import os
 import pickle
+import subprocess
+import sys
 import threading
 import unittest
 
 import zefcomponents
 from support import LIBRARY, DatabaseTest, LibraryTest, nothing_lives, raised
+from zefcomponents import layout
 
 
-def in_thread(run):
-    """What a thread of its own returns or raises."""
-    outcome = []
+def attempt(run):
+    """What a function returns or raises."""
+    try:
+        return run()
+    except Exception as failure:
+        return failure
+
+
+@contextlib.contextmanager
+def running_thread(run):
+    """What a thread of its own returns or raises. The thread idles until the block ends, then it ends."""
+    outcome, done, leave = [], threading.Event(), threading.Event()
 
     def body():
-        try:
-            outcome.append(run())
-        except Exception as failure:
-            outcome.append(failure)
+        outcome.append(attempt(run))
+        done.set()
+        leave.wait()
 
     thread = threading.Thread(target=body)
     thread.start()
-    thread.join()
-    return outcome[0]
+    done.wait()
+    try:
+        yield outcome.pop()
+    finally:
+        leave.set()
+        thread.join()
+
+
+def references(thing):
+    """How many references to an object of the library there are."""
+    layout.add_reference(thing._at)
+    return layout.release(thing._at)
+
+
+def in_thread(run):
+    """What a thread returns or raises that has ended then."""
+    with running_thread(run) as outcome:
+        return outcome
 
 
 class IdentityTest(DatabaseTest):
@@ -60,6 +89,20 @@ class IterationTest(DatabaseTest):
         next(walk)
         folders.Clear()
         self.assertEqual(list(walk), [])
+
+    def test_walk_that_came_to_its_end_stays_there(self):
+        tags, tag = self.create("CTags"), self.create("CTag")
+        walk = iter(tags)
+        self.assertEqual(list(walk), [])
+        tags.Add(tag)
+        self.assertEqual(list(walk), [])
+        self.assertEqual(list(tags), [tag])
+
+    def test_walk_sees_what_was_added_before_its_end(self):
+        tags, tag = self.create("CTags"), self.create("CTag")
+        walk = iter(tags)
+        tags.Add(tag)
+        self.assertEqual(list(walk), [tag])
 
     def test_walk_keeps_its_collection(self):
         walk = iter(self.root_folders())
@@ -108,18 +151,97 @@ class WrongUseTest(LibraryTest):
         raised(AttributeError, lambda: empty.ID)
         del empty
 
+
+class ThreadsTest(LibraryTest):
     def test_other_thread_is_refused(self):
         tag = self.create("CTag")
-        self.assertIsInstance(in_thread(lambda: tag.ID), RuntimeError)
+        refused = in_thread(lambda: tag.ID)
+        self.assertIsInstance(refused, RuntimeError)
+        self.assertEqual(str(refused), "this CTag can only be used in the thread that created it")
+
+    def test_walk_of_another_thread_is_refused(self):
+        walk = iter(self.create("CTags"))
+        refused = in_thread(lambda: next(walk))
+        self.assertIsInstance(refused, RuntimeError)
+        self.assertEqual(str(refused), "this Walk can only be used in the thread that created it")
+
+    def test_thread_with_the_number_of_one_that_ended_is_refused(self):
+        tag, owner = in_thread(lambda: (self.create("CTag"), threading.get_ident()))
+        for _ in range(1000):
+            outcome, number = in_thread(lambda: (attempt(lambda: tag.ID), threading.get_ident()))
+            if number == owner:
+                break
+        else:
+            self.skipTest("the system gave no number twice")
+        self.assertIsInstance(outcome, RuntimeError)
+        self.assertIn("which has ended", str(outcome))
 
     def test_object_dropped_by_another_thread_goes_with_the_next_call(self):
-        holder, tag = [self.create("CTag")], self.create("CTag")
+        task = self.create("CTask")
+        rule, holder = task.Recurrence, [task.Recurrence]
         in_thread(holder.clear)
-        self.assertEqual(tag.ID, 0)
-        del tag
+        self.assertEqual(references(rule), 2)
+        self.assertEqual(task.ID, 0)
+        self.assertEqual(references(rule), 1)
+
+    def test_object_dropped_by_another_thread_goes_when_its_own_ends_without_a_call(self):
+        with running_thread(lambda: [self.create("CTag")]) as holder:
+            holder.clear()
+            self.assertFalse(nothing_lives())
         self.assertTrue(nothing_lives())
 
-    def test_object_of_a_thread_that_ended_can_be_dropped(self):
+    def test_object_goes_with_its_thread_whoever_refers_to_it(self):
+        with running_thread(lambda: self.create("CTag")) as tag:
+            self.assertFalse(nothing_lives())
+        self.assertTrue(nothing_lives())
+        self.assertIn("CTag", repr(tag))
+
+    def test_object_that_went_with_its_thread_can_be_dropped(self):
         tag = in_thread(lambda: self.create("CTag"))
         del tag
         self.assertTrue(nothing_lives())
+
+    def test_walk_goes_with_its_thread(self):
+        walk = in_thread(lambda: iter(self.create("CTags")))
+        self.assertTrue(nothing_lives())
+        del walk
+
+    def test_object_in_the_storage_of_a_thread_goes_with_it(self):
+        for library_first in (True, False):
+            storage = threading.local()
+
+            def keep():
+                if library_first:
+                    self.create("CTag")
+                storage.tags = []
+                storage.tags.append(self.create("CTag"))
+
+            in_thread(keep)
+            self.assertTrue(nothing_lives())
+
+    def test_forked_process_can_neither_use_nor_release_objects_of_its_parent(self):
+        tag = self.create("CTag")
+        child = os.fork()
+        if child == 0:
+            refused = isinstance(attempt(lambda: tag.ID), RuntimeError)
+            del tag
+            works = self.create("CTag").ID == 0
+            os._exit(0 if refused and works and not nothing_lives() else 1)
+        self.assertEqual(os.waitpid(child, 0)[1], 0)
+        self.assertEqual(tag.ID, 0)
+
+    def test_program_may_end_with_objects_of_any_thread(self):
+        program = """
+import sys, threading, zefcomponents
+kept = zefcomponents.Load(sys.argv[1]).CreateObject("CSession")
+ready = threading.Event()
+def work():
+    global other
+    other = zefcomponents.Load(sys.argv[1]).CreateObject("CSession")
+    ready.set()
+    threading.Event().wait()
+threading.Thread(target=work, daemon=True).start()
+ready.wait()
+"""
+        ended = subprocess.run([sys.executable, "-c", program, LIBRARY], capture_output=True, text=True)
+        self.assertEqual((ended.returncode, ended.stderr), (0, ""))
