@@ -25,6 +25,18 @@ indexes that it lacks.
 
 )";
 
+constexpr char kCopyHelp[] = R"(FROM and TO are files, or connection strings that begin with "Provider=". A file TO
+must not exist, a database of a server must be there and be empty. Others cannot
+write to FROM meanwhile. The copy is made whole or not at all, and each of its values
+is compared with its original.
+
+)";
+
+constexpr char kConnectHelp[] = R"(A connection string:
+  --connect "Provider=SQLite;Data Source=people.db"
+Then a command takes no FILE, and info, create and upgrade work on what is there:
+create fills an empty database, upgrade makes no copy of it first.)";
+
 /// Refuses a value that is none of these.
 CLI::Validator OneOf(const std::vector<std::string>& known) {
   const auto check = [known](const std::string& text) {
@@ -124,6 +136,29 @@ void UpgradeOptions(CLI::App& app, Arguments& arguments) {
   app.footer(std::string(kUpgradeHelp) + kGlobalHelp);
 }
 
+std::string ReadPassword(const char* option, const std::string& text) {
+  if (!text.empty()) return text;
+  throw Failure(kWrongUse,
+                fmt::format("{}: the password is empty; leave the option out for a file without one.", option));
+}
+
+void CopyDatabaseOptions(CLI::App& app, Arguments& arguments) {
+  const auto add = [&app](const char* name, DatabasePlace& place, const char* help) {
+    app.add_option_function<std::string>(
+           name, [&place](const std::string& word) { place.PointTo(word); }, help)
+        ->type_name("")
+        ->required();
+  };
+  if (arguments.place.IsFile()) add("FROM", arguments.place, "The database");
+  add("TO", arguments.copy, "The new database");
+  app.add_option_function<std::string>(
+         "--new-password",
+         [&arguments](const std::string& text) { arguments.copy.password = ReadPassword("--new-password", text); },
+         "Password of the new database; without it, none")
+      ->type_name("PASSWORD");
+  app.footer(std::string(kCopyHelp) + kGlobalHelp);
+}
+
 struct CommandEntry {
   Command command;
   const char* name;
@@ -136,6 +171,8 @@ constexpr CommandEntry kCommands[] = {
     {Command::Info, "info", "Tell what a database is and how much it holds", &AddFile},
     {Command::Upgrade, "upgrade", "Bring a database of an older version to 9.2.4, behind a copy of it",
      &UpgradeOptions},
+    {Command::CopyDatabase, "copy-database", "Copy a whole database to a new one, and compare the two",
+     &CopyDatabaseOptions},
     {Command::Folders, "folders", "Show the tree of folders", &AddFile},
     {Command::Tasks, "tasks", "List tasks", &TasksOptions},
     {Command::Agenda, "agenda", "Show a month and what is coming up", &AgendaOptions},
@@ -164,18 +201,32 @@ void AddCommand(CLI::App& parent, const CommandEntry& entry, Arguments& argument
   app->callback([&arguments, command = entry.command] { arguments.command = command; });
 }
 
+/// "--connect" in front of what ends the options: then no command takes a file.
+std::string ConnectionIn(const std::vector<std::string>& words) {
+  constexpr std::string_view kConnect = "--connect";
+  for (std::size_t i = 0; i < words.size() && words[i] != "--"; ++i) {
+    if (words[i] == kConnect && i + 1 < words.size()) return words[i + 1];
+    if (words[i].starts_with(std::string(kConnect) + "=")) return words[i].substr(kConnect.size() + 1);
+  }
+  return {};
+}
+
 void AddGlobalOptions(CLI::App& app, Arguments& arguments) {
   app.add_flag("--json", arguments.json, "Print JSON, for programs");
   app.add_option_function<std::string>(
          "--password,--database-password",
-         [&arguments](const std::string& text) {
-           if (text.empty())
-             throw Failure(kWrongUse,
-                           "--password: the password is empty; leave the option out for a file without one.");
-           arguments.password = text;
-         },
+         [&arguments](const std::string& text) { arguments.place.password = ReadPassword("--password", text); },
          "Password of the database")
       ->type_name("PASSWORD");
+  app.add_option_function<std::string>(
+         "--connect",
+         [&arguments](const std::string& text) {
+           if (text.empty()) throw Failure(kWrongUse, "--connect: the connection string is empty.");
+           arguments.place.connection = text;
+         },
+         "A connection string in place of FILE, such as the one below")
+      ->type_name("STRING");
+  app.footer(kConnectHelp);
   AddText(app, "--library", arguments.library, "The library; without it the one beside zef, in ../lib, or registered",
           "FILE");
   app.add_flag("--no-colour,--no-color", arguments.no_colour, "Print without colour, on a terminal too");
@@ -205,6 +256,7 @@ std::variant<Arguments, std::string> ReadArguments(std::vector<std::string> word
   RequireUtf8(words);
   JoinIntervals(words);
   Arguments arguments;
+  arguments.place.connection = ConnectionIn(words);
   CLI::App app("Keeps a person's contacts, calendar, tasks and notes in a database file.", "zef");
   app.fallthrough()->require_subcommand(1);
   app.get_formatter()->column_width(28);

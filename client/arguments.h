@@ -7,10 +7,11 @@
 #include <variant>
 #include <vector>
 
-#include "client/create.h"
+#include "client/database_place.h"
 #include "client/date.h"
 #include "client/record_values.h"
 #include "client/rule_text.h"
+#include "client/schema_names.h"
 
 namespace zef::client {
 
@@ -33,6 +34,7 @@ enum class Command {
   Delete,
   Done,
   CopyFolder,
+  CopyDatabase,
   Find,
   SaveAttachment,
   Export,
@@ -46,8 +48,7 @@ struct Arguments {
   Command command = Command::Info;
   bool json = false;
   bool no_colour = false;
-  std::string file;
-  std::string password;
+  DatabasePlace place;
   std::string schema = kCurrentSchema;
   std::string library;  ///< its file; empty for the one that the program finds
 
@@ -83,7 +84,8 @@ struct Arguments {
   std::string target;              ///< where to: a folder, or a file
   std::string number;
   std::string list;              ///< empty for all
-  std::string account_password;  ///< that of a user, while `password` is the database's
+  std::string account_password;  ///< that of a user, while the place holds the database's
+  DatabasePlace copy;            ///< the new database that gets a copy
 };
 
 /// Reads the words behind the program's name. A text instead of arguments is to be shown and nothing else to be done:

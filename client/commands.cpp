@@ -7,6 +7,7 @@
 
 #include "client/add_commands.h"
 #include "client/agenda.h"
+#include "client/copy_view.h"
 #include "client/create.h"
 #include "client/date_option.h"
 #include "client/failure.h"
@@ -23,14 +24,17 @@
 namespace zef::client {
 namespace {
 
+/// Null for a connection string, behind which a password may be that of a server.
+Json EncryptedJson(const DatabasePlace& place) { return place.IsFile() ? Json(place.IsEncrypted()) : Json(nullptr); }
+
 std::string Create(const Arguments& arguments, const Screen& /*screen*/) {
-  CreateDatabase(arguments.file, arguments.password, arguments.schema);
-  const bool encrypted = !arguments.password.empty();
+  const DatabasePlace& place = arguments.place;
+  CreateDatabase(place, arguments.schema);
   if (arguments.json) {
-    return JsonLine({{"file", arguments.file}, {"schema", arguments.schema}, {"encrypted", encrypted}});
+    return JsonLine({{"file", JsonOf(place)}, {"schema", arguments.schema}, {"encrypted", EncryptedJson(place)}});
   }
-  return fmt::format("Made {} with the tables of version {}.{}\n", Printable(arguments.file), arguments.schema,
-                     encrypted ? " It is encrypted." : "");
+  return fmt::format("Made {} with the tables of version {}.{}\n", Printable(place.Name()), arguments.schema,
+                     place.IsEncrypted() ? " It is encrypted." : "");
 }
 
 /// "folders" as the heading of a line.
@@ -40,16 +44,17 @@ std::string Heading(std::string name) {
 }
 
 std::string Info(const Arguments& arguments, const Screen& screen) {
-  const DatabaseInfo info = Store(arguments.file, arguments.password).Info();
+  const DatabasePlace& place = arguments.place;
+  const DatabaseInfo info = Store(place).Info();
   if (arguments.json) {
-    Json::Object object{{"file", arguments.file}, {"version", info.version}, {"encrypted", info.encrypted}};
+    Json::Object object{{"file", JsonOf(place)}, {"version", info.version}, {"encrypted", EncryptedJson(place)}};
     for (const auto& [name, count] : info.counts) object.emplace_back(name, count);
     return JsonLine(std::move(object));
   }
   Table table({{""}, {""}});
-  table.Add({"File", arguments.file});
+  if (place.IsFile()) table.Add({"File", place.file});
   table.Add({"Version", info.version});
-  table.Add({"Encrypted", info.encrypted ? "yes" : "no"});
+  if (place.IsFile()) table.Add({"Encrypted", place.IsEncrypted() ? "yes" : "no"});
   for (const auto& [name, count] : info.counts) table.Add({Heading(name), std::to_string(count)});
   return table.Text(screen);
 }
@@ -105,9 +110,15 @@ std::string LogIn(const Arguments& arguments, const Screen& screen) {
 
 std::string Upgrade(const Arguments& arguments, const Screen& /*screen*/) {
   Progress progress;
-  const UpgradeInfo info =
-      Store(arguments.file, arguments.password).Upgrade([&](const std::string& text) { progress.Tell(text); });
-  return arguments.json ? UpgradeJson(arguments.file, info) : UpgradeText(arguments.file, info);
+  const UpgradeInfo info = Store(arguments.place).Upgrade([&](const std::string& text) { progress.Tell(text); });
+  return arguments.json ? UpgradeJson(arguments.place, info) : UpgradeText(arguments.place, info);
+}
+
+std::string CopyDatabase(const Arguments& arguments, const Screen& screen) {
+  Progress progress;
+  const std::vector<CopiedTable> tables =
+      Store(arguments.place).CopyTo(arguments.copy, [&](const std::string& text) { progress.Tell(text); });
+  return arguments.json ? CopiedJson(arguments.copy, tables) : CopiedText(arguments.copy, tables, screen);
 }
 
 struct Entry {
@@ -116,14 +127,31 @@ struct Entry {
 };
 
 constexpr Entry kEntries[] = {
-    {Command::Create, &Create},         {Command::Info, &Info},           {Command::Folders, &ShowFolders},
-    {Command::AddFolder, &AddFolder},   {Command::AddTask, &AddTask},     {Command::AddEvent, &AddEvent},
-    {Command::Tasks, &ShowTasks},       {Command::Agenda, &ShowAgenda},   {Command::Seen, &TellSeen},
-    {Command::List, &ListRecords},      {Command::AddRecord, &AddRecord}, {Command::Show, &ShowRecord},
-    {Command::Set, &SetRecord},         {Command::Delete, &DeleteRecord}, {Command::Done, &FinishTask},
-    {Command::CopyFolder, &CopyFolder}, {Command::Find, &FindContact},    {Command::SaveAttachment, &SaveAttachment},
-    {Command::Export, &ExportRecord},   {Command::Lists, &ShowLists},     {Command::LogIn, &LogIn},
-    {Command::Upgrade, &Upgrade},       {Command::Register, &Register},   {Command::Unregister, &Unregister},
+    {Command::Create, &Create},
+    {Command::Info, &Info},
+    {Command::Folders, &ShowFolders},
+    {Command::AddFolder, &AddFolder},
+    {Command::AddTask, &AddTask},
+    {Command::AddEvent, &AddEvent},
+    {Command::Tasks, &ShowTasks},
+    {Command::Agenda, &ShowAgenda},
+    {Command::Seen, &TellSeen},
+    {Command::List, &ListRecords},
+    {Command::AddRecord, &AddRecord},
+    {Command::Show, &ShowRecord},
+    {Command::Set, &SetRecord},
+    {Command::Delete, &DeleteRecord},
+    {Command::Done, &FinishTask},
+    {Command::CopyFolder, &CopyFolder},
+    {Command::Find, &FindContact},
+    {Command::SaveAttachment, &SaveAttachment},
+    {Command::Export, &ExportRecord},
+    {Command::Lists, &ShowLists},
+    {Command::LogIn, &LogIn},
+    {Command::Upgrade, &Upgrade},
+    {Command::CopyDatabase, &CopyDatabase},
+    {Command::Register, &Register},
+    {Command::Unregister, &Unregister},
 };
 
 }  // namespace
@@ -135,7 +163,7 @@ std::string Run(const Arguments& arguments, const Screen& screen) {
 }
 
 std::unique_ptr<Store> Open(const Arguments& arguments) {
-  auto store = std::make_unique<Store>(arguments.file, arguments.password);
+  auto store = std::make_unique<Store>(arguments.place);
   store->RequireCurrentVersion();
   return store;
 }

@@ -25,7 +25,8 @@ void AddDate(CLI::App& app, const std::string& name, std::optional<Date>& date, 
 }
 
 void AddFile(CLI::App& app, Arguments& arguments) {
-  AddText(app, "FILE", arguments.file, "The database file", "")->required();
+  if (!arguments.place.IsFile()) return;
+  AddText(app, "FILE", arguments.place.file, "The database file", "")->required();
 }
 
 void AddFolderOption(CLI::App& app, Arguments& arguments, const std::string& help) {

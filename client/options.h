@@ -12,7 +12,8 @@
 /// Options and arguments that several commands take.
 namespace zef::client {
 
-inline constexpr char kGlobalHelp[] = "Every command also takes --json, --password and --no-colour; see zef --help.";
+inline constexpr char kGlobalHelp[] =
+    "Every command also takes --json, --password, --connect and --no-colour; see zef --help.";
 
 inline constexpr char kAccountHelp[] =
     "Here --password is that of the account; the one of the database is --database-password.\n\n"
@@ -38,6 +39,7 @@ CLI::Option* AddNumber(CLI::App& app, const std::string& name, Target& target, c
 /// Adds an option whose text becomes a date at once, so that a wrong one is told by its own name.
 void AddDate(CLI::App& app, const std::string& name, std::optional<Date>& date, const std::string& help);
 
+/// Adds the argument that names the database, unless a connection string does.
 void AddFile(CLI::App& app, Arguments& arguments);
 void AddFolderOption(CLI::App& app, Arguments& arguments, const std::string& help);
 

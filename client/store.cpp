@@ -3,8 +3,7 @@
 #include <utility>
 
 #include "client/choice.h"
-#include "client/connection_string.h"
-#include "client/create.h"
+#include "client/schema_names.h"
 #include "client/store_session.h"
 #include "client/text.h"
 
@@ -43,19 +42,16 @@ std::string Condition(const std::optional<FolderInfo>& folder, const std::string
 
 }  // namespace
 
-Store::Store(const std::string& file, const std::string& password) : session_(std::make_unique<Session>()) {
-  std::string text = ConnectionString(file, password);
-  Telling([&] { session_->it.Connect2DatabaseCS(text); });
-  session_->connection_string = std::move(text);
+Store::Store(const DatabasePlace& place) : session_(std::make_unique<Session>()) {
+  session_->place = place;
+  Telling([&] { session_->it.Connect2DatabaseCS(place.ConnectionString()); });
   session_->it.SetAdministratorRights();
-  session_->file = file;
-  session_->encrypted = !password.empty();  // a password for an open file is refused
 }
 
 Store::~Store() = default;
 
 DatabaseInfo Store::Info() {
-  DatabaseInfo info{.version = session_->Version(), .encrypted = session_->encrypted};
+  DatabaseInfo info{.version = session_->Version()};
   for (const auto& [name, table] : kCounted) info.counts.emplace_back(name, session_->Count(table));
   return info;
 }

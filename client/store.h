@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "client/database_place.h"
 #include "client/date.h"
 #include "client/record_values.h"
 #include "client/rule.h"
@@ -22,7 +23,6 @@ enum UserRights : std::int32_t { kAdministrator = 1, kEditor = 2, kViewer = 4 };
 
 struct DatabaseInfo {
   std::string version{};
-  bool encrypted = false;
   std::vector<std::pair<std::string, std::int32_t>> counts{};  ///< of records by the plural name of their kind
 };
 
@@ -36,13 +36,20 @@ struct LookupList {
   std::vector<Entry> entries{};
 };
 
+/// A table of which a copy was made.
+struct CopiedTable {
+  std::string name{};
+  std::int64_t rows = 0;
+};
+
 /// What an upgrade has done.
 struct UpgradeInfo {
   std::string from{};
   std::string to{};
   std::vector<std::string> steps{};    ///< the versions that were reached, one after the other
   std::vector<std::string> indexes{};  ///< those that were added
-  std::string backup{};                ///< where the database stands as it was before; empty if no step was needed
+  std::string backup{};  ///< where the database stands as it was before; empty if no step was needed, or there is no
+                         ///< file to copy
 };
 
 struct FolderInfo {
@@ -85,16 +92,18 @@ struct EventInfo {
 /// cannot be done.
 class Store {
  public:
-  /// Opens a file; an empty password means an unprotected one.
-  Store(const std::string& file, const std::string& password);
+  explicit Store(const DatabasePlace& place);
   ~Store();
   Store(const Store&) = delete;
   Store& operator=(const Store&) = delete;
 
   DatabaseInfo Info();
-  /// Brings the tables to the current version, all or nothing, behind a copy of the database beside it. A database
-  /// that has the version lacks at most indexes, which are added. `tell` hears what is being done.
+  /// Brings the tables to the current version, all or nothing, behind a copy of the file beside it. A database that has
+  /// the version lacks at most indexes, which are added. `tell` hears what is being done.
   UpgradeInfo Upgrade(const std::function<void(const std::string&)>& tell);
+  /// Makes a new database that holds the same, all or nothing, and compares every value of the two. Others cannot write
+  /// meanwhile.
+  std::vector<CopiedTable> CopyTo(const DatabasePlace& place, const std::function<void(const std::string&)>& tell);
   /// Raises unless the tables are those that the operations below need.
   void RequireCurrentVersion();
 

@@ -32,9 +32,7 @@ constexpr std::int32_t kNoSuchTable = -2147217865;
 class Store::Session {
  public:
   CSession it = Make<CSession>();
-  std::string file;
-  std::string connection_string;
-  bool encrypted = false;
+  DatabasePlace place;
 
   [[noreturn]] void RefuseAsRecorded(const std::string& otherwise) const {
     const std::string recorded = it.GetErrorDescription();
@@ -96,7 +94,8 @@ class Store::Session {
     if (!version.empty()) return version;
     const std::int32_t code = it.GetErrorCode();
     if (!read && code != kNoSuchTable && code != kItemNotFound) RefuseAsRecorded("");
-    Refuse(fmt::format("'{}' is a database, but none of zef's.", file));
+    Refuse(place.IsFile() ? fmt::format("'{}' is a database, but none of zef's.", place.file)
+                          : "The database is none of zef's.");
   }
 
   /// Runs steps in a transaction of the session, which is undone if they raise.

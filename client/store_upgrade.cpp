@@ -2,8 +2,8 @@
 #include <span>
 
 #include "client/backup.h"
-#include "client/create.h"
 #include "client/held_signals.h"
+#include "client/schema_names.h"
 #include "client/store_session.h"
 #include "schema/schema_text.h"
 #include "schema/statements.h"
@@ -44,8 +44,8 @@ std::span<const UpgradeStep> StepsFrom(const std::string& version) {
 
 std::string BackUp(const Store::Session& session, const HeldSignals& signals, const Tell& tell) {
   tell("Copying the database");
-  return BackUpBeside(session.file, [&](const std::string& temporary) {
-    session.it.conDBConnection->BackUpDatabase(session.connection_string, temporary);
+  return BackUpBeside(session.place.file, [&](const std::string& temporary) {
+    session.it.conDBConnection->BackUpDatabase(session.place.ConnectionString(), temporary);
     signals.StopIfAsked();
   });
 }
@@ -55,13 +55,6 @@ void RunStep(const Store::Session& session, const UpgradeStep& step, std::string
   std::string unused;
   session.it.ClearError();
   session.Require((session.it.*step.run)(version, unused), "The step failed without a reason.");
-}
-
-/// The name in "CREATE INDEX name ON ...".
-std::string IndexIn(const std::string& statement) {
-  constexpr std::string_view kCreate = "CREATE INDEX ";
-  if (!statement.starts_with(kCreate)) return {};
-  return statement.substr(kCreate.size(), statement.find(' ', kCreate.size()) - kCreate.size());
 }
 
 constexpr std::int32_t kIndexExists = -2147217868;
@@ -81,7 +74,7 @@ bool AddIndex(const Connection& connection, const std::string& statement) {
 std::vector<std::string> AddMissingIndexes(const Connection& connection) {
   std::vector<std::string> added;
   for (const std::string& statement : schema::Statements(schema::Text(kCurrentSchema))) {
-    const std::string name = IndexIn(statement);
+    const std::string name = NameBehind(kCreateIndex, statement);
     if (!name.empty() && AddIndex(connection, statement)) added.push_back(name);
   }
   return added;
@@ -93,7 +86,7 @@ void RunUpgrade(const Store::Session& session, UpgradeInfo& info, const Tell& te
   session.InTransaction([&] {
     info.from = info.to = session.Version();
     const std::span<const UpgradeStep> steps = StepsFrom(info.from);
-    if (!steps.empty()) info.backup = BackUp(session, signals, tell);
+    if (!steps.empty() && session.place.IsFile()) info.backup = BackUp(session, signals, tell);
     for (const UpgradeStep& step : steps) {
       tell(fmt::format("Upgrading to {}", step.to));
       signals.StopIfAsked();

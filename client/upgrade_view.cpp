@@ -10,8 +10,8 @@ namespace {
 
 Json::Array ArrayOf(const std::vector<std::string>& texts) { return {texts.begin(), texts.end()}; }
 
-std::string Versions(const std::string& file, const UpgradeInfo& info) {
-  const std::string name = Printable(file);
+std::string Versions(const DatabasePlace& place, const UpgradeInfo& info) {
+  const std::string name = Printable(place.Name());
   if (info.steps.empty()) return fmt::format("{} has version {} already.\n", name, info.to);
   return fmt::format("Upgraded {} from version {} to {}. Steps: {}.\n", name, Printable(info.from), info.to,
                      fmt::join(info.steps, ", "));
@@ -19,8 +19,8 @@ std::string Versions(const std::string& file, const UpgradeInfo& info) {
 
 }  // namespace
 
-std::string UpgradeText(const std::string& file, const UpgradeInfo& info) {
-  std::string text = Versions(file, info);
+std::string UpgradeText(const DatabasePlace& place, const UpgradeInfo& info) {
+  std::string text = Versions(place, info);
   if (!info.indexes.empty()) {
     text += fmt::format("Added {} that it lacked: {}.\n", info.indexes.size() == 1 ? "an index" : "indexes",
                         fmt::join(info.indexes, ", "));
@@ -29,8 +29,8 @@ std::string UpgradeText(const std::string& file, const UpgradeInfo& info) {
   return text;
 }
 
-std::string UpgradeJson(const std::string& file, const UpgradeInfo& info) {
-  return JsonLine({{"file", file},
+std::string UpgradeJson(const DatabasePlace& place, const UpgradeInfo& info) {
+  return JsonLine({{"file", JsonOf(place)},
                    {"from", info.from},
                    {"to", info.to},
                    {"steps", ArrayOf(info.steps)},

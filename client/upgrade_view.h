@@ -6,8 +6,8 @@
 
 namespace zef::client {
 
-/// What an upgrade of a file has done, for people and for programs.
-std::string UpgradeText(const std::string& file, const UpgradeInfo& info);
-std::string UpgradeJson(const std::string& file, const UpgradeInfo& info);
+/// What an upgrade has done, for people and for programs.
+std::string UpgradeText(const DatabasePlace& place, const UpgradeInfo& info);
+std::string UpgradeJson(const DatabasePlace& place, const UpgradeInfo& info);
 
 }  // namespace zef::client

@@ -30,6 +30,8 @@ std::string KindName(std::int32_t kind) {
 
 std::int32_t KindNamed(const std::string& name) { return NumberFor(kFolderKindWords, name).value_or(0); }
 
+Json JsonOf(const DatabasePlace& place) { return place.IsFile() ? Json(place.file) : Json(nullptr); }
+
 Json JsonOf(Date date) { return TextOrNull(DateText(date)); }
 
 Json JsonOf(const RuleSpec& rule) {

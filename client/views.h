@@ -15,6 +15,8 @@ std::string KindName(std::int32_t kind);
 std::int32_t KindNamed(const std::string& name);
 
 /// Records as JSON. Missing dates and rules are null; dates are texts as `DateText` gives them.
+/// The file, or null.
+Json JsonOf(const DatabasePlace& place);
 Json JsonOf(Date date);
 Json JsonOf(const RuleSpec& rule);
 Json::Object JsonOf(const FolderInfo& folder);

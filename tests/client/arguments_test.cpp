@@ -46,7 +46,7 @@ TEST_P(EveryCommand, TakesTheGlobalOptionsBehindIt) {
   std::vector<std::string> words = GetParam().words;
   words.insert(words.end(), {"--json", "--password", "secret"});
   const Arguments arguments = Read(words);
-  EXPECT_TRUE(arguments.json && arguments.password == "secret");
+  EXPECT_TRUE(arguments.json && arguments.place.password == "secret");
 }
 
 TEST_P(EveryCommand, RefusesAnUnknownOption) {
@@ -127,7 +127,7 @@ TEST(Arguments, NameMayLookLikeAnOptionBehindTwoHyphens) {
   EXPECT_EQ(Read({"add", "task", "f", "--", "--json"}).name, "--json");
 }
 
-TEST(Arguments, FileMayBeCalledLikeACommand) { EXPECT_EQ(Read({"info", "info"}).file, "info"); }
+TEST(Arguments, FileMayBeCalledLikeACommand) { EXPECT_EQ(Read({"info", "info"}).place.file, "info"); }
 
 // ---- intervals
 
@@ -140,11 +140,11 @@ TEST(Arguments, IntervalMayBeOneQuotedWord) {
 }
 
 TEST(Arguments, IntervalDoesNotSwallowTheFile) {
-  EXPECT_EQ(Read({"add", "task", "--every", "week", "f", "n"}).file, "f");
+  EXPECT_EQ(Read({"add", "task", "--every", "week", "f", "n"}).place.file, "f");
 }
 
 TEST(Arguments, TwoWordIntervalMayStandInFrontOfTheFile) {
-  EXPECT_EQ(Read({"add", "task", "--every", "2", "weeks", "f", "n"}).file, "f");
+  EXPECT_EQ(Read({"add", "task", "--every", "2", "weeks", "f", "n"}).place.file, "f");
 }
 
 TEST(Arguments, WordsBehindTwoHyphensAreNotJoined) { EXPECT_EQ(Read({"add", "task", "--", "--every", "2"}).name, "2"); }

@@ -10,6 +10,7 @@
 #include <fstream>
 
 #include "client/place_file.h"
+#include "client/schema_names.h"
 #include "tests/client/failure_of.h"
 #include "tests/support/database.h"
 
@@ -26,7 +27,7 @@ class CreateDatabaseTest : public testing::Test {
  protected:
   fs::path File(const char* name) const { return folder_.path() / name; }
   std::string Create(const char* name) const {
-    return FailureOf([&] { CreateDatabase(File(name), "", kCurrentSchema); });
+    return FailureOf([&] { CreateDatabase({.file = File(name)}, kCurrentSchema); });
   }
   void Write(const char* name, const char* text) const { std::ofstream(File(name)) << text; }
   std::string Content(const char* name) const {
@@ -103,7 +104,7 @@ TEST_F(CreateDatabaseTest, NameWithQuotesAndBlanksInItsMiddleIsTaken) {
 class UnconnectableTest : public CreateDatabaseTest, public testing::WithParamInterface<const char*> {
  protected:
   std::string CreateWith(const std::string& password) const {
-    return FailureOf([&] { CreateDatabase(File("a.db"), password, kCurrentSchema); });
+    return FailureOf([&] { CreateDatabase({.file = File("a.db"), .password = password}, kCurrentSchema); });
   }
 };
 
@@ -131,7 +132,7 @@ TEST_F(CreateDatabaseTest, SignalLeavesNothingBehindAndEndsTheProgram) {
   for (int i = 0; i < 300000; ++i) statements += "INSERT INTO T (A) VALUES (1);\n";
   const pid_t child = fork();
   if (child == 0) {
-    FailureOf([&] { CreateDatabaseFrom(statements, File("a.db"), ""); });
+    FailureOf([&] { CreateDatabaseFrom(statements, {.file = File("a.db")}); });
     _exit(0);
   }
   while (Names().empty()) usleep(1000);
@@ -144,7 +145,7 @@ TEST_F(CreateDatabaseTest, SignalLeavesNothingBehindAndEndsTheProgram) {
 
 TEST_F(CreateDatabaseTest, FailureWhileFillingLeavesNothingBehind) {
   const char* const kTwice = "CREATE TABLE T (A Long);\nCREATE TABLE T (A Long);\n";
-  EXPECT_NE(FailureOf([&] { CreateDatabaseFrom(kTwice, File("a.db"), ""); }), "");
+  EXPECT_NE(FailureOf([&] { CreateDatabaseFrom(kTwice, {.file = File("a.db")}); }), "");
   EXPECT_THAT(Names(), IsEmpty());
 }
 

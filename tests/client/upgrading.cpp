@@ -5,7 +5,7 @@
 namespace zef::test {
 
 void UpgradeTelling(const std::string& path, const std::function<void(const std::string&)>& tell) {
-  client::Store(path, "").Upgrade(tell);
+  client::Store({.file = path}).Upgrade(tell);
 }
 
 }  // namespace zef::test
