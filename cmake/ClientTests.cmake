@@ -34,9 +34,11 @@ if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
   set_tests_properties(clients.installed PROPERTIES TIMEOUT 300)
 endif()
 
-add_test(NAME clients.program_of_the_outside_stands_in_document
-  COMMAND "${CMAKE_COMMAND}" "-DPROGRAM=${PROJECT_SOURCE_DIR}/tests/clients/outside/main.cpp"
-    "-DDOCUMENT=${PROJECT_SOURCE_DIR}/docs/component.md" -P "${PROJECT_SOURCE_DIR}/cmake/CheckSnippet.cmake")
+foreach(program IN ITEMS main by_name)
+  add_test(NAME clients.program_of_the_outside_stands_in_document.${program}
+    COMMAND "${CMAKE_COMMAND}" "-DPROGRAM=${PROJECT_SOURCE_DIR}/tests/clients/outside/${program}.cpp"
+      "-DDOCUMENT=${PROJECT_SOURCE_DIR}/docs/component.md" -P "${PROJECT_SOURCE_DIR}/cmake/CheckSnippet.cmake")
+endforeach()
 
 # The same boundary in plain C, on the database of the examples.
 add_executable(example_folders "${PROJECT_SOURCE_DIR}/examples/folders.c")

@@ -256,6 +256,18 @@ struct IEnumVARIANT : IUnknown {
   ~IEnumVARIANT() = default;
 };
 
+/// What went wrong in the last call of an object that it is asked of; the texts are the receiver's.
+struct IErrorInfo : IUnknown {
+  virtual HRESULT GetGUID(GUID* guid) = 0;
+  virtual HRESULT GetSource(BSTR* source) = 0;
+  virtual HRESULT GetDescription(BSTR* description) = 0;
+  virtual HRESULT GetHelpFile(BSTR* file) = 0;
+  virtual HRESULT GetHelpContext(DWORD* context) = 0;
+
+ protected:
+  ~IErrorInfo() = default;
+};
+
 struct IClassFactory : IUnknown {
   virtual HRESULT CreateInstance(IUnknown* outer, REFIID riid, void** object) = 0;
   virtual HRESULT LockServer(BOOL lock) = 0;
@@ -269,6 +281,7 @@ inline constexpr IID IID_IUnknown{0, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 inline constexpr IID IID_IClassFactory{1, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 inline constexpr IID IID_IDispatch{0x00020400, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 inline constexpr IID IID_IEnumVARIANT{0x00020404, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+inline constexpr IID IID_IErrorInfo{0x1CF2B120, 0x547D, 0x101B, {0x8E, 0x65, 0x08, 0x00, 0x2B, 0x2B, 0xD1, 0x19}};
 
 // Texts: UTF-16, the length in bytes in the 32 bits in front, a zero behind. The block begins 8 bytes before the text
 // and belongs to `malloc`; a null pointer is the empty text.

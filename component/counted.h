@@ -13,7 +13,7 @@ class Counted : public Interface {
   Counted(const Counted&) = delete;
   Counted& operator=(const Counted&) = delete;
 
-  HRESULT QueryInterface(REFIID riid, void** object) final {
+  HRESULT QueryInterface(REFIID riid, void** object) override {
     if (object == nullptr) return E_POINTER;
     *object = static_cast<Derived*>(this)->Answers(riid) ? static_cast<Interface*>(this) : nullptr;
     if (*object == nullptr) return E_NOINTERFACE;

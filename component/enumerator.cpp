@@ -2,9 +2,6 @@
 
 #include <new>
 
-#include "component/invocation.h"
-#include "platform/run_time_error.h"
-
 namespace zef::component {
 
 Enumerator::Enumerator(const Class& described, Object object, ElementAt element_at, std::int32_t position)
@@ -16,20 +13,28 @@ Enumerator::~Enumerator() { described_.release(object_.address); }
 
 bool Enumerator::Answers(REFIID riid) { return riid == IID_IUnknown || riid == IID_IEnumVARIANT; }
 
+HRESULT Enumerator::QueryInterface(REFIID riid, void** object) {
+  if (object == nullptr || !(riid == IID_IErrorInfo)) return Counted::QueryInterface(riid, object);
+  *object = static_cast<IErrorInfo*>(&failure_);
+  AddRef();
+  return S_OK;
+}
+
 HRESULT Enumerator::Fetch(VARIANT& element) noexcept {
   VariantInit(&element);
   try {
     if (!element_at_(object_, position_, element)) return S_FALSE;
     ++position_;
     return S_OK;
-  } catch (const RunTimeError& failure) {
-    return FailureCode(failure.number());
-  } catch (...) {
+  } catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;
+  } catch (...) {
+    return failure_.Take();
   }
 }
 
 HRESULT Enumerator::Next(ULONG count, VARIANT* values, ULONG* fetched) {
+  failure_.Clear();
   if (fetched != nullptr) *fetched = 0;
   if ((values == nullptr && count > 0) || (fetched == nullptr && count != 1)) return E_POINTER;
   for (ULONG i = 0; i < count; ++i) {
@@ -48,6 +53,7 @@ HRESULT Enumerator::Next(ULONG count, VARIANT* values, ULONG* fetched) {
 }
 
 HRESULT Enumerator::Skip(ULONG count) {
+  failure_.Clear();
   for (ULONG i = 0; i < count; ++i) {
     VARIANT passed;
     const HRESULT outcome = Fetch(passed);

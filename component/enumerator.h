@@ -5,6 +5,7 @@
 #include "component/automation.h"
 #include "component/counted.h"
 #include "component/description.h"
+#include "component/failure_info.h"
 
 namespace zef::component {
 
@@ -12,12 +13,13 @@ namespace zef::component {
 using ElementAt = bool (*)(Object object, std::int32_t position, VARIANT& element);
 
 /// A walk over the elements of an object, which it keeps alive. It goes by position: elements that are removed behind
-/// it move those that follow.
+/// it move those that follow. A failure on the way is told by its code and, in full, by `IErrorInfo`.
 class Enumerator final : public Counted<Enumerator, IEnumVARIANT> {
  public:
   /// With one reference.
   Enumerator(const Class& described, Object object, ElementAt element_at, std::int32_t position = 0);
 
+  HRESULT QueryInterface(REFIID riid, void** object) override;
   HRESULT Next(ULONG count, VARIANT* values, ULONG* fetched) override;
   HRESULT Skip(ULONG count) override;
   HRESULT Reset() override;
@@ -35,6 +37,7 @@ class Enumerator final : public Counted<Enumerator, IEnumVARIANT> {
   const Object object_;
   const ElementAt element_at_;
   std::int32_t position_;
+  FailureInfo failure_{*this, IID_IEnumVARIANT};
 };
 
 }  // namespace zef::component

@@ -87,21 +87,13 @@ HRESULT TakeAssigned(const DISPPARAMS& given, Call& call) {
   return S_OK;
 }
 
-BSTR TextOrNone(std::string_view text) noexcept {
-  try {
-    return NewText(text);
-  } catch (const std::bad_alloc&) {
-    return nullptr;
-  }
-}
-
 /// Tells the failure that is being handled.
 HRESULT Describe(EXCEPINFO* failure) noexcept {
   if (failure == nullptr) return DISP_E_EXCEPTION;
   *failure = EXCEPINFO{};
   try {
-    const RunTimeError raised = CurrentFailure().value_or(RunTimeError(FailureNumber::InvalidCall));
-    failure->bstrSource = TextOrNone("ZEFComponents");
+    const RunTimeError raised = FailureAtHand();
+    failure->bstrSource = TextOrNone(kFailureSource);
     failure->bstrDescription = TextOrNone(raised.description());
     failure->scode = FailureCode(raised.number());
     return DISP_E_EXCEPTION;
@@ -121,6 +113,16 @@ void Tell(UINT* argument, UINT index) {
 }
 
 }  // namespace
+
+RunTimeError FailureAtHand() { return CurrentFailure().value_or(RunTimeError(FailureNumber::InvalidCall)); }
+
+BSTR TextOrNone(std::string_view text) noexcept {
+  try {
+    return NewText(text);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
 
 SCODE FailureCode(std::int32_t number) {
   return number >= 1 && number <= 0xFFFF ? static_cast<SCODE>(0x800A0000u + static_cast<std::uint32_t>(number))

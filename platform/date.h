@@ -33,8 +33,8 @@ class Date {
   int Day() const;
   /// 1 Sunday to 7 Saturday.
   int Weekday() const;
-  /// Time of day in seconds, 0 to 86399, rounded to the nearest second; a time that rounds up to 24 hours belongs to
-  /// the next day, and the calendar parts above agree with that only after `RoundedToSeconds`.
+  /// Time of day in seconds, 0 to 86399, rounded to the nearest second of the range; a time that rounds up to 24 hours
+  /// belongs to the next day, and the calendar parts above agree with that only after `RoundedToSeconds`.
   int SecondsOfDay() const;
   std::chrono::year_month_day YearMonthDay() const;
   /// The same moment with its time of day in whole seconds.

@@ -56,12 +56,14 @@ inline DayAndFraction Split(Date date) {
 
 inline Date Join(DayAndSeconds moment) { return Join(moment.day, moment.seconds / double{kSecondsPerDay}); }
 
-/// The nearest whole second; 24 hours carry into the next day. Raises 5 outside the range.
+/// The nearest whole second; 24 hours carry into the next day, but on the last one of the range, every moment of which
+/// has a second of that day. Raises 5 outside the range.
 inline DayAndSeconds SplitSeconds(Date date) {
   const auto [day, fraction] = Split(date);
   const int seconds = static_cast<int>(std::lround(fraction * kSecondsPerDay));
   if (seconds < kSecondsPerDay) return {day, seconds};
-  return {CheckedDay(day + 1), 0};
+  if (day == kLastDay) return {day, kSecondsPerDay - 1};
+  return {day + 1, 0};
 }
 
 constexpr std::chrono::sys_days ToSysDays(std::int64_t day) {

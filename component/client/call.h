@@ -46,14 +46,24 @@ class InOut {
   OwnedVariant variant_;
 };
 
+inline void RequireObject(IDispatch* object) {
+  if (object == nullptr) throw Failure(kObjectNotSet, "Object variable or With block variable not set");
+}
+
 /// One call of a member, arguments from last to first. Raises 91 for Nothing.
 inline HRESULT InvokeMember(IDispatch* object, DISPID member, WORD flags, VARIANT* arguments, UINT count,
                             VARIANT* result, EXCEPINFO& told) {
-  if (object == nullptr) throw Failure(kObjectNotSet, "Object variable or With block variable not set");
+  RequireObject(object);
   DISPID assigned = DISPID_PROPERTYPUT;
   const bool puts = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
   DISPPARAMS parameters{arguments, puts ? &assigned : nullptr, count, puts ? 1u : 0u};
   return object->Invoke(member, IID_NULL, 0, flags, &parameters, result, &told, nullptr);
+}
+
+/// Raises 13 for a result that is not of the kind. As a `Value` it may be anything but an object or a table.
+inline void RequireKind(const VARIANT& result, VARTYPE kind) {
+  const bool is_value = result.vt != VT_DISPATCH && result.vt != VT_UNKNOWN && result.vt != (VT_ARRAY | VT_BSTR);
+  if (kind == VT_VARIANT ? !is_value : result.vt != kind) throw Failure(kTypeMismatch, "Type mismatch");
 }
 
 /// Calls a member with `In` and `InOut` arguments and takes its result.
@@ -69,7 +79,10 @@ Result Call(IDispatch* object, DISPID member, WORD flags, Arguments&&... argumen
       InvokeMember(object, member, flags, placed, kCount, std::is_void_v<Result> ? nullptr : &result, told);
   (arguments.GiveBack(), ...);
   if (FAILED(outcome)) Raise(outcome, told);
-  if constexpr (!std::is_void_v<Result>) return Carried<Result>::Take(result);
+  if constexpr (!std::is_void_v<Result>) {
+    RequireKind(result, Carried<Result>::kKind);
+    return Carried<Result>::Take(result);
+  }
 }
 
 }  // namespace automation

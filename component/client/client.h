@@ -10,6 +10,7 @@
 #include "ZEFComponents/elements.h"
 #include "ZEFComponents/failure.h"
 #include "ZEFComponents/library.h"
+#include "ZEFComponents/object.h"
 #include "ZEFComponents/property.h"
 #include "ZEFComponents/text.h"
 #include "ZEFComponents/values.h"

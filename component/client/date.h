@@ -51,8 +51,8 @@ struct Date {
     return kDayZero + std::chrono::days(static_cast<int>(DayNumber()));
   }
   std::chrono::weekday Weekday() const { return std::chrono::sys_days(YearMonthDay()); }
-  /// The time of day, 0 to 86399, rounded to the nearest second; one that rounds up to 24 hours is midnight of the next
-  /// day, with which `YearMonthDay` agrees only after `RoundedToSeconds`.
+  /// The time of day, 0 to 86399, rounded to the nearest second of the range; one that rounds up to 24 hours is
+  /// midnight of the next day, with which `YearMonthDay` agrees only after `RoundedToSeconds`.
   int SecondsOfDay() const { return NearestSecond() % kSecondsPerDay; }
   /// The whole day number: the integer part towards zero.
   std::int64_t DayNumber() const {
@@ -85,10 +85,12 @@ struct Date {
  private:
   static constexpr std::chrono::sys_days kDayZero{std::chrono::December / 30 / 1899};
 
-  /// 0 to 86400.
+  /// 0 to 86400; on the last day of the range, behind which there is none, to 86399.
   int NearestSecond() const {
-    const double fraction = std::fabs(value - static_cast<double>(DayNumber()));
-    return static_cast<int>(std::lround(fraction * kSecondsPerDay));
+    const std::int64_t day = DayNumber();
+    const double fraction = std::fabs(value - static_cast<double>(day));
+    const int most = day == kLastDay ? kSecondsPerDay - 1 : kSecondsPerDay;
+    return std::min(static_cast<int>(std::lround(fraction * kSecondsPerDay)), most);
   }
 };
 

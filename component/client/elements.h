@@ -24,7 +24,7 @@ class Elements {
   Elements& operator++() {
     OwnedVariant next;
     const HRESULT outcome = walk_->Next(1, &next, nullptr);
-    if (FAILED(outcome)) Raise(outcome);
+    if (FAILED(outcome)) RaiseFailureOf(walk_.get(), outcome);
     at_end_ = outcome != S_OK;
     element_ = at_end_ ? Element() : Carried<Element>::Take(next);
     return *this;

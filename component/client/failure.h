@@ -29,6 +29,7 @@ class Failure : public std::runtime_error {
   std::string source_;
 };
 
+inline constexpr std::int32_t kTypeMismatch = 13;
 inline constexpr std::int32_t kFileNotFound = 53;
 inline constexpr std::int32_t kObjectNotSet = 91;
 inline constexpr std::int32_t kCannotCreateObject = 429;
@@ -64,6 +65,21 @@ inline std::string RefusalText(HRESULT result) {
   const auto bits = static_cast<std::uint32_t>(told.scode);
   const std::int32_t number = bits >> 16 == kRunTime ? static_cast<std::int32_t>(bits & 0xFFFF) : told.scode;
   throw Failure(number, TextOf(told.bstrDescription), TextOf(told.bstrSource));
+}
+
+/// Raises the failure of a call that tells no more than a code, such as a step of a walk: what was raised stands in the
+/// object's `IErrorInfo`.
+[[noreturn]] inline void RaiseFailureOf(IUnknown* object, HRESULT result) {
+  void* side = nullptr;
+  if (result == E_OUTOFMEMORY || FAILED(object->QueryInterface(IID_IErrorInfo, &side))) Raise(result);
+  OwnedExcepinfo told;
+  auto* const info = static_cast<IErrorInfo*>(side);
+  info->GetSource(&told.bstrSource);
+  info->GetDescription(&told.bstrDescription);
+  info->Release();
+  if (told.bstrSource == nullptr) Raise(result);
+  told.scode = result;
+  Raise(DISP_E_EXCEPTION, told);
 }
 
 }  // namespace automation

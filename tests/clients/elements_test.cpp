@@ -44,6 +44,24 @@ TEST_F(ElementsTest, OfNothingRaise91) {
             91);
 }
 
+TEST_F(ElementsTest, FailureOnTheWayIsThatOfACall) {
+  const Recordset records = session_.conDBConnection->Execute("SELECT FLD_ID, FLD_Name FROM Folders");
+  const Fields fields = records.Fields;
+  int seen = 0;
+  const Failure walked = Raised([&] {
+    for (auto field : fields) {
+      ++seen;
+      if (field) records.Close();
+    }
+  });
+  const Failure called = Raised([&] { fields.Count.get(); });
+  EXPECT_EQ(seen, 1);
+  EXPECT_EQ(walked.number(), 3704);
+  EXPECT_EQ(walked.number(), called.number());
+  EXPECT_STREQ(walked.what(), called.what());
+  EXPECT_EQ(walked.source(), called.source());
+}
+
 TEST_F(ElementsTest, LeaveNothingBehindWhenTheLoopIsLeft) {
   {
     for (auto folder : RootFolders()) {

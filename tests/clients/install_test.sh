@@ -30,6 +30,7 @@ cp -r "$source/tests/clients/outside" "$folder/outside"
 "$cmake" -S "$folder/outside" -B "$folder/build" -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_COMPILER="$cxx" >/dev/null
 "$cmake" --build "$folder/build" >/dev/null
 check "$folder/build/outside" "$folder/people.db"
+check "$folder/build/by_name" "$folder/people.db"
 
 # With pkg-config, which finds the prefix from the place of its file.
 export PKG_CONFIG_PATH=$prefix/lib/pkgconfig

@@ -41,6 +41,24 @@ TEST_F(RegistryTest, EveryPublicClassIsCreatedByItsName) {
   EXPECT_TRUE(Built().Create<CNote>() && Built().Create<CCategory>()) << "by name in tests of their own";
 }
 
+TEST_F(RegistryTest, ObjectIsCreatedByTheNameOfItsClass) {
+  EXPECT_EQ(CreateObject("ZEFComponents.CTask").Get<Object>("Recurrence").Get<std::int32_t>("OccurencesNo"), 1);
+  for (const char* name : kCreatableClasses) EXPECT_TRUE(CreateObject(name)) << name;
+}
+
+TEST_F(RegistryTest, NameThatIsNotRegisteredRaises429) {
+  for (const char* name : {"ZEFComponents.CNone", "", "../ZEFComponents.CTask"}) {
+    EXPECT_EQ(Raised([&] { CreateObject(name); }).number(), 429) << name;
+  }
+}
+
+TEST_F(RegistryTest, EntryWithoutAnIdentifierRaises429) {
+  for (const char* line : {"", "CLSID=\n", "CLSID={2B7C9E41-5A1E-4D3B}\n", "CLSID=none\n"}) {
+    std::ofstream(EntryPath("ZEFComponents.CNote")) << line << "InprocServer32=" << BuiltPath() << "\n";
+    EXPECT_EQ(Raised([] { CreateObject("ZEFComponents.CNote"); }).number(), 429) << line;
+  }
+}
+
 TEST_F(RegistryTest, FolderThatIsNoWholePathIsNoRegistry) {
   setenv("XDG_DATA_HOME", ".", 1);
   const std::string home = std::getenv("HOME") == nullptr ? "" : std::getenv("HOME");

@@ -211,7 +211,7 @@ TEST_F(Enumerator, TakesNoArguments) {
 TEST_F(Enumerator, IsNotOfferedByRecords) {
   EXPECT_EQ(Create("CTag").Invoke(DISPID_NEWENUM, Request{DISPATCH_PROPERTYGET}).result, DISP_E_MEMBERNOTFOUND);
 }
-TEST_F(Enumerator, AnswersToItsTwoInterfacesAlone) {
+TEST_F(Enumerator, AnswersToItsInterfacesAlone) {
   Walk walk(tags);
   void* object = this;
   EXPECT_EQ(walk->QueryInterface(IID_IDispatch, &object), E_NOINTERFACE);
@@ -249,6 +249,93 @@ TEST_F(DatabaseEnumerator, FailsWhenItsRecordsetIsClosed) {
   Variant field;
   EXPECT_EQ(walk->Next(1, &field.raw(), nullptr), static_cast<HRESULT>(0x800A0000) + 3704);
   EXPECT_EQ(field.kind(), VT_EMPTY);
+}
+/// What a walk tells about its last call.
+class Told {
+ public:
+  explicit Told(const Walk& walk) {
+    void* side = nullptr;
+    EXPECT_EQ(walk->QueryInterface(IID_IErrorInfo, &side), S_OK);
+    info_ = static_cast<IErrorInfo*>(side);
+  }
+  ~Told() { info_->Release(); }
+  Told(const Told&) = delete;
+  Told& operator=(const Told&) = delete;
+
+  IErrorInfo* operator->() const { return info_; }
+  Variant Source() const { return Text(&IErrorInfo::GetSource); }
+  Variant Description() const { return Text(&IErrorInfo::GetDescription); }
+
+ private:
+  Variant Text(HRESULT (IErrorInfo::*get)(BSTR*)) const {
+    BSTR text = nullptr;
+    EXPECT_EQ((info_->*get)(&text), S_OK);
+    return Variant::Of(VT_BSTR, text);
+  }
+
+  IErrorInfo* info_;
+};
+
+class FailedWalk : public DatabaseEnumerator {
+ protected:
+  FailedWalk() {
+    rows.Call("Close");
+    EXPECT_EQ(walk->Next(1, &field.raw(), nullptr), static_cast<HRESULT>(0x800A0000) + 3704);
+  }
+
+  const Object rows = connection.Call("Execute", "SELECT FLD_ID FROM Folders").value.object();
+  const Object fields = rows.Get("Fields").value.object();
+  Walk walk{fields};
+  Variant field;
+};
+
+TEST_F(FailedWalk, TellsWhatACallTells) {
+  const Outcome call = fields.Get("Count");
+  EXPECT_EQ(call.scode, static_cast<HRESULT>(0x800A0000) + 3704);
+  EXPECT_EQ(Told(walk).Description().text(), call.description);
+  EXPECT_EQ(Told(walk).Source().text(), call.source);
+}
+TEST_F(FailedWalk, TellsItToWhoeverSkipsToo) {
+  walk->Reset();
+  EXPECT_EQ(walk->Skip(1), static_cast<HRESULT>(0x800A0000) + 3704);
+  EXPECT_EQ(Told(walk).Source().text(), "ZEFComponents");
+}
+TEST_F(FailedWalk, TellsOfItsInterfaceAndOfNoHelp) {
+  GUID guid{};
+  EXPECT_EQ(Told(walk)->GetGUID(&guid), S_OK);
+  EXPECT_EQ(guid, IID_IEnumVARIANT);
+  BSTR file = nullptr;
+  EXPECT_EQ(Told(walk)->GetHelpFile(&file), S_OK);
+  EXPECT_EQ(file, nullptr);
+  DWORD context = 77;
+  EXPECT_EQ(Told(walk)->GetHelpContext(&context), S_OK);
+  EXPECT_EQ(context, 0u);
+}
+TEST_F(FailedWalk, NeedsPlacesForWhatItTells) {
+  const Told told(walk);
+  EXPECT_EQ(told->GetGUID(nullptr), E_POINTER);
+  EXPECT_EQ(told->GetSource(nullptr), E_POINTER);
+  EXPECT_EQ(told->GetDescription(nullptr), E_POINTER);
+  EXPECT_EQ(told->GetHelpFile(nullptr), E_POINTER);
+  EXPECT_EQ(told->GetHelpContext(nullptr), E_POINTER);
+}
+TEST_F(FailedWalk, ForgetsItAtTheNextCall) {
+  EXPECT_EQ(walk->Next(0, nullptr, nullptr), E_POINTER);
+  EXPECT_EQ(Told(walk).Source().raw().bstrVal, nullptr);
+  EXPECT_EQ(Told(walk).Description().raw().bstrVal, nullptr);
+}
+TEST_F(FailedWalk, IsTheSameObjectFromBothSides) {
+  void* unknown = nullptr;
+  EXPECT_EQ(Told(walk)->QueryInterface(IID_IUnknown, &unknown), S_OK);
+  Walk same(static_cast<IEnumVARIANT*>(unknown));
+  void* other = nullptr;
+  EXPECT_EQ(walk->QueryInterface(IID_IUnknown, &other), S_OK);
+  EXPECT_EQ(other, unknown);
+  static_cast<IUnknown*>(other)->Release();
+}
+TEST_F(DatabaseEnumerator, TellsOfNoFailureWhereThereWasNone) {
+  Walk walk(connection.Get("Errors").value.object());
+  EXPECT_EQ(Told(walk).Source().raw().bstrVal, nullptr);
 }
 TEST_F(DatabaseEnumerator, WalksOverLoadedRecords) {
   const Object folders = Loaded("CFolders", "LoadFoldersWithCriteria");

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 #include "calendar/event.h"
@@ -78,6 +79,30 @@ INSTANTIATE_TEST_SUITE_P(Values, DateOutOfRange,
                          testing::Values(1e9, -1e9, 2958466.0, -657435.0, 1e308,
                                          std::numeric_limits<double>::infinity(),
                                          std::numeric_limits<double>::quiet_NaN()));
+
+struct DateAtAnEnd {
+  double value;
+  const char* comes_back_as;
+};
+
+/// An event whose start is one of the first or last moments of the calendar.
+class DateAtAnEndOfTheRange : public SessionTest, public testing::WithParamInterface<DateAtAnEnd> {};
+
+TEST_P(DateAtAnEndOfTheRange, IsSavedToTheSecond) {
+  const Ref<CEvent> event = session->CreateEvent();
+  event->FolderID = 1;
+  event->StartDate = Date(GetParam().value);
+  ASSERT_TRUE(event->Save()) << session->GetEntireErrorDesc();
+  EXPECT_EQ(ToText(session->GetEvent(event->ID)->StartDate), GetParam().comes_back_as);
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, DateAtAnEndOfTheRange,
+                         testing::Values(DateAtAnEnd{-657434.0, "1/1/100"},
+                                         DateAtAnEnd{std::nextafter(-657435.0, 0), "1/2/100"},
+                                         DateAtAnEnd{2958465.0, "12/31/9999"},
+                                         DateAtAnEnd{2958465 + 86399.4 / 86400, "12/31/9999 11:59:59 PM"},
+                                         DateAtAnEnd{2958465 + 86399.6 / 86400, "12/31/9999 11:59:59 PM"},
+                                         DateAtAnEnd{std::nextafter(2958466.0, 0), "12/31/9999 11:59:59 PM"}));
 
 TEST_F(NumberLimit, ClockOutOfRangeMakesSaveReturnFalse) {
   const ClockOverride clock{Date(1e9)};

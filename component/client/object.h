@@ -1,0 +1,113 @@
+#pragma once
+
+#include <concepts>
+#include <functional>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+#include "ZEFComponents/call.h"
+#include "ZEFComponents/elements.h"
+#include "ZEFComponents/library.h"
+#include "ZEFComponents/property.h"
+
+/// Objects whose class is not known before the program runs: members by name.
+namespace zef {
+inline namespace automation {
+
+/// The argument as it goes over: texts, integers, Booleans, enumerations, dates, rows and objects as what they are,
+/// anything else as a `Value`. A variable in `std::ref` is one that the member may change.
+template <class T>
+auto Passed(std::reference_wrapper<T> variable) {
+  return InOut<T>(variable.get());
+}
+template <class T>
+auto Passed(const T& value) {
+  constexpr bool kIsItself = std::same_as<T, int> || std::same_as<T, bool> || std::is_enum_v<T> ||
+                             std::same_as<T, Date> || std::same_as<T, Rows> || requires {
+    value.get()->Release();
+  };
+  if constexpr (std::convertible_to<const T&, std::string_view>) {
+    return In<std::string>(std::string_view(Text(value)));
+  } else if constexpr (kIsItself) {
+    return In<T>(value);
+  } else {
+    return In<Value>(Value(value));
+  }
+}
+
+/// A counted reference to an object of any class. Names of members are looked up at each call, in any letter case; the
+/// caller says which type it expects, and another one raises 13. Raises what the members of typed classes raise, and a
+/// failure of number DISP_E_UNKNOWNNAME for a name that the object does not know.
+class Object {
+ public:
+  Object() = default;
+  /// Takes over a reference.
+  explicit Object(IDispatch* owned) : object_(owned, Release) {}
+  /// The object behind a typed class, or one without a type.
+  template <class C>
+  requires requires(const C& object) {
+    { object.get() } -> std::same_as<IDispatch*>;
+  }
+  explicit Object(const C& typed) : Object(typed.get()) {
+    if (typed) typed.get()->AddRef();
+  }
+
+  IDispatch* get() const noexcept { return object_.get(); }
+  explicit operator bool() const noexcept { return get() != nullptr; }
+  friend bool operator==(const Object& a, const Object& b) noexcept { return a.get() == b.get(); }
+
+  /// Reads a property, which may have arguments.
+  template <class T = Value, class... Arguments>
+  T Get(std::string_view name, const Arguments&... arguments) const {
+    return automation::Call<T>(get(), Number(name), DISPATCH_PROPERTYGET, Passed(arguments)...);
+  }
+  /// Assigns a value.
+  template <class T>
+  void Let(std::string_view name, const T& value) const {
+    automation::Call<void>(get(), Number(name), DISPATCH_PROPERTYPUT, Passed(value));
+  }
+  /// Assigns an object.
+  template <class C>
+  void Set(std::string_view name, const C& object) const {
+    automation::Call<void>(get(), Number(name), DISPATCH_PROPERTYPUTREF, Passed(object));
+  }
+  /// Calls a method.
+  template <class T = void, class... Arguments>
+  T Call(std::string_view name, const Arguments&... arguments) const {
+    return automation::Call<T>(get(), Number(name), DISPATCH_METHOD, Passed(arguments)...);
+  }
+
+  /// The elements of a collection.
+  Elements<Object> begin() const { return Elements<Object>(get()); }
+  std::default_sentinel_t end() const { return {}; }
+
+ private:
+  static void Release(IDispatch* object) {
+    if (object != nullptr) object->Release();
+  }
+  DISPID Number(std::string_view name) const {
+    RequireObject(get());
+    std::u16string units = ToUtf16(name);
+    LPOLESTR text = units.data();
+    DISPID number = DISPID_UNKNOWN;
+    const HRESULT outcome = get()->GetIDsOfNames(IID_NULL, &text, 1, 0, &number);
+    if (outcome == DISP_E_UNKNOWNNAME) throw Failure(outcome, "The object has no member '" + std::string(name) + "'");
+    if (FAILED(outcome)) Raise(outcome);
+    return number;
+  }
+
+  std::shared_ptr<IDispatch> object_;
+};
+
+/// A new object of a registered class by its name, as in `CreateObject("ZEFComponents.CSession")`. The registry is read
+/// at each call. Raises 429 if the class is not registered, 53 if its library is gone or cannot be loaded.
+inline Object CreateObject(std::string_view name) {
+  const GUID identifier = RegisteredIdentifier(name);
+  return Object(LoadRegistered(name).Create(identifier));
+}
+
+}  // namespace automation
+}  // namespace zef

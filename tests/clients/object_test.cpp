@@ -1,0 +1,121 @@
+#include <gmock/gmock.h>
+
+#include <fstream>
+
+#include "tests/clients/loaded.h"
+
+namespace zef::test {
+namespace {
+
+class ObjectTest : public DatabaseTest {
+ protected:
+  const Object session{session_};
+  const Object contact = session.Call<Object>("CreateContact");
+};
+
+static_assert(std::input_iterator<Elements<Object>>);
+
+TEST_F(ObjectTest, PropertyIsReadAsWhatWasAssigned) {
+  contact.Let("FirstName", "J\u00fcrgen");
+  contact.Let("LastName", std::string("O'Brien"));
+  contact.Let("FolderID", 7);
+  contact.Let("BirthDate", Date{-1.25});
+  EXPECT_EQ(contact.Get<std::string>("FirstName"), "J\u00fcrgen");
+  EXPECT_EQ(contact.Get<std::string>("LastName"), "O'Brien");
+  EXPECT_EQ(contact.Get<std::int32_t>("FolderID"), 7);
+  EXPECT_EQ(contact.Get<Date>("BirthDate"), Date{-1.25});
+}
+
+TEST_F(ObjectTest, ValueHoldsAnyPropertyButAnObject) {
+  contact.Let("FolderID", 7);
+  EXPECT_EQ(contact.Get("FolderID"), Value(7));
+  EXPECT_EQ(Raised([&] { contact.Get("Session"); }).number(), 13);
+}
+
+TEST_F(ObjectTest, NameIsTakenInAnyLetterCase) {
+  contact.Let("FOLDERID", 7);
+  EXPECT_EQ(contact.Get<std::int32_t>("folderid"), 7);
+}
+
+TEST_F(ObjectTest, EnumerationIsAssignedAndRead) {
+  const Object rule = session.Call<Object>("CreateTask").Get<Object>("Recurrence");
+  rule.Let("RType", REC_WEEKLY);
+  EXPECT_EQ(rule.Get<RecurrenceType>("RType"), REC_WEEKLY);
+}
+
+TEST_F(ObjectTest, ObjectIsSetAndSetToNothing) {
+  const Object user(Built().Create<CUser>());
+  user.Set("Session", session);
+  EXPECT_EQ(user.Get<Object>("Session"), session);
+  user.Set("Session", Object());
+  EXPECT_FALSE(user.Get<Object>("Session"));
+}
+
+TEST_F(ObjectTest, VariableInARefGetsWhatTheMemberLeavesInIt) {
+  std::string version;
+  std::string kind;
+  EXPECT_TRUE(session.Call<bool>("GetDBInfo", std::ref(version), std::ref(kind)));
+  EXPECT_EQ(version, "9.2.4");
+}
+
+TEST_F(ObjectTest, NullAndBytesGoIntoAColumn) {
+  const Object connection = session.Get<Object>("conDBConnection");
+  connection.Call("Execute", "CREATE TABLE T (T_Bytes LongBinary, T_Text Memo)");
+  const Object records = connection.Call<Object>("Execute", "SELECT * FROM T");
+  records.Call("Close");
+  records.Call("Open", "SELECT * FROM T", connection, 1, 3);
+  records.Call("AddNew");
+  const Object fields = records.Get<Object>("Fields");
+  const Bytes content{std::byte{1}, std::byte{0}};
+  fields.Get<Object>("Item", 0).Let("Value", content);
+  fields.Get<Object>("Item", "T_Text").Let("Value", Null{});
+  records.Call("Update");
+  EXPECT_EQ(Selected("SELECT T_Bytes FROM T"), Value(content));
+  EXPECT_EQ(Selected("SELECT T_Text FROM T"), Value(Null{}));
+}
+
+TEST_F(ObjectTest, CollectionIsWalked) {
+  const Object folders(Built().Create<CFolders>());
+  ASSERT_TRUE(session.Call<bool>("LoadRootFolders", folders));
+  std::vector<std::string> names;
+  for (const Object& folder : folders) names.push_back(folder.Get<std::string>("Name"));
+  EXPECT_THAT(names, testing::ElementsAre("Alarms", "Calendar", "Contacts", "Notes", "Tasks"));
+}
+
+TEST_F(ObjectTest, ResultOfAnotherTypeRaises13) {
+  EXPECT_EQ(Raised([&] { contact.Get<std::string>("FolderID"); }).number(), 13);
+  EXPECT_EQ(Raised([&] { contact.Get<Object>("FolderID"); }).number(), 13);
+  EXPECT_EQ(Raised([&] { contact.Call<Rows>("IsNew"); }).number(), 13);
+}
+
+TEST_F(ObjectTest, UnknownNameIsTold) {
+  const Failure failure = Raised([&] { contact.Get("Shoesize"); });
+  EXPECT_EQ(failure.number(), DISP_E_UNKNOWNNAME);
+  EXPECT_STREQ(failure.what(), "The object has no member 'Shoesize'");
+}
+
+TEST_F(ObjectTest, FailureIsThatOfATypedCall) {
+  const Failure failure = Raised([&] { Object(RootFolders()).Get<Object>("ItemByIdx", 99); });
+  EXPECT_EQ(failure.number(), 9);
+  EXPECT_STREQ(failure.what(), "Subscript out of range");
+}
+
+TEST_F(ObjectTest, OfNothingRaises91) {
+  EXPECT_EQ(Raised([] { Object().Get("ID"); }).number(), 91);
+}
+
+TEST_F(ObjectTest, LeavesNothingBehind) {
+  {
+    const Object tag(Built().Create<CTag>());
+    Object copy = tag;
+    EXPECT_EQ(copy, tag);
+    Raised([&] { copy.Get("None"); });
+    const Object tags(Built().Create<CTags>());
+    tags.Call<bool>("Add", tag);
+    EXPECT_EQ(tags.Get<Object>("ItemByIdx", 1), tag);
+  }
+  EXPECT_EQ(Object(Built().Create<CTag>()).Get<std::int32_t>("ID"), 0);
+}
+
+}  // namespace
+}  // namespace zef::test
