@@ -34,6 +34,11 @@ if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
   set_tests_properties(clients.installed PROPERTIES TIMEOUT 300)
 endif()
 
+if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+  add_test(NAME valgrind.boundary COMMAND "${PROJECT_SOURCE_DIR}/tests/component/valgrind.sh" "${PROJECT_BINARY_DIR}" quick)
+  set_tests_properties(valgrind.boundary PROPERTIES LABELS valgrind SKIP_RETURN_CODE 77 TIMEOUT 900)
+endif()
+
 add_test(NAME clients.program_of_the_outside_stands_in_document
   COMMAND "${CMAKE_COMMAND}" "-DPROGRAM=${PROJECT_SOURCE_DIR}/tests/clients/outside/main.cpp"
     "-DDOCUMENT=${PROJECT_SOURCE_DIR}/docs/component.md" -P "${PROJECT_SOURCE_DIR}/cmake/CheckSnippet.cmake")

@@ -1,5 +1,5 @@
-/// The component boundary: calls of random members with random arguments. The first byte of an input says whether there
-/// is a connected session.
+/// The component boundary: calls of random members with random arguments. A first byte of 1 says that there
+/// is a connected session, which takes ten times as long; so most inputs have none.
 
 #include <filesystem>
 #include <span>
@@ -33,7 +33,7 @@ class FreshDatabase {
 };
 
 void Drive(const FreshDatabase& database, std::span<const std::uint8_t> bytes) {
-  const bool connected = !bytes.empty() && bytes[0] % 2 == 1;
+  const bool connected = !bytes.empty() && bytes[0] == 1;
   const std::string connection_string = connected ? database.Renew() : "";
   const std::string broken =
       test::DriveRandomCalls(&GetClassObject, connection_string, bytes.subspan(bytes.empty() ? 0 : 1));
