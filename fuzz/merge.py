@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Makes a fuzzer's corpus anew from what its runs have learned, small enough to be stored: the inputs that together cover
-most, most first. Inputs under names of their own, which are findings, stay. Usage: fuzz/merge.py NAME, behind fuzz/run.sh"""
+"""Makes a fuzzer's corpus anew from what its runs have learned, small enough to be stored: the inputs that together
+cover most. Inputs under names of their own, which are findings, stay. Usage: fuzz/merge.py NAME, behind fuzz/run.sh"""
 
 import re
 import subprocess

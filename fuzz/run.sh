@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds a fuzzer and runs it. Usage: fuzz/run.sh NAME [options of libFuzzer], as in fuzz/run.sh invoke -max_total_time=600
-# What it learns stays in build/fuzz/corpus/NAME, a finding in build/fuzz/findings; fuzz/README.md tells what to do then.
+# Builds a fuzzer and runs it. Usage: fuzz/run.sh NAME [options of libFuzzer]
+# What it learns stays in build/fuzz/corpus/NAME, a finding in build/fuzz/findings. See fuzz/README.md.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -17,4 +17,5 @@ findings="$PWD/build/fuzz/findings"
 mkdir -p "$learned" "$findings"
 # Inputs make and remove files all the time, which a file system in memory does best.
 [ -n "${TMPDIR:-}" ] || [ ! -w /dev/shm ] || export TMPDIR=/dev/shm
-"build/fuzz/fuzz/zef_fuzz_$name" -artifact_prefix="$findings/" -max_len=512 -timeout=60 "$@" "$learned" "fuzz/corpus/$name"
+"build/fuzz/fuzz/zef_fuzz_$name" -artifact_prefix="$findings/" -max_len=512 -timeout=60 "$@" \
+  "$learned" "fuzz/corpus/$name"
