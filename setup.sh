@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # Installs what building needs and the machine lacks (Debian 12). With everything there it does nothing and needs no
-# network. Usage: setup.sh [build|test|bench|ci], each group with those it rests on; no argument means all of them.
+# network. Usage: setup.sh [build|test|bench|fuzz|ci], each group with those it rests on; no argument means all of them.
 set -euo pipefail
 
 packages_build=(cmake g++ ninja-build ccache pkg-config libicu-dev libboost-dev libfmt-dev libcli11-dev)
-packages_test=(libgtest-dev libgmock-dev sqlite3 python3)
+packages_test=(libgtest-dev libgmock-dev sqlite3 python3 valgrind)
 packages_bench=(libbenchmark-dev libical-dev)
-packages_ci=(clang-14 libclang-rt-14-dev clang-format clang-tidy libsqlite3-dev)
+packages_fuzz=(clang-14 libclang-rt-14-dev)
+packages_ci=(clang-format clang-tidy libsqlite3-dev)
 
 wanted_packages() {
   local wanted=("${packages_build[@]}")
@@ -15,9 +16,9 @@ wanted_packages() {
     build) ;;
     test) wanted+=("${packages_test[@]}") ;;
     bench) wanted+=("${packages_bench[@]}") ;;
-    ci) wanted+=("${packages_test[@]}" "${packages_bench[@]}" "${packages_ci[@]}") ;;
-    all) wanted+=("${packages_test[@]}" "${packages_bench[@]}" "${packages_ci[@]}") ;;
-    *) echo "setup.sh: unknown group \"$1\"; known are build, test, bench, ci" >&2; return 2 ;;
+    fuzz) wanted+=("${packages_fuzz[@]}") ;;
+    ci | all) wanted+=("${packages_test[@]}" "${packages_bench[@]}" "${packages_fuzz[@]}" "${packages_ci[@]}") ;;
+    *) echo "setup.sh: unknown group \"$1\"; known are build, test, bench, fuzz, ci" >&2; return 2 ;;
   esac
   printf '%s\n' "${wanted[@]}"
 }

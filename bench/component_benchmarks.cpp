@@ -27,12 +27,14 @@ class ComponentContest : public Contest {
   Ref<CSession> session_;
 };
 
-class NumberContest final : public ComponentContest {
+/// Reads one property of a contact many times. A property names its reading outside and adds up one reading inside.
+template <class Property>
+class ReadContest final : public ComponentContest {
  public:
-  NumberContest(World& world, int reads) : ComponentContest(world.Reading()), reads_(reads) {}
+  ReadContest(World& world, int reads) : ComponentContest(world.Reading()), reads_(reads) {}
 
   std::uint64_t Ours(int /*round*/, Stopwatch& watch) override {
-    return Timed(watch, [&] { return outside_.ReadNumber(reads_); });
+    return Timed(watch, [&] { return (outside_.*Property::kOutside)(reads_); });
   }
   std::uint64_t ByHand(int /*round*/, Stopwatch& watch) override {
     return Timed(watch, [&] {
@@ -40,8 +42,7 @@ class NumberContest final : public ComponentContest {
       for (int i = 0; i < reads_; ++i) {
         CContact* contact = contact_.get();
         benchmark::DoNotOptimize(contact);
-        const std::int32_t read = contact->FolderID;
-        sum += static_cast<std::uint64_t>(read);
+        sum += Property::Read(*contact);
       }
       return sum;
     });
@@ -52,30 +53,20 @@ class NumberContest final : public ComponentContest {
   Ref<CContact> contact_ = session_->GetContact(1);
 };
 
-class TextContest final : public ComponentContest {
- public:
-  TextContest(World& world, int reads) : ComponentContest(world.Reading()), reads_(reads) {}
-
-  std::uint64_t Ours(int /*round*/, Stopwatch& watch) override {
-    return Timed(watch, [&] { return outside_.ReadText(reads_); });
+struct NumberProperty {
+  static constexpr auto kOutside = &ComponentSide::ReadNumber;
+  static std::uint64_t Read(const CContact& contact) {
+    const std::int32_t read = contact.FolderID;
+    return static_cast<std::uint64_t>(read);
   }
-  std::uint64_t ByHand(int /*round*/, Stopwatch& watch) override {
-    return Timed(watch, [&] {
-      std::uint64_t sum = 0;
-      for (int i = 0; i < reads_; ++i) {
-        CContact* contact = contact_.get();
-        benchmark::DoNotOptimize(contact);
-        std::string read = contact->LastName;
-        benchmark::DoNotOptimize(read);
-        sum += read.size();
-      }
-      return sum;
-    });
+};
+struct TextProperty {
+  static constexpr auto kOutside = &ComponentSide::ReadText;
+  static std::uint64_t Read(const CContact& contact) {
+    std::string read = contact.LastName;
+    benchmark::DoNotOptimize(read);
+    return read.size();
   }
-
- private:
-  int reads_;
-  Ref<CContact> contact_ = session_->GetContact(1);
 };
 
 class LoadAndReadContest final : public ComponentContest {
@@ -122,18 +113,18 @@ class ComeAndGoContest final : public Contest {
   int times_;
 };
 
-template <class Made>
+template <class Property>
 void RegisterReads(World& world, const char* name) {
   constexpr double kTarget = 12;
-  Register(
-      {name, kTarget, 100'000, world.Rounds(20), [&world](int reads) { return std::make_unique<Made>(world, reads); }});
+  Register({name, kTarget, 100'000, world.Rounds(20),
+            [&world](int reads) { return std::make_unique<ReadContest<Property>>(world, reads); }});
 }
 
 }  // namespace
 
 void RegisterComponent(World& world) {
-  RegisterReads<NumberContest>(world, "Component: a number read, to plain C++");
-  RegisterReads<TextContest>(world, "Component: a text read, to plain C++");
+  RegisterReads<NumberProperty>(world, "Component: a number read, to plain C++");
+  RegisterReads<TextProperty>(world, "Component: a text read, to plain C++");
   Register({"Component: contacts loaded and read, to plain C++", 1.25, world.LoadedRows(), world.Rounds(8),
             [&world](int) { return std::make_unique<LoadAndReadContest>(world); }});
   Register({"Component: loaded, connected and let go, to linked in", 0, 10, world.Rounds(20),

@@ -34,6 +34,11 @@ if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
   set_tests_properties(clients.installed PROPERTIES TIMEOUT 300)
 endif()
 
+if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+  add_test(NAME valgrind.boundary COMMAND "${PROJECT_SOURCE_DIR}/tests/component/valgrind.sh" "${PROJECT_BINARY_DIR}" quick)
+  set_tests_properties(valgrind.boundary PROPERTIES LABELS valgrind SKIP_RETURN_CODE 77 TIMEOUT 900)
+endif()
+
 foreach(program IN ITEMS main by_name)
   add_test(NAME clients.program_of_the_outside_stands_in_document.${program}
     COMMAND "${CMAKE_COMMAND}" "-DPROGRAM=${PROJECT_SOURCE_DIR}/tests/clients/outside/${program}.cpp"

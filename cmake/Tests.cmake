@@ -6,11 +6,12 @@ include(GoogleTest)
 find_package(GTest REQUIRED)
 
 file(GLOB_RECURSE support_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/support/*.cpp")
+list(REMOVE_ITEM support_sources ${tool_sources})
 add_library(zef_test_base INTERFACE)
 target_link_libraries(zef_test_base INTERFACE zefcore zefschema GTest::gmock zef_warnings)
 if(support_sources)
   add_library(zef_test_support STATIC ${support_sources})
-  target_link_libraries(zef_test_support PUBLIC zef_test_base)
+  target_link_libraries(zef_test_support PUBLIC zef_test_base zef_test_tools)
 endif()
 
 file(GLOB folders LIST_DIRECTORIES TRUE RELATIVE "${PROJECT_SOURCE_DIR}/tests" CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/*")

@@ -1,9 +1,18 @@
 #include "component/classes.h"
 
+#include <array>
+#include <tuple>
+
 #include "component/names.h"
 
 namespace zef::component {
 namespace {
+
+/// The descriptions of classes, in the order of their names.
+template <class... T>
+std::array<const Class*, sizeof...(T)> ClassesOf(const std::tuple<Named<T>...>&) {
+  return {&ClassOf<T>()...};
+}
 
 constexpr EnumerationMember kFolderType[] = {{"FT_CONTACTS", FT_CONTACTS},
                                              {"FT_TASKS", FT_TASKS},
@@ -34,20 +43,12 @@ constexpr Enumeration kEnumerations[] = {
 }  // namespace
 
 std::span<const Class* const> PublicClasses() {
-  static const Class* const kClasses[] = {
-      &ClassOf<CSession>(),      &ClassOf<CAlarm>(),    &ClassOf<CAttachement>(), &ClassOf<CCategory>(),
-      &ClassOf<CContact>(),      &ClassOf<CEvent>(),    &ClassOf<CFolder>(),      &ClassOf<CNote>(),
-      &ClassOf<CNotification>(), &ClassOf<CPhoneLog>(), &ClassOf<CRecurrence>(),  &ClassOf<CTask>(),
-      &ClassOf<CUser>(),         &ClassOf<CTag>(),      &ClassOf<CAlarms>(),      &ClassOf<CCategories>(),
-      &ClassOf<CContacts>(),     &ClassOf<CEvents>(),   &ClassOf<CFolders>(),     &ClassOf<CNotes>(),
-      &ClassOf<CPhoneLogs>(),    &ClassOf<CTags>(),     &ClassOf<CTasks>(),       &ClassOf<CUsers>(),
-  };
+  static const auto kClasses = ClassesOf(kPublicNames);
   return kClasses;
 }
 
 std::span<const Class* const> ReachedClasses() {
-  static const Class* const kClasses[] = {&ClassOf<Connection>(), &ClassOf<Errors>(), &ClassOf<Error>(),
-                                          &ClassOf<Recordset>(),  &ClassOf<Fields>(), &ClassOf<Field>()};
+  static const auto kClasses = ClassesOf(kReachedNames);
   return kClasses;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <tuple>
 
 #include "addressbook/phone_log.h"
 #include "calendar/notification.h"
@@ -12,84 +13,63 @@
 #include "session/fields_array.h"
 #include "session/session.h"
 
-/// Every class and enumeration that clients know, by its public name.
+/// Every class and enumeration that clients know, by its public name, in its public order.
 namespace zef::component {
 
+/// A C++ type and what clients call it.
 template <class T>
-inline constexpr std::string_view kNameOf;
+struct Named {
+  std::string_view name;
+};
 
-template <>
-inline constexpr std::string_view kNameOf<FolderType> = "FolderType";
-template <>
-inline constexpr std::string_view kNameOf<FieldType> = "FieldType";
-template <>
-inline constexpr std::string_view kNameOf<NotificationType> = "NotificationType";
-template <>
-inline constexpr std::string_view kNameOf<NotificationStatus> = "NotificationStatus";
-template <>
-inline constexpr std::string_view kNameOf<CallDirection> = "CallDirection";
-template <>
-inline constexpr std::string_view kNameOf<RecurrenceType> = "RecurrenceType";
-template <>
-inline constexpr std::string_view kNameOf<CSession> = "CSession";
-template <>
-inline constexpr std::string_view kNameOf<CAlarm> = "CAlarm";
-template <>
-inline constexpr std::string_view kNameOf<CAttachement> = "CAttachement";
-template <>
-inline constexpr std::string_view kNameOf<CCategory> = "CCategory";
-template <>
-inline constexpr std::string_view kNameOf<CContact> = "CContact";
-template <>
-inline constexpr std::string_view kNameOf<CEvent> = "CEvent";
-template <>
-inline constexpr std::string_view kNameOf<CFolder> = "CFolder";
-template <>
-inline constexpr std::string_view kNameOf<CNote> = "CNote";
-template <>
-inline constexpr std::string_view kNameOf<CNotification> = "CNotification";
-template <>
-inline constexpr std::string_view kNameOf<CPhoneLog> = "CPhoneLog";
-template <>
-inline constexpr std::string_view kNameOf<CRecurrence> = "CRecurrence";
-template <>
-inline constexpr std::string_view kNameOf<CTask> = "CTask";
-template <>
-inline constexpr std::string_view kNameOf<CUser> = "CUser";
-template <>
-inline constexpr std::string_view kNameOf<CTag> = "CTag";
-template <>
-inline constexpr std::string_view kNameOf<CAlarms> = "CAlarms";
-template <>
-inline constexpr std::string_view kNameOf<CCategories> = "CCategories";
-template <>
-inline constexpr std::string_view kNameOf<CContacts> = "CContacts";
-template <>
-inline constexpr std::string_view kNameOf<CEvents> = "CEvents";
-template <>
-inline constexpr std::string_view kNameOf<CFolders> = "CFolders";
-template <>
-inline constexpr std::string_view kNameOf<CNotes> = "CNotes";
-template <>
-inline constexpr std::string_view kNameOf<CPhoneLogs> = "CPhoneLogs";
-template <>
-inline constexpr std::string_view kNameOf<CTags> = "CTags";
-template <>
-inline constexpr std::string_view kNameOf<CTasks> = "CTasks";
-template <>
-inline constexpr std::string_view kNameOf<CUsers> = "CUsers";
-template <>
-inline constexpr std::string_view kNameOf<Connection> = "Connection";
-template <>
-inline constexpr std::string_view kNameOf<Errors> = "Errors";
-template <>
-inline constexpr std::string_view kNameOf<Error> = "Error";
-template <>
-inline constexpr std::string_view kNameOf<Recordset> = "Recordset";
-template <>
-inline constexpr std::string_view kNameOf<Fields> = "Fields";
-template <>
-inline constexpr std::string_view kNameOf<Field> = "Field";
+inline constexpr std::tuple kEnumerationNames{
+    Named<FolderType>{"FolderType"},
+    Named<FieldType>{"FieldType"},
+    Named<NotificationType>{"NotificationType"},
+    Named<NotificationStatus>{"NotificationStatus"},
+    Named<CallDirection>{"CallDirection"},
+    Named<RecurrenceType>{"RecurrenceType"},
+};
+
+/// The classes that clients can create.
+inline constexpr std::tuple kPublicNames{
+    Named<CSession>{"CSession"},
+    Named<CAlarm>{"CAlarm"},
+    Named<CAttachement>{"CAttachement"},
+    Named<CCategory>{"CCategory"},
+    Named<CContact>{"CContact"},
+    Named<CEvent>{"CEvent"},
+    Named<CFolder>{"CFolder"},
+    Named<CNote>{"CNote"},
+    Named<CNotification>{"CNotification"},
+    Named<CPhoneLog>{"CPhoneLog"},
+    Named<CRecurrence>{"CRecurrence"},
+    Named<CTask>{"CTask"},
+    Named<CUser>{"CUser"},
+    Named<CTag>{"CTag"},
+    Named<CAlarms>{"CAlarms"},
+    Named<CCategories>{"CCategories"},
+    Named<CContacts>{"CContacts"},
+    Named<CEvents>{"CEvents"},
+    Named<CFolders>{"CFolders"},
+    Named<CNotes>{"CNotes"},
+    Named<CPhoneLogs>{"CPhoneLogs"},
+    Named<CTags>{"CTags"},
+    Named<CTasks>{"CTasks"},
+    Named<CUsers>{"CUsers"},
+};
+
+/// Those that clients only reach.
+inline constexpr std::tuple kReachedNames{
+    Named<Connection>{"Connection"}, Named<Errors>{"Errors"}, Named<Error>{"Error"},
+    Named<Recordset>{"Recordset"},   Named<Fields>{"Fields"}, Named<Field>{"Field"},
+};
+
+template <class T>
+inline constexpr std::string_view kNameOf =
+    std::get<Named<T>>(std::tuple_cat(kEnumerationNames, kPublicNames, kReachedNames)).name;
+
+// Each is described in a file of its own.
 
 template <>
 const Class& ClassOf<CSession>();

@@ -6,10 +6,10 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 
+#include "component/client/registry.h"
 #include "component/identifiers.h"
 #include "platform/file.h"
 #include "platform/run_time_error.h"
@@ -34,15 +34,6 @@ std::string NameableLibraryPath() {
   if (path.empty()) throw RunTimeError(FailureNumber::FileNotFound);
   if (path.find_first_of("\r\n") != std::string::npos) throw RunTimeError(FailureNumber::PathFileAccess);
   return path;
-}
-
-/// The user's folder of components; empty if there is no place for it.
-std::filesystem::path ComponentsFolder() {
-  const char* const data = std::getenv("XDG_DATA_HOME");
-  if (data != nullptr && data[0] == '/') return std::filesystem::path(data) / "components";
-  const char* const home = std::getenv("HOME");
-  if (home == nullptr || home[0] != '/') return {};
-  return std::filesystem::path(home) / ".local/share/components";
 }
 
 std::string ProgrammaticName(const Class& described) { return fmt::format("{}.{}", kLibraryName, described.name); }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -21,6 +24,33 @@ struct Lifetime {
   static void Release(void* object) { intrusive_ptr_release(static_cast<T*>(object)); }
   static void*& Outside(void* object) { return static_cast<T*>(object)->Outside(); }
 };
+
+template <class Piece>
+inline constexpr std::size_t kRowsOf = 1;
+template <std::size_t Count>
+inline constexpr std::size_t kRowsOf<std::array<Member, Count>> = Count;
+
+/// The rows of a class from single members and from runs of members that several classes share.
+template <std::size_t Count>
+struct Rows : std::array<Member, Count> {
+  template <class... Pieces>
+  constexpr explicit Rows(const Pieces&... pieces) : std::array<Member, Count>{} {
+    auto end = this->begin();
+    ((end = Append(end, pieces)), ...);
+  }
+
+ private:
+  static constexpr Member* Append(Member* end, const Member& member) {
+    *end = member;
+    return end + 1;
+  }
+  template <std::size_t Run>
+  static constexpr Member* Append(Member* end, const std::array<Member, Run>& run) {
+    return std::copy(run.begin(), run.end(), end);
+  }
+};
+template <class... Pieces>
+Rows(const Pieces&...) -> Rows<(kRowsOf<Pieces> + ...)>;
 
 /// A class that clients can create.
 template <class T>

@@ -7,7 +7,7 @@ namespace {
 
 using Of = RecordMembers<CAlarm>;
 
-constexpr Member kMembers[] = {
+constexpr Rows kMembers{
     Of::ID(),
     Of::Session(),
     Of::Property<&CAlarm::Attachement, Ref<CAttachement>>("Attachement"),
@@ -22,12 +22,7 @@ constexpr Member kMembers[] = {
     Of::Property<&CAlarm::StartDate, Date>("StartDate"),
     Of::Property<&CAlarm::Reminder, Long>("Reminder"),
     Of::DateLastUpdate(),
-    Of::IsNew(),
-    Of::IsModified(),
-    Of::ResetFlagsX(),
-    Of::ResetFlags(),
-    Of::GetValuesFromRS(),
-    Of::Save(),
+    Of::Contract(),
     Of::Save2File(),
     Of::Refresh(),
     Of::GetFieldsArray(),

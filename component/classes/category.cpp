@@ -7,18 +7,13 @@ namespace {
 
 using Of = RecordMembers<CCategory>;
 
-constexpr Member kMembers[] = {
+constexpr Rows kMembers{
     Of::ID(),
     Of::Session(),
     Of::Property<&CCategory::Color, Long>("Color"),
     Of::Property<&CCategory::Name, Text>("Name"),
     Of::DateLastUpdate(),
-    Of::IsNew(),
-    Of::IsModified(),
-    Of::ResetFlagsX(),
-    Of::ResetFlags(),
-    Of::GetValuesFromRS(),
-    Of::Save(),
+    Of::Contract(),
 };
 constexpr Class kClass = Creatable<CCategory>(4, kMembers);
 

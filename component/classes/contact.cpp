@@ -7,7 +7,7 @@ namespace {
 
 using Of = RecordMembers<CContact>;
 
-constexpr Member kMembers[] = {
+constexpr Rows kMembers{
     Of::ID(),
     Of::Session(),
     Of::Property<&CContact::FolderID, Long>("FolderID"),
@@ -53,12 +53,7 @@ constexpr Member kMembers[] = {
     Of::Property<&CContact::CustomField1, Text>("CustomField1"),
     Of::Property<&CContact::CustomField2, Text>("CustomField2"),
     Of::DateLastUpdate(),
-    Of::IsNew(),
-    Of::IsModified(),
-    Of::ResetFlagsX(),
-    Of::ResetFlags(),
-    Of::GetValuesFromRS(),
-    Of::Save(),
+    Of::Contract(),
     Of::Save2File(),
     Of::Refresh(),
     Of::Function<&CContact::CopyCompanyInformation, Boolean(ByRef<Ref<CContact>>)>("CopyCompanyInformation",

@@ -7,7 +7,7 @@ namespace {
 
 using Of = RecordMembers<CEvent>;
 
-constexpr Member kMembers[] = {
+constexpr Rows kMembers{
     Of::ID(),
     Of::Field<&CEvent::DisplayCol, Long>("DisplayCol"),
     Of::Field<&CEvent::DisplayRow1, Long>("DisplayRow1"),
@@ -28,12 +28,7 @@ constexpr Member kMembers[] = {
     Of::Property<&CEvent::EndDate, Date>("EndDate"),
     Of::Property<&CEvent::Reminder, Long>("Reminder"),
     Of::DateLastUpdate(),
-    Of::IsNew(),
-    Of::IsModified(),
-    Of::ResetFlagsX(),
-    Of::ResetFlags(),
-    Of::GetValuesFromRS(),
-    Of::Save(),
+    Of::Contract(),
     Of::Save2File(),
     Of::Refresh(),
     Of::GetFieldsArray(),

@@ -7,7 +7,7 @@ namespace {
 
 using Of = RecordMembers<CNote>;
 
-constexpr Member kMembers[] = {
+constexpr Rows kMembers{
     Of::ID(),
     Of::Session(),
     Of::Property<&CNote::FolderID, Long>("FolderID"),
@@ -15,12 +15,7 @@ constexpr Member kMembers[] = {
     Of::Property<&CNote::Title, Text>("Title"),
     Of::Property<&CNote::Text, Text>("Text"),
     Of::DateLastUpdate(),
-    Of::IsNew(),
-    Of::IsModified(),
-    Of::ResetFlagsX(),
-    Of::ResetFlags(),
-    Of::GetValuesFromRS(),
-    Of::Save(),
+    Of::Contract(),
     Of::Save2File(),
     Of::Function<&CNote::ReadFromFile, Boolean(ByRef<Text>)>("ReadFromFile", "strFile"),
     Of::Refresh(),

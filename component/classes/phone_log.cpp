@@ -7,7 +7,7 @@ namespace {
 
 using Of = RecordMembers<CPhoneLog>;
 
-constexpr Member kMembers[] = {
+constexpr Rows kMembers{
     Of::ID(),
     Of::Session(),
     Of::Property<&CPhoneLog::ContactID, Long>("ContactID"),
@@ -17,12 +17,7 @@ constexpr Member kMembers[] = {
     Of::Property<&CPhoneLog::PhoneNumber, Text>("PhoneNumber"),
     Of::Property<&CPhoneLog::Notes, Text>("Notes"),
     Of::DateLastUpdate(),
-    Of::IsNew(),
-    Of::IsModified(),
-    Of::ResetFlagsX(),
-    Of::ResetFlags(),
-    Of::GetValuesFromRS(),
-    Of::Save(),
+    Of::Contract(),
 };
 constexpr Class kClass = Creatable<CPhoneLog>(10, kMembers);
 

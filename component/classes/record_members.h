@@ -27,6 +27,10 @@ struct RecordMembers : Members<T> {
     return Of::template Function<&T::GetValuesFromRS, void(ByRef<Ref<Recordset>>)>("GetValuesFromRS", "Rs");
   }
   static constexpr Member Save() { return Of::template Function<&T::Save, Boolean()>("Save"); }
+  /// What most classes have in one run.
+  static constexpr std::array<Member, 6> Contract() {
+    return {IsNew(), IsModified(), ResetFlagsX(), ResetFlags(), GetValuesFromRS(), Save()};
+  }
   static constexpr Member Refresh() { return Of::template Function<&T::Refresh, Boolean()>("Refresh"); }
   static constexpr Member GetFieldsArray() {
     return Of::template Function<&T::GetFieldsArray, Boolean(FieldType, ByRef<FieldsArray>, ByRef<Long>)>(

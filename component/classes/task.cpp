@@ -7,7 +7,7 @@ namespace {
 
 using Of = RecordMembers<CTask>;
 
-constexpr Member kMembers[] = {
+constexpr Rows kMembers{
     Of::ID(),
     Of::Session(),
     Of::Recurrence(),
@@ -26,12 +26,7 @@ constexpr Member kMembers[] = {
     Of::Property<&CTask::StartDate, Date>("StartDate"),
     Of::Property<&CTask::DueDate, Date>("DueDate"),
     Of::DateLastUpdate(),
-    Of::IsNew(),
-    Of::IsModified(),
-    Of::ResetFlagsX(),
-    Of::ResetFlags(),
-    Of::GetValuesFromRS(),
-    Of::Save(),
+    Of::Contract(),
     Of::Save2File(),
     Of::Refresh(),
     Of::GetFieldsArray(),

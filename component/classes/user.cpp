@@ -7,7 +7,7 @@ namespace {
 
 using Of = RecordMembers<CUser>;
 
-constexpr Member kMembers[] = {
+constexpr Rows kMembers{
     Of::ID(),
     Of::Session(),
     Of::Property<&CUser::Name, Text>("Name"),
@@ -17,12 +17,7 @@ constexpr Member kMembers[] = {
     Of::Property<&CUser::Email, Text>("Email"),
     Of::DateLastUpdate(),
     Of::Property<&CUser::CreationDate, Date>("CreationDate"),
-    Of::IsNew(),
-    Of::IsModified(),
-    Of::ResetFlagsX(),
-    Of::ResetFlags(),
-    Of::GetValuesFromRS(),
-    Of::Save(),
+    Of::Contract(),
     Of::Function<&CUser::IsAdministrator, Boolean()>("IsAdministrator"),
     Of::Function<&CUser::IsDataEditor, Boolean()>("IsDataEditor"),
     Of::Function<&CUser::IsDataViewer, Boolean()>("IsDataViewer"),

@@ -12,6 +12,7 @@
 #include "ZEFComponents/automation.h"
 #include "ZEFComponents/carried.h"
 #include "ZEFComponents/failure.h"
+#include "ZEFComponents/registry.h"
 
 /// Finding and loading the library.
 namespace zef {
@@ -50,15 +51,6 @@ class Library {
  private:
   GetClassObjectFunction* get_class_object_;
 };
-
-/// The user's folder of components, $XDG_DATA_HOME/components or ~/.local/share/components; empty if neither is named
-/// by a whole path, since a folder that depends on where a program runs is nobody's registry.
-inline std::string ComponentsFolder() {
-  const auto whole = [](const char* path) { return path != nullptr && path[0] == '/'; };
-  if (const char* const data = std::getenv("XDG_DATA_HOME"); whole(data)) return std::string(data) + "/components";
-  if (const char* const home = std::getenv("HOME"); whole(home)) return std::string(home) + "/.local/share/components";
-  return {};
-}
 
 /// Where a class is registered; empty without a folder of components.
 inline std::string EntryPath(std::string_view name) {

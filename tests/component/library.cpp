@@ -35,8 +35,9 @@ Function* Library::Find(const char* name) const {
   return reinterpret_cast<Function*>(dlsym(handle_, name));
 }
 
+GetClassObjectFunction* Library::ClassObjects() const { return Find<GetClassObjectFunction>("DllGetClassObject"); }
 HRESULT Library::GetClassObject(REFCLSID identifier, REFIID riid, void** object) const {
-  return Find<GetClassObjectFunction>("DllGetClassObject")(identifier, riid, object);
+  return ClassObjects()(identifier, riid, object);
 }
 HRESULT Library::CanUnloadNow() const { return Find<LibraryFunction>("DllCanUnloadNow")(); }
 HRESULT Library::RegisterServer() const { return Find<LibraryFunction>("DllRegisterServer")(); }

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "component/automation.h"
-#include "tests/component/automation_client.h"
+#include "tests/support/automation_client.h"
 #include "tests/support/database.h"
 
 namespace zef::test {
@@ -27,6 +27,8 @@ class Library {
   /// The one that most tests share.
   static const Library& Shared();
 
+  /// Its function "DllGetClassObject".
+  GetClassObjectFunction* ClassObjects() const;
   HRESULT GetClassObject(REFCLSID identifier, REFIID riid, void** object) const;
   HRESULT CanUnloadNow() const;
   HRESULT RegisterServer() const;

@@ -77,13 +77,13 @@ class WalkFailureTest(LibraryTest):
 
 
 class ClosedRecordsTest(DatabaseTest):
-    def test_walk_fails_with_number_and_source_of_a_call(self):
+    def test_walk_fails_as_a_call_does(self):
         records = self.session.conDBConnection.Execute("SELECT * FROM Folders")
         fields = records.Fields
         walk = iter(fields)
         records.Close()
         of_walk, of_call = raised(Failure, next, walk), raised(Failure, lambda: fields.Count)
-        self.assertEqual((of_walk.number, of_walk.source), (of_call.number, of_call.source))
+        self.assertEqual(of_walk.args, of_call.args)
 
 
 if __name__ == "__main__":

@@ -1,6 +1,6 @@
-#include "tests/component/automation_client.h"
+#include "tests/support/automation_client.h"
 
-#include <gtest/gtest.h>
+#include <stdexcept>
 
 #include "platform/text.h"
 
@@ -38,33 +38,36 @@ Variant Variant::Decimal(std::uint32_t high, std::uint64_t low, unsigned char sc
   return made;
 }
 
-void Variant::Expect(VARTYPE kind) const { EXPECT_EQ(raw_.vt, kind); }
+void Variant::Require(VARTYPE kind) const {
+  if (raw_.vt == kind) return;
+  throw std::logic_error("a value of kind " + std::to_string(raw_.vt) + ", not " + std::to_string(kind));
+}
 
 std::int32_t Variant::number() const {
-  Expect(VT_I4);
-  return raw_.vt == VT_I4 ? raw_.lVal : 0;
+  Require(VT_I4);
+  return raw_.lVal;
 }
 
 bool Variant::truth() const {
-  Expect(VT_BOOL);
-  return raw_.vt == VT_BOOL && raw_.boolVal != VARIANT_FALSE;
+  Require(VT_BOOL);
+  return raw_.boolVal != VARIANT_FALSE;
 }
 
 double Variant::date() const {
-  Expect(VT_DATE);
-  return raw_.vt == VT_DATE ? raw_.date : 0.0;
+  Require(VT_DATE);
+  return raw_.date;
 }
 
 std::string Variant::text() const { return text::ToUtf8(units()); }
 
 std::u16string Variant::units() const {
-  Expect(VT_BSTR);
-  return raw_.vt == VT_BSTR ? std::u16string(UnitsOf(raw_.bstrVal)) : std::u16string();
+  Require(VT_BSTR);
+  return std::u16string(UnitsOf(raw_.bstrVal));
 }
 
 Object Variant::object() const {
-  Expect(VT_DISPATCH);
-  if (raw_.vt != VT_DISPATCH || raw_.pdispVal == nullptr) return {};
+  Require(VT_DISPATCH);
+  if (raw_.pdispVal == nullptr) return {};
   raw_.pdispVal->AddRef();
   return Object(raw_.pdispVal);
 }

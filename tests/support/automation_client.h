@@ -60,7 +60,7 @@ class Variant {
   VARIANT& raw() { return raw_; }
   const VARIANT& raw() const { return raw_; }
 
-  // The value; each fails the test if it is of another kind.
+  // The value. Each raises std::logic_error if it is of another kind, which fails a test.
   std::int32_t number() const;
   bool truth() const;
   double date() const;
@@ -69,7 +69,7 @@ class Variant {
   Object object() const;
 
  private:
-  void Expect(VARTYPE kind) const;
+  void Require(VARTYPE kind) const;
 
   VARIANT raw_;
 };

@@ -1,0 +1,7 @@
+# What tests and fuzzers both use. It knows nothing of GoogleTest.
+
+file(GLOB_RECURSE tool_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/support/random/*.cpp")
+list(APPEND tool_sources
+  "${PROJECT_SOURCE_DIR}/tests/support/automation_client.cpp" "${PROJECT_SOURCE_DIR}/tests/support/database.cpp")
+add_library(zef_test_tools STATIC ${tool_sources})
+target_link_libraries(zef_test_tools PUBLIC zefcomponent zefschema PRIVATE zef_warnings)
