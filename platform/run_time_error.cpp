@@ -17,6 +17,7 @@ const char* StandingSentence(FailureNumber number) {
     case FailureNumber::OutOfStackSpace: return "Out of stack space";
     case FailureNumber::BadFileNumber: return "Bad file name or number";
     case FailureNumber::FileNotFound: return "File not found";
+    case FailureNumber::BadFileMode: return "Bad file mode";
     case FailureNumber::FileNumberTaken: return "File already open";
     case FailureNumber::DiskFull: return "Disk full";
     case FailureNumber::TooManyFiles: return "Too many files";

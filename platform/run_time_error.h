@@ -18,6 +18,7 @@ enum class FailureNumber : std::int32_t {
   OutOfStackSpace = 28,
   BadFileNumber = 52,
   FileNotFound = 53,
+  BadFileMode = 54,
   FileNumberTaken = 55,
   DiskFull = 61,
   TooManyFiles = 67,
