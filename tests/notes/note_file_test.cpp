@@ -1,10 +1,10 @@
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "platform/text.h"
 #include "tests/notes/note_fixture.h"
 #include "tests/support/file_numbers.h"
+#include "tests/support/open_file.h"
 #include "tests/support/process.h"
 
 namespace zef::test {
@@ -128,6 +128,14 @@ TEST_F(NoteFile, FileThatWasReadGivesItsNumberBack) {
   EXPECT_EQ(FreeFile(), 1);
 }
 
+TEST_F(NoteFile, ReadingLeavesNoFileOpen) {
+  const std::string path = FileOf("x");
+  ASSERT_TRUE(Read(path));
+  const auto open = OpenFileCount();
+  for (int i = 0; i < 10; ++i) ASSERT_TRUE(Read(path));
+  EXPECT_EQ(OpenFileCount(), open);
+}
+
 TEST_F(NoteFile, FileThatCannotBeOpenedTakesNoNumber) {
   EXPECT_FALSE(Read("/"));
   EXPECT_EQ(FreeFile(), 1);
@@ -161,8 +169,7 @@ TEST(NoteFileWithoutMemory, FileThatMemoryCannotHoldLeavesWhatWasRead) {
   std::ofstream(path) << "begins";
   std::filesystem::resize_file(path, std::uintmax_t{200} << 20);
   Process child([&] {
-    const rlimit limit{rlim_t{64} << 20, rlim_t{64} << 20};
-    setrlimit(RLIMIT_DATA, &limit);
+    LimitMemory(std::size_t{64} << 20);
     return EndOfReading(path);
   });
   EXPECT_EQ(child.Result(), "7, begins");
