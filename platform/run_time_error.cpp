@@ -73,6 +73,8 @@ std::optional<RunTimeError> CurrentFailure() {
     return RunTimeError(FailureNumber::OutOfMemory);
   } catch (const std::exception& failure) {
     return RunTimeError(FailureNumber::InvalidCall, failure.what());
+  } catch (...) {
+    return RunTimeError(FailureNumber::InvalidCall);
   }
 }
 

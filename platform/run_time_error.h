@@ -76,7 +76,8 @@ class RunTimeError : public std::exception {
 };
 
 /// The failure that is being handled at this moment: what the innermost running `catch` caught, or nothing outside
-/// of one. Failures of the standard library are told in the same terms.
+/// of one. Failures of the standard library are told in the same terms, and anything else that a caller may have caught
+/// is 5.
 std::optional<RunTimeError> CurrentFailure();
 
 }  // namespace zef
