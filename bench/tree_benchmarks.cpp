@@ -13,6 +13,7 @@
 #include "platform/engine.h"
 #include "platform/recordset.h"
 #include "tasks/task.h"
+#include "tests/support/forwarding_engine.h"
 
 namespace zef::bench {
 namespace {
@@ -111,26 +112,18 @@ class TreeContest final : public Contest {
 };
 
 /// Looks at the heap at every statement and keeps the most that was in use.
-class HeapWatch final : public Engine {
+class HeapWatch final : public test::ForwardingEngine {
  public:
   HeapWatch(std::unique_ptr<Engine> engine, std::shared_ptr<std::size_t> most)
-      : engine_(std::move(engine)), most_(std::move(most)) {}
+      : ForwardingEngine(std::move(engine)), most_(std::move(most)) {}
 
   Result Execute(const Command& command) override {
     const struct mallinfo2 info = mallinfo2();
     *most_ = std::max(*most_, info.uordblks + info.hblkhd);
-    return engine_->Execute(command);
+    return ForwardingEngine::Execute(command);
   }
-  std::optional<std::vector<std::string>> Relationships(std::string_view table) override {
-    return engine_->Relationships(table);
-  }
-  void BeginTrans() override { engine_->BeginTrans(); }
-  void CommitTrans() override { engine_->CommitTrans(); }
-  void RollbackTrans() override { engine_->RollbackTrans(); }
-  int TransactionDepth() const override { return engine_->TransactionDepth(); }
 
  private:
-  std::unique_ptr<Engine> engine_;
   std::shared_ptr<std::size_t> most_;
 };
 

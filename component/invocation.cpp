@@ -97,7 +97,7 @@ HRESULT Describe(EXCEPINFO* failure) noexcept {
     failure->bstrDescription = TextOrNone(raised.description());
     failure->scode = FailureCode(raised.number());
     return DISP_E_EXCEPTION;
-  } catch (const std::bad_alloc&) {
+  } catch (...) {  // memory: nothing else is raised here
     return E_OUTOFMEMORY;
   }
 }

@@ -26,7 +26,7 @@ Ref<CCategory> CSession::GetCategory(std::int32_t CategoryID) {
 
 std::int32_t CSession::GetCategoryID4Name(const std::string& strConnectName) {
   return FirstID(*this, "GetCategoryID4Name", "SELECT * FROM Categories WHERE CAT_Name=" + SqlQuoted(strConnectName),
-                 "CAT_ID");
+                 "CAT_ID", Value(-1));
 }
 
 bool CSession::LoadCategoriesWithCriteria(const Ref<CCategories>& udtCategories, const std::string& strCriteria) {

@@ -36,7 +36,8 @@ class CAttachement : public Record<CAttachement> {
   /// written. A new record draws its identifier first. Checks no rights and opens no transaction.
   bool Save();
   /// Writes the stored content to `CacheFileName`, or to a new name in the temporary folder if that is empty, over what
-  /// stands there. The file is private to the user. True, and no file, without a row. Marks nothing as modified.
+  /// stands there. The file is private to the user. Without a row it writes nothing and is True. Marks nothing as
+  /// modified.
   bool Cache2File();
   /// The first of "zef1", "zef2"... with the extension in the temporary folder that nothing stands under. The file is
   /// not made. Fails for a `DocType` that would lead out of the folder.

@@ -38,9 +38,11 @@ bool CNote::ReadFromFile(const std::string& strFile) {
   CSession& session = Deref(Session());
   return Trapped(session, "CNote.ReadFromFile", false, [&] {
     session.ClearError();
-    TextReader file(strFile);
+    const std::int32_t file = FreeFile();
+    OpenForInput(strFile, file);
     Text = std::string();
-    for (std::string_view part = file.Next(); !part.empty(); part = file.Next()) Text += part;
+    for (std::string part = Input(file); !part.empty(); part = Input(file)) Text += part;
+    CloseFile(file);
     return true;
   });
 }

@@ -28,7 +28,7 @@ class CNote : public Record<CNote> {
   bool Save();
   /// Makes a file's bytes, read as Windows-1252, the text. The note becomes modified with the first of them, or with
   /// the clearing, if there was a text. If the file cannot be read to its end, what was read stays; if it cannot be
-  /// opened, the old text. The file is closed in any case.
+  /// opened, the old text. A file that cannot be read to its end stays open under its number (`platform/text_file.h`).
   bool ReadFromFile(const std::string& strFile);
   /// Reads the row again, so that title and text stand twice in a note that was loaded.
   bool Refresh();

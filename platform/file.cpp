@@ -125,7 +125,12 @@ InputFile::InputFile(const std::string& path) : path_(path) {
   RefuseKind(status, path);
 }
 
-InputFile::~InputFile() { close(file_); }
+InputFile::~InputFile() {
+  if (file_ >= 0) close(file_);
+}
+
+InputFile::InputFile(InputFile&& other) noexcept
+    : path_(std::move(other.path_)), file_(std::exchange(other.file_, -1)), size_(other.size_) {}
 
 std::size_t InputFile::Read(std::span<std::byte> buffer) {
   std::size_t done = 0;

@@ -9,13 +9,14 @@
 /// denied, 61 disk full, 75 for anything else that keeps a path from being used.
 namespace zef {
 
-/// A regular file open for reading; a folder, a pipe or a device is refused at once. Closed with the object.
+/// A regular file open for reading; a folder, a pipe or a device is refused at once. Closed with the object, which may
+/// be moved.
 class InputFile {
  public:
   explicit InputFile(const std::string& path);
   ~InputFile();
-  InputFile(const InputFile&) = delete;
-  InputFile& operator=(const InputFile&) = delete;
+  InputFile(InputFile&& other) noexcept;
+  InputFile& operator=(InputFile&&) = delete;
 
   /// Bytes in the file when it was opened.
   std::uint64_t size() const { return size_; }

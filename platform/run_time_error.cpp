@@ -17,6 +17,7 @@ const char* StandingSentence(FailureNumber number) {
     case FailureNumber::OutOfStackSpace: return "Out of stack space";
     case FailureNumber::BadFileNumber: return "Bad file name or number";
     case FailureNumber::FileNotFound: return "File not found";
+    case FailureNumber::BadFileMode: return "Bad file mode";
     case FailureNumber::FileNumberTaken: return "File already open";
     case FailureNumber::DiskFull: return "Disk full";
     case FailureNumber::TooManyFiles: return "Too many files";
@@ -72,6 +73,8 @@ std::optional<RunTimeError> CurrentFailure() {
     return RunTimeError(FailureNumber::OutOfMemory);
   } catch (const std::exception& failure) {
     return RunTimeError(FailureNumber::InvalidCall, failure.what());
+  } catch (...) {
+    return RunTimeError(FailureNumber::InvalidCall);
   }
 }
 

@@ -18,6 +18,7 @@ enum class FailureNumber : std::int32_t {
   OutOfStackSpace = 28,
   BadFileNumber = 52,
   FileNotFound = 53,
+  BadFileMode = 54,
   FileNumberTaken = 55,
   DiskFull = 61,
   TooManyFiles = 67,
@@ -75,7 +76,8 @@ class RunTimeError : public std::exception {
 };
 
 /// The failure that is being handled at this moment: what the innermost running `catch` caught, or nothing outside
-/// of one. Failures of the standard library are told in the same terms.
+/// of one. Failures of the standard library are told in the same terms, and anything else that a caller may have caught
+/// is 5.
 std::optional<RunTimeError> CurrentFailure();
 
 }  // namespace zef

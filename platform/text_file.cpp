@@ -2,12 +2,16 @@
 
 #include <pthread.h>
 
+#include <array>
+#include <cstddef>
 #include <map>
 #include <memory>
 #include <new>
 #include <span>
 #include <utility>
+#include <variant>
 
+#include "platform/file.h"
 #include "platform/made_once.h"
 #include "platform/run_time_error.h"
 #include "platform/windows_1252.h"
@@ -16,8 +20,19 @@ namespace zef {
 namespace {
 
 constexpr std::int32_t kLastNumber = 511;
+constexpr std::size_t kPortion = 1 << 16;
+constexpr std::size_t kMostRead = 1'000'000'000;
 
-using OpenFiles = std::map<std::int32_t, OutputFile>;
+/// A file that is read, and how many characters of it have been.
+struct InputText {
+  explicit InputText(const std::string& path) : file(path) {}
+
+  InputFile file;
+  std::size_t read = 0;
+};
+
+using OpenFile = std::variant<InputText, OutputFile>;
+using OpenFiles = std::map<std::int32_t, OpenFile>;
 
 /// The files of each thread, by the system's own key. A variable of the language that ends with its thread would keep
 /// the library mapped until then; a key can be given back.
@@ -59,31 +74,37 @@ OpenFiles* MyFiles() {
   return all == nullptr ? nullptr : all->Mine();
 }
 
-OutputFile* FindFile(std::int32_t number) {
+OpenFile* FindFile(std::int32_t number) {
   OpenFiles* const files = MyFiles();
   if (files == nullptr) return nullptr;
   const auto file = files->find(number);
   return file == files->end() ? nullptr : &file->second;
 }
 
-OutputFile& FileOf(std::int32_t number) {
-  OutputFile* const file = FindFile(number);
+OpenFile& FileOf(std::int32_t number) {
+  OpenFile* const file = FindFile(number);
   if (file == nullptr) throw RunTimeError(FailureNumber::BadFileNumber);
   return *file;
 }
 
-}  // namespace
-
-TextReader::TextReader(const std::string& path) : file_((FreeFile(), path)) {}
-
-const std::string& TextReader::Next() {
-  portion_.clear();
-  const std::size_t count = file_.Read(bytes_);
-  read_ += count;
-  if (read_ > kMost) throw RunTimeError(FailureNumber::PathFileAccess, "The text file is too long.");
-  AppendFromWindows1252(portion_, std::span(bytes_.data(), count));
-  return portion_;
+/// The file of a number that must be open this way.
+template <class Way>
+Way& FileOpenAs(std::int32_t number) {
+  Way* const file = std::get_if<Way>(&FileOf(number));
+  if (file == nullptr) throw RunTimeError(FailureNumber::BadFileMode);
+  return *file;
 }
+
+template <class Way>
+void OpenAs(const std::string& path, std::int32_t number) {
+  if (number < 1 || number > kLastNumber) throw RunTimeError(FailureNumber::BadFileNumber);
+  if (FindFile(number) != nullptr) throw RunTimeError(FailureNumber::FileNumberTaken);
+  OpenFile file(std::in_place_type<Way>, path);
+  OpenFiles* const files = MyFiles();
+  (files != nullptr ? *files : files_by_thread.Get().Begin()).emplace(number, std::move(file));
+}
+
+}  // namespace
 
 std::int32_t FreeFile() {
   const OpenFiles* const files = MyFiles();
@@ -97,25 +118,32 @@ std::int32_t FreeFile() {
   return number;
 }
 
-void OpenForOutput(const std::string& path, std::int32_t number) {
-  if (number < 1 || number > kLastNumber) throw RunTimeError(FailureNumber::BadFileNumber);
-  if (FindFile(number) != nullptr) throw RunTimeError(FailureNumber::FileNumberTaken);
-  OutputFile file(path);
-  OpenFiles* const files = MyFiles();
-  (files != nullptr ? *files : files_by_thread.Get().Begin()).emplace(number, std::move(file));
+void OpenForInput(const std::string& path, std::int32_t number) { OpenAs<InputText>(path, number); }
+
+void OpenForOutput(const std::string& path, std::int32_t number) { OpenAs<OutputFile>(path, number); }
+
+std::string Input(std::int32_t number) {
+  InputText& text = FileOpenAs<InputText>(number);
+  std::array<std::byte, kPortion> bytes;
+  const std::size_t count = text.file.Read(bytes);
+  text.read += count;
+  if (text.read > kMostRead) throw RunTimeError(FailureNumber::PathFileAccess, "The text file is too long.");
+  std::string portion;
+  AppendFromWindows1252(portion, std::span(bytes.data(), count));
+  return portion;
 }
 
 void Print(std::int32_t number, std::string_view text) {
   const std::string bytes = ToWindows1252(text);
-  FileOf(number).Write(std::as_bytes(std::span(bytes)));
+  FileOpenAs<OutputFile>(number).Write(std::as_bytes(std::span(bytes)));
 }
 
 void CloseFile(std::int32_t number) {
-  OutputFile file = std::move(FileOf(number));
+  OpenFile file = std::move(FileOf(number));
   OpenFiles& files = *MyFiles();
   files.erase(number);
   if (files.empty()) files_by_thread.Get().End();
-  file.Close();
+  if (auto* const output = std::get_if<OutputFile>(&file)) output->Close();
 }
 
 void ReleaseFileNumbers() { files_by_thread.Release(); }

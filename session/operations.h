@@ -59,13 +59,14 @@ Ref<R> GetRecord(CSession& session, std::string_view procedure, std::string_view
   return GetFirst<R>(session, procedure, WithNumber(select, id), options);
 }
 
-/// "Get<class>ID4Name": the identifier in the first row of a select, or -1 if there is no row or it is Null there.
+/// The identifier in the first row of a select, or -1 if there is no row. A Null there reads as `null`, and is a
+/// failure if that is Null as well.
 inline std::int32_t FirstID(CSession& session, std::string_view procedure, const std::string& text,
-                            std::string_view column) {
+                            std::string_view column, const Value& null = Value()) {
   return Trapped(session, procedure, std::int32_t{-1}, [&] {
     session.ClearError();
     const Ref<Recordset> rs = OpenSelect(session, text);
-    return rs->EndOfFile() ? -1 : ToLong(Nz(rs->Fields().Item(column).Value(), Value(-1)));
+    return rs->EndOfFile() ? -1 : ToLong(Nz(rs->Fields().Item(column).Value(), null));
   });
 }
 

@@ -42,7 +42,8 @@ class CSession : public RefCounted<CSession> {
   const std::string& GetErrorDescription() const { return ErrorDescription; }
   const std::string& GetErrorProcedure() const { return ErrorProcedure; }
   bool GetErrorFlag() const { return ErrorFlag; }
-  /// Raises 13 on a session whose record was never written: the code is kept as text, and the empty text is no number.
+  /// Raises 13 until a code was recorded or the record cleared: the code is kept as text, and the empty text is no
+  /// number.
   std::int32_t GetErrorCode() const;
   /// "[procedure] Error: code - description".
   std::string GetEntireErrorDesc() const;
@@ -96,11 +97,12 @@ class CSession : public RefCounted<CSession> {
   /// Copies a folder with all that lies in and below it under another folder, which must exist. In a transaction that
   /// is opened in any case: inside one of the client it fails and undoes that one. Fails with 28 for a copy into the
   /// folder itself, for folder rows that go in a circle and for a tree of more than 1000 levels, counted from the
-  /// source down and from the destination up.
+  /// source down and from the destination up. An unknown folder gives False with a clear record.
   bool CopyFolder(std::int32_t FolderID, std::int32_t lngNewParentID);
   /// Deletes a folder with all that lies in and below it, protected ones too. May run inside a client's transaction as
   /// long as there are no tasks, events or alarms to delete: those make it fail and undo that one. Fails with 28 as
-  /// `CopyFolder` does. Raises only if what it has done cannot be undone, and its transaction is open then.
+  /// `CopyFolder` does, and an unknown folder gives False with a clear record. Raises only if what it has done cannot
+  /// be undone, and its transaction is open then.
   bool DeleteFolder(std::int32_t lngFolderID);
 
   // Categories.
@@ -169,8 +171,8 @@ class CSession : public RefCounted<CSession> {
   /// Runs a client's statement and takes the columns "ID" and "FolderID" of its first row; without a row both arguments
   /// stay. Traps nothing.
   bool GetObjectID(const std::string& strSearch, std::int32_t& lngID, std::int32_t& lngFolderID);
-  /// Identifier of the first contact with exactly this number in one of its four phone columns, or -1. The number
-  /// stands in the statement as it came.
+  /// Identifier of the first contact with this number in one of its four phone columns, or -1. The database compares:
+  /// every blank and hyphen counts, letter case does not. The number stands in the statement as it came.
   std::int32_t GetContactIDByPhoneNumber(const std::string& strNumber);
 
   Ref<CPhoneLog> GetPhoneLog(std::int32_t PhoneLogID);
@@ -242,7 +244,7 @@ class CSession : public RefCounted<CSession> {
   bool ReportMisuse(const char* procedure, const char* description);
 
   bool ErrorFlag = false;
-  std::string ErrorCode;  ///< decimal text; empty until the record is first written
+  std::string ErrorCode;  ///< decimal text; empty until a code is recorded or the record cleared
   std::string ErrorDescription;
   std::string ErrorProcedure;
   bool Connected = false;

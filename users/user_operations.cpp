@@ -24,7 +24,7 @@ std::int32_t CSession::GetUsersNo() {
 }
 
 std::int32_t CSession::GetUserID4Name(const std::string& strConnectName) {
-  return FirstID(*this, "GetUserID4Name", kSelectName + SqlQuoted(strConnectName), "USR_ID");
+  return FirstID(*this, "GetUserID4Name", kSelectName + SqlQuoted(strConnectName), "USR_ID", Value(-1));
 }
 
 Ref<CUser> CSession::CheckUser(const std::string& strConnectName, const std::string& strConnectPwd) {

@@ -273,6 +273,15 @@ TEST_F(ObjectID, OfABadStatementRaisesAndRecordsNothing) {
   EXPECT_FALSE(session->GetErrorFlag());
 }
 
+TEST_F(ObjectID, OfAStatementThatSelectsNothingRaisesAndHasRun) {
+  session->ClearError();
+  EXPECT_EQ(NumberRaised([&] { Find("UPDATE Contacts SET CNT_City='Leeds'"); }), 3704);
+  EXPECT_EQ(id, -7);
+  EXPECT_EQ(folder, -8);
+  EXPECT_EQ(Rows("Contacts WHERE CNT_City='Leeds'"), 5);
+  EXPECT_FALSE(session->GetErrorFlag());
+}
+
 TEST_F(ObjectID, DoesNotClearAnOldError) {
   LeaveAnOldError();
   EXPECT_TRUE(Find("SELECT 1 AS ID, 2 AS FolderID FROM Contacts"));

@@ -1,4 +1,5 @@
 #include "tests/addressbook/contact_fixture.h"
+#include "tests/support/process.h"
 
 namespace zef::test {
 namespace {
@@ -125,6 +126,29 @@ TEST_F(CompanyBlock, IsNotSavedAndLeavesAnOldError) {
   EXPECT_TRUE(Named("Ann", "Lee")->CopyCompanyInformation(MakeRef<CContact>()));
   EXPECT_EQ(SentInAll(), Texts{});
   EXPECT_EQ(session->GetErrorCode(), 77);
+}
+
+/// Copies a company block with an address of 48 MB in a process that may have 64 MB, and tells how it ended.
+std::string EndOfCopying() {
+  const auto session = MakeRef<CSession>();
+  session->conDBConnection = MakeRef<Connection>();
+  const auto source = MakeRef<CContact>();
+  source->Company = "Acme";
+  source->WorkAddress = std::string(std::size_t{48} << 20, 'x');
+  source->WorkCity = "Rome";
+  const auto target = MakeRef<CContact>();
+  target->SetSession(session);
+  LimitMemory(std::size_t{64} << 20);
+  if (target->CopyCompanyInformation(source)) return "done";
+  return session->GetEntireErrorDesc() + ", " + target->Company.get() + target->WorkCity.get();
+}
+
+TEST(CompanyBlockWithoutMemory, IsRecordedAndStaysHalfCopied) {
+#ifdef __SANITIZE_ADDRESS__
+  GTEST_SKIP() << "the address sanitizer needs more memory than the limit leaves";
+#endif
+  Process child(EndOfCopying);
+  EXPECT_EQ(child.Result(), "[CContact.CopyCompanyInformation] Error: 7 - Out of memory, Acme");
 }
 
 TEST_F(CompanyBlock, NeedsNoSession) { EXPECT_TRUE(MakeRef<CContact>()->CopyCompanyInformation(MakeRef<CContact>())); }

@@ -103,32 +103,24 @@ TEST_F(ContactSave, NumbersAtTheirLimitsComeBack) {
   EXPECT_EQ(loaded->CategoryID, std::numeric_limits<std::int32_t>::min());
 }
 
-TEST_F(ContactSave, PhoneNumberOf32CharactersFits) {
-  for (const ContactText phone : {&CContact::Phone, &CContact::MobilePhone, &CContact::WorkPhone, &CContact::WorkFax}) {
-    const Ref<CContact> contact = NewContact();
-    (*contact).*phone = std::string(32, '5');
-    EXPECT_TRUE(contact->Save());
-  }
+TEST_F(ContactSave, TextsAsLongAsTheirColumnsComeBack) {
+  const Ref<CContact> contact = NewContact();
+  for (const TextColumn& one : kContactTexts) (*contact).*one.text = std::string(one.length, 'x');
+  const Ref<CContact> loaded = Saved(contact);
+  ASSERT_TRUE(loaded);
+  for (const TextColumn& one : kContactTexts)
+    EXPECT_EQ((*loaded).*one.text, std::string(one.length, 'x')) << one.column;
 }
 
-TEST_F(ContactSave, PhoneNumberOf33CharactersFails) {
-  for (const ContactText phone : {&CContact::Phone, &CContact::MobilePhone, &CContact::WorkPhone, &CContact::WorkFax}) {
+TEST_F(ContactSave, TextLongerThanItsColumnFails) {
+  for (const TextColumn& one : kContactTexts) {
+    if (one.length == 0) continue;
     const Ref<CContact> contact = NewContact();
-    (*contact).*phone = std::string(33, '5');
-    EXPECT_FALSE(contact->Save());
+    (*contact).*one.text = std::string(one.length + 1, 'x');
+    EXPECT_FALSE(contact->Save()) << one.column;
     EXPECT_EQ(session->GetErrorProcedure(), "CContact.Save");
     EXPECT_EQ(session->GetErrorCode(), -2147217833);
-  }
-}
-
-TEST_F(ContactSave, StateOf128CharactersFitsAndOneOf129Fails) {
-  for (const ContactText state : {&CContact::State, &CContact::Country, &CContact::WorkState, &CContact::WorkCountry}) {
-    const Ref<CContact> contact = NewContact();
-    (*contact).*state = std::string(129, 's');
-    EXPECT_FALSE(contact->Save());
     EXPECT_EQ(Flags(*contact), "new modified");
-    (*contact).*state = std::string(128, 's');
-    EXPECT_TRUE(contact->Save());
   }
 }
 
@@ -284,12 +276,14 @@ TEST_F(ContactSave, DateThatIsNoneIsRecordedByTheFieldsAlone) {
 }
 
 TEST_F(ContactSave, SessionThatMayOnlyReadIsRefusedAndSendsNothing) {
-  const Ref<CContact> contact = FullContact();
+  const Ref<CContact> contact = Saved(FullContact());
+  contact->City = "Leeds";
   session->UserRights = Administrator | DataViewer;
   EXPECT_FALSE(contact->Save());
   EXPECT_EQ(session->GetEntireErrorDesc(), "[CContact.Save] Error: 105 - You don't have rights to insert/edit data");
   EXPECT_EQ(SentInAll(), Texts{});
-  EXPECT_EQ(Flags(*contact), "new modified");
+  EXPECT_EQ(Flags(*contact), "old modified");
+  EXPECT_EQ(contact->DateLastUpdate, now_);
 }
 
 TEST_F(ContactSave, RefusalComesEvenToAnUnchangedContact) {
@@ -298,6 +292,7 @@ TEST_F(ContactSave, RefusalComesEvenToAnUnchangedContact) {
   EXPECT_FALSE(contact->Save());
   EXPECT_EQ(session->GetErrorCode(), 105);
   EXPECT_EQ(SentInAll(), Texts{});
+  EXPECT_EQ(contact->DateLastUpdate, now_);
 }
 
 TEST_F(ContactSave, EveryFailureOfANewContactsSaveLeavesNothingBehind) {

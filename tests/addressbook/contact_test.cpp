@@ -210,6 +210,14 @@ TEST_F(ContactRecord, RefreshSendsTheSelectOfOneContactAndTakesItsValues) {
   EXPECT_EQ(contact->City, "Leeds");
 }
 
+TEST_F(ContactRecord, RefreshClearsTheFlags) {
+  const Ref<CContact> contact = Saved(Named("Ann", "Lee"));
+  contact->City = "Leeds";
+  ASSERT_TRUE(contact->Refresh());
+  EXPECT_EQ(Flags(*contact), "old clear");
+  EXPECT_EQ(contact->City, "");
+}
+
 TEST_F(ContactRecord, RefreshOfADeletedContactRecords104) {
   const Ref<CContact> contact = Saved(Named("Ann", "Lee"));
   Run("DELETE * FROM Contacts");

@@ -331,6 +331,29 @@ TEST_F(DateEvents, OnlyTheFirstOfSeveralEventsIsRefreshed) {
   EXPECT_EQ(Rows("Events WHERE EVE_Type='B' AND EVE_Reminder=15"), 1);
 }
 
+TEST_F(DateEvents, FoundEventWithoutARuleGetsANewOne) {
+  for (const char* loss : {"DELETE * FROM Recurrences", "UPDATE Events SET EVE_RecurrenceID=Null",
+                           "UPDATE Events SET EVE_RecurrenceID=-1"}) {
+    const Ref<CContact> contact = AnnLee();
+    Run(loss);
+    Run("DELETE * FROM Recurrences");
+    contact->City = "Leeds";
+    ASSERT_TRUE(contact->Save()) << loss;
+    EXPECT_EQ(RuleOf("B", "REC_Type"), "4") << loss;
+    EXPECT_EQ(Rows("Recurrences"), 2) << loss;
+    Run("DELETE * FROM Events");
+  }
+}
+
+TEST_F(DateEvents, ContactWithoutARowGetsItsEventAllTheSame) {
+  const Ref<CContact> contact = NewContact();
+  ASSERT_TRUE(contact->Save());
+  contact->BirthDate = On("2/3/1980");
+  EXPECT_TRUE(contact->Save());
+  EXPECT_EQ(Rows("Contacts"), 0);
+  EXPECT_EQ(Rows("Events"), 1);
+}
+
 // ---- deleting
 
 TEST_F(DateEvents, ClearedAnniversaryDeletesItsEventAndLeavesTheBirthday) {

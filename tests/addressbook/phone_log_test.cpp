@@ -257,24 +257,27 @@ TEST_F(PhoneLogRecord, FailureInTheClientsTransactionLeavesItRunning) {
   EXPECT_TRUE(session->TransactionStarted());
 }
 
-TEST_F(PhoneLogRecord, SubjectOf255CharactersFits) {
-  const Ref<CPhoneLog> log = NewLog();
-  log->Subject = std::string(255, 's');
-  EXPECT_TRUE(log->Save());
+constexpr struct {
+  Property<std::string> CPhoneLog::*text;
+  std::size_t length;
+} kLimitedTexts[] = {{&CPhoneLog::Subject, 255}, {&CPhoneLog::PhoneNumber, 64}};
+
+TEST_F(PhoneLogRecord, TextsAsLongAsTheirColumnsComeBack) {
+  for (const auto& [text, length] : kLimitedTexts) {
+    const Ref<CPhoneLog> log = NewLog();
+    (*log).*text = std::string(length, '5');
+    ASSERT_TRUE(log->Save()) << session->GetEntireErrorDesc();
+    EXPECT_EQ((*session->GetPhoneLog(log->ID)).*text, std::string(length, '5'));
+  }
 }
 
-TEST_F(PhoneLogRecord, SubjectOf256CharactersFails) {
-  const Ref<CPhoneLog> log = NewLog();
-  log->Subject = std::string(256, 's');
-  EXPECT_FALSE(log->Save());
-  EXPECT_EQ(session->GetErrorCode(), -2147217833);
-}
-
-TEST_F(PhoneLogRecord, NumberOf65CharactersFails) {
-  const Ref<CPhoneLog> log = NewLog();
-  log->PhoneNumber = std::string(65, '5');
-  EXPECT_FALSE(log->Save());
-  EXPECT_EQ(session->GetErrorCode(), -2147217833);
+TEST_F(PhoneLogRecord, TextsLongerThanTheirColumnsFail) {
+  for (const auto& [text, length] : kLimitedTexts) {
+    const Ref<CPhoneLog> log = NewLog();
+    (*log).*text = std::string(length + 1, '5');
+    EXPECT_FALSE(log->Save());
+    EXPECT_EQ(session->GetErrorCode(), -2147217833);
+  }
 }
 
 TEST_F(PhoneLogRecord, NotesOfAMegabyteComeBack) {

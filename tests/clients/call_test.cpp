@@ -15,6 +15,14 @@ TEST_F(CallTest, VariableGetsWhatTheMemberLeavesInIt) {
   EXPECT_EQ(last, first + 5);
 }
 
+TEST_F(CallTest, VariableKeepsWhatAMemberWroteBeforeItRaised) {
+  std::int32_t id = -7;
+  std::int32_t folder = -8;
+  EXPECT_EQ(Raised([&] { session_.GetObjectID("SELECT 3 AS ID FROM Folders", id, folder); }).number(), 3265);
+  EXPECT_EQ(id, 3);
+  EXPECT_EQ(folder, -8);
+}
+
 TEST_F(CallTest, TextVariableGetsWhatTheMemberLeavesInIt) {
   std::string version = "before";
   std::string kind;
@@ -55,6 +63,16 @@ TEST_F(CallTest, FailureHasNumberDescriptionAndSource) {
 
 TEST_F(CallTest, FailureOfTheProviderKeepsItsNumber) {
   EXPECT_EQ(Raised([&] { session_.conDBConnection->Execute("SELECT * FROM Nowhere"); }).number(), -2147217865);
+}
+
+TEST_F(CallTest, WhateverTheClientHasCaughtIsRecordedAsFive) {
+  struct Thrown {};
+  try {
+    throw Thrown();
+  } catch (const Thrown&) {
+    session_.RecordError("Client");
+  }
+  EXPECT_EQ(session_.GetErrorCode(), 5);
 }
 
 TEST_F(CallTest, ObjectOfAnotherClassIsRefused) {

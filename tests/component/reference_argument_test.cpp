@@ -158,6 +158,16 @@ TEST_F(ReferenceArgument, OfAMemberThatTrapsItsFailureIsStored) {
   EXPECT_EQ(Draw(Variant::Ref(VT_I4, &identifier)).value.number(), 0);
 }
 
+TEST_F(ReferenceArgument, KeepsWhatAMemberWroteBeforeItRaised) {
+  std::int32_t id = -7;
+  std::int32_t folder = -8;
+  const Outcome outcome = session.Call("GetObjectID", Variant("SELECT 3 AS ID FROM Folders"), Variant::Ref(VT_I4, &id),
+                                       Variant::Ref(VT_I4, &folder));
+  EXPECT_EQ(outcome.result, DISP_E_EXCEPTION);
+  EXPECT_EQ(id, 3);
+  EXPECT_EQ(folder, -8);
+}
+
 TEST_F(ReferenceArgument, OfAMemberThatRaisesItsFailureIsStillTheClients) {
   session.Call("DisconnectFromDatabase");
   Variant identifier(17);

@@ -76,6 +76,14 @@ TEST_F(CategoryOperations, UnknownNameGivesMinusOneAndNoError) {
   EXPECT_FALSE(session->GetErrorFlag());
 }
 
+TEST_F(CategoryOperations, NameWithoutAnIdentifierGivesMinusOneAndNoError) {
+  Run("DROP TABLE Categories");
+  Run("CREATE TABLE Categories (CAT_ID Long, CAT_Name Text(255))");
+  Run("INSERT INTO Categories (CAT_Name) VALUES ('Home')");
+  EXPECT_EQ(session->GetCategoryID4Name("Home"), -1);
+  EXPECT_FALSE(session->GetErrorFlag());
+}
+
 TEST_F(CategoryOperations, NameOfTwoGivesOneOfThem) {
   StoredCategory("Home");
   StoredCategory("Home");
@@ -233,6 +241,14 @@ TEST_F(CategoryOperations, DeleteIsRefusedToASessionThatMayOnlyReadByAFailureOfT
   EXPECT_EQ(NumberRaised([&] { session->DeleteCategory(5); }), -2147168242);
   EXPECT_EQ(session->GetEntireErrorDesc(),
             "[CSession.DeleteEvent] Error: 105 - You don't have rights to insert/edit data");
+  EXPECT_EQ(Rows("Categories"), 2);
+}
+
+TEST_F(CategoryOperations, DeleteIsRefusedToAnAdministratorWhoIsAViewerToo) {
+  InsertReferences();
+  session->UserRights = Administrator | DataViewer;
+  EXPECT_EQ(NumberRaised([&] { session->DeleteCategory(5); }), -2147168242);
+  EXPECT_EQ(session->GetErrorCode(), 105);
   EXPECT_EQ(Rows("Categories"), 2);
 }
 

@@ -148,6 +148,14 @@ TEST_F(CategoryRecord, NameThatIsTooLongFailsAndCanBeMended) {
   EXPECT_TRUE(category->Save());
 }
 
+TEST_F(CategoryRecord, ResetFlagsMakesTheNextSaveInsertUnderANewIdentifier) {
+  const Ref<CCategory> category = StoredCategory("Home");
+  category->ResetFlags();
+  ASSERT_TRUE(category->Save());
+  EXPECT_EQ(category->ID, 2);
+  EXPECT_EQ(Rows("Categories"), 2);
+}
+
 TEST_F(CategoryRecord, SaveIsRefusedToASessionThatMayOnlyRead) {
   const Ref<CCategory> category = NewCategory("Home");
   LeaveAnOldError();

@@ -1,3 +1,5 @@
+#include <gmock/gmock.h>
+
 #include "tests/folders/folder_tree_fixture.h"
 
 namespace zef::test {
@@ -79,6 +81,25 @@ TEST_F(FolderCopy, CopiesTasksWithTheirChildrenAndEvents) {
   EXPECT_EQ(Rows("Tasks WHERE TSK_FolderID=" + CopyID()), 3);
   EXPECT_EQ(Rows("Notifications"), 6);
   EXPECT_EQ(Rows("Events WHERE EVE_Type='T'"), 1) << "the source's task had no event yet";
+}
+
+TEST_F(FolderCopy, CopiesItsItemsBeforeThoseOfItsChildren) {
+  InsertFolder(101, 100, FT_TASKS);
+  InsertTasks(100, 1, 1);
+  InsertTasks(101, 2, 1);
+  EXPECT_TRUE(session->CopyFolder(100, 200)) << session->GetEntireErrorDesc();
+  EXPECT_EQ(Stored("SELECT TSK_FolderID FROM Tasks WHERE TSK_ID=1000"), "1000");
+  EXPECT_EQ(Stored("SELECT TSK_FolderID FROM Tasks WHERE TSK_ID=1001"), "1001");
+}
+
+TEST_F(FolderCopy, StopsAtTheFirstChildThatFails) {
+  InsertFolder(101, 100, FT_TASKS, "A");
+  InsertFolder(102, 100, FT_TASKS, "B");
+  InsertTasks(101, 1, 1);
+  Refuse("INSERT INTO Tasks");
+  EXPECT_FALSE(session->CopyFolder(100, 200));
+  EXPECT_EQ(session->GetErrorProcedure(), "CTask.Save");
+  EXPECT_THAT(SentInAll(), testing::Not(testing::Contains(testing::HasSubstr("102"))));
 }
 
 TEST_F(FolderCopy, CopiesEvents) {

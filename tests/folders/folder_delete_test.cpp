@@ -1,3 +1,5 @@
+#include <gmock/gmock.h>
+
 #include "tests/folders/folder_tree_fixture.h"
 
 namespace zef::test {
@@ -122,6 +124,12 @@ TEST_F(FolderDelete, IsRefusedAtOnceToASessionThatMayOnlyRead) {
   EXPECT_EQ(SentInAll(), (Texts{"BEGIN", "ROLLBACK"}));
 }
 
+TEST_F(FolderDelete, IsRefusedToAnAdministratorWhoIsAViewerToo) {
+  session->UserRights = Administrator | DataViewer;
+  ExpectFailsWithNothingChanged(100);
+  EXPECT_EQ(session->GetErrorCode(), 105);
+}
+
 TEST_F(FolderDelete, LeavesTheFlagOfTheTransactionAlone) {
   EXPECT_TRUE(session->DeleteFolder(100));
   EXPECT_FALSE(session->TransactionStarted());
@@ -181,6 +189,16 @@ TEST_F(FolderDelete, OfTasksInTheClientsTransactionFailsAndUndoesThatOne) {
 }
 
 // ---- Failures
+
+TEST_F(FolderDelete, StopsAtTheFirstChildThatFails) {
+  InsertFolder(101, 100, FT_TASKS, "A");
+  InsertFolder(102, 100, FT_TASKS, "B");
+  InsertTasks(101, 1, 1);
+  Refuse("DELETE * FROM Tasks");
+  EXPECT_FALSE(session->DeleteFolder(100));
+  EXPECT_EQ(session->GetErrorProcedure(), "DeleteTask");
+  EXPECT_THAT(SentInAll(), testing::Not(testing::Contains(testing::HasSubstr("102"))));
+}
 
 TEST_F(FolderDelete, WhoseThirdOfFiveTasksCannotBeDeletedLeavesAllOfThem) {
   InsertTasks(100, 1, 5);

@@ -41,6 +41,12 @@ TEST_F(FolderLookup, ThatFailsIsRecordedUnderItsName) {
   EXPECT_EQ(session->GetErrorProcedure(), "GetFolderIDByCriteria");
 }
 
+TEST_F(FolderLookup, ThatFindsNullIsRecorded) {
+  EXPECT_EQ(session->GetFolderIDByCriteria("1=0 UNION SELECT Null FROM Folders"), -1);
+  EXPECT_EQ(session->GetErrorProcedure(), "GetFolderIDByCriteria");
+  EXPECT_EQ(session->GetErrorCode(), 94);
+}
+
 TEST_F(FolderLookup, MayEndWithAnOrder) {
   EXPECT_EQ(session->GetFolderIDByCriteria("FLD_ID>5 ORDER BY FLD_ID DESC"), 12);
 }

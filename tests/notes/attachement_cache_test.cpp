@@ -2,6 +2,7 @@
 #include <sys/resource.h>
 
 #include "tests/notes/attachement_fixture.h"
+#include "tests/support/open_file.h"
 #include "tests/support/process.h"
 
 namespace zef::test {
@@ -180,6 +181,32 @@ TEST_F(AttachementCache, RowThatIsGoneGivesANameAndNoFile) {
   EXPECT_EQ(attachement->CacheFileName, CachePath("zef1.jpg"));
   EXPECT_EQ(CacheFiles(), Texts{});
   EXPECT_FALSE(session->GetErrorFlag());
+}
+
+TEST_F(AttachementCache, RowThatIsGoneLeavesTheFileThatIsThere) {
+  std::ofstream(CachePath("mine")) << "old";
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  attachement->CacheFileName = CachePath("mine");
+  Run("DELETE * FROM Attachements");
+  EXPECT_TRUE(attachement->Cache2File());
+  EXPECT_EQ(ContentOf(CachePath("mine")), "old");
+}
+
+TEST_F(AttachementCache, NullContentLeavesTheFileThatIsThere) {
+  std::ofstream(CachePath("mine")) << "old";
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  attachement->CacheFileName = CachePath("mine");
+  Run("UPDATE Attachements SET ATC_Content=Null");
+  EXPECT_FALSE(attachement->Cache2File());
+  EXPECT_EQ(ContentOf(CachePath("mine")), "old");
+}
+
+TEST_F(AttachementCache, CachingLeavesNoFileOpen) {
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  ASSERT_TRUE(attachement->Cache2File());
+  const auto open = OpenFileCount();
+  for (int i = 0; i < 10; ++i) ASSERT_TRUE(attachement->Cache2File());
+  EXPECT_EQ(OpenFileCount(), open);
 }
 
 TEST_F(AttachementCache, NullContentIsRecordedAndGivesNoFile) {

@@ -4,6 +4,7 @@
 #include "calendar/alarm.h"
 #include "tests/notes/attachement_fixture.h"
 #include "tests/support/fault_sweep.h"
+#include "tests/support/open_file.h"
 #include "tests/support/process.h"
 
 namespace zef::test {
@@ -202,11 +203,34 @@ TEST_F(AttachementSave, FailedSaveSucceedsOnceTheFileIsThere) {
   EXPECT_EQ(attachement->ID, 2);
 }
 
-TEST_F(AttachementSave, NameOf256CharactersFails) {
-  const Ref<CAttachement> attachement = FullAttachement();
-  attachement->Name = std::string(256, 'n');
-  EXPECT_FALSE(attachement->Save());
-  EXPECT_EQ(session->GetErrorCode(), -2147217887);
+constexpr Property<std::string> CAttachement::*kLimitedTexts[] = {&CAttachement::Name, &CAttachement::DocType};
+
+TEST_F(AttachementSave, TextsOf255CharactersComeBack) {
+  for (const auto text : kLimitedTexts) {
+    const Ref<CAttachement> attachement = FullAttachement();
+    (*attachement).*text = std::string(255, 'n');
+    ASSERT_TRUE(attachement->Save()) << session->GetEntireErrorDesc();
+    EXPECT_EQ((*session->GetAttachement(attachement->ID)).*text, std::string(255, 'n'));
+  }
+}
+
+TEST_F(AttachementSave, TextsOf256CharactersFail) {
+  for (const auto text : kLimitedTexts) {
+    const Ref<CAttachement> attachement = FullAttachement();
+    (*attachement).*text = std::string(256, 'n');
+    EXPECT_FALSE(attachement->Save());
+    EXPECT_EQ(session->GetErrorCode(), -2147217887);
+  }
+}
+
+TEST_F(AttachementSave, SavingLeavesNoFileOpen) {
+  const Ref<CAttachement> attachement = LoadedAttachement();
+  const auto open = OpenFileCount();
+  for (int i = 0; i < 10; ++i) {
+    attachement->ResetFlagsX(true, false);
+    ASSERT_TRUE(attachement->Save());
+  }
+  EXPECT_EQ(OpenFileCount(), open);
 }
 
 TEST_F(AttachementSave, TextThatIsNotUtf8IsRecordedAndWritesNothing) {

@@ -159,6 +159,15 @@ TEST_F(AttachementRecord, DeleteAttachementLeavesTheCacheFile) {
   EXPECT_EQ(CacheFiles(), Texts{"zef1.jpg"});
 }
 
+TEST_F(AttachementRecord, DeleteAttachementJoinsTheClientsTransaction) {
+  LoadedAttachement();
+  ASSERT_TRUE(session->BeginTransaction());
+  EXPECT_TRUE(session->DeleteAttachement(1));
+  EXPECT_TRUE(session->TransactionStarted());
+  ASSERT_TRUE(session->RollbackTransaction());
+  EXPECT_EQ(Rows("Attachements"), 1);
+}
+
 TEST_F(AttachementRecord, DeleteAttachementThatFailsIsRecorded) {
   Refuse("DELETE");
   EXPECT_FALSE(session->DeleteAttachement(81));

@@ -1,10 +1,10 @@
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "platform/text.h"
-#include "platform/text_file.h"
 #include "tests/notes/note_fixture.h"
+#include "tests/support/file_numbers.h"
+#include "tests/support/open_file.h"
 #include "tests/support/process.h"
 
 namespace zef::test {
@@ -16,6 +16,9 @@ class NoteFile : public NoteTest {
   bool Read(const std::string& path) { return note_->ReadFromFile(path); }
 
   Ref<CNote> note_ = StoredNote();
+
+ private:
+  FreeFileNumbers free_numbers_;
 };
 
 TEST_F(NoteFile, TextOfAFileReplacesTheText) {
@@ -109,14 +112,42 @@ TEST_F(NoteFile, FileThatCannotBeReadToItsEndLeavesWhatWasRead) {
   EXPECT_EQ(Flags(*note_), "old modified");
 }
 
+TEST_F(NoteFile, FileThatCannotBeReadToItsEndKeepsItsNumber) {
+  EXPECT_FALSE(Read("/proc/self/mem"));
+  EXPECT_EQ(FreeFile(), 2);
+}
+
+TEST_F(NoteFile, NumberOfAFileThatCouldNotBeReadCanBeClosed) {
+  EXPECT_FALSE(Read("/proc/self/mem"));
+  CloseFile(1);
+  EXPECT_EQ(FreeFile(), 1);
+}
+
+TEST_F(NoteFile, FileThatWasReadGivesItsNumberBack) {
+  ASSERT_TRUE(Read(FileOf("x")));
+  EXPECT_EQ(FreeFile(), 1);
+}
+
+TEST_F(NoteFile, ReadingLeavesNoFileOpen) {
+  const std::string path = FileOf("x");
+  ASSERT_TRUE(Read(path));
+  const auto open = OpenFileCount();
+  for (int i = 0; i < 10; ++i) ASSERT_TRUE(Read(path));
+  EXPECT_EQ(OpenFileCount(), open);
+}
+
+TEST_F(NoteFile, FileThatCannotBeOpenedTakesNoNumber) {
+  EXPECT_FALSE(Read("/"));
+  EXPECT_EQ(FreeFile(), 1);
+}
+
 TEST_F(NoteFile, ReadingWithAllFileNumbersTakenIsRecordedAndLeavesTheNote) {
   const std::string path = FileOf("other");
-  for (std::int32_t number = 1; number <= 511; ++number) OpenForOutput(path + ".taken", number);
+  TakeAllFileNumbers(path + ".taken");
   EXPECT_FALSE(Read(path));
   EXPECT_EQ(session->GetErrorProcedure(), "CNote.ReadFromFile");
   EXPECT_EQ(session->GetErrorCode(), 67);
   EXPECT_EQ(note_->Text, "a text");
-  for (std::int32_t number = 1; number <= 511; ++number) CloseFile(number);
 }
 
 /// What a reading ends with in a session without a database: the failure, and how the text begins that was read.
@@ -138,8 +169,7 @@ TEST(NoteFileWithoutMemory, FileThatMemoryCannotHoldLeavesWhatWasRead) {
   std::ofstream(path) << "begins";
   std::filesystem::resize_file(path, std::uintmax_t{200} << 20);
   Process child([&] {
-    const rlimit limit{rlim_t{64} << 20, rlim_t{64} << 20};
-    setrlimit(RLIMIT_DATA, &limit);
+    LimitMemory(std::size_t{64} << 20);
     return EndOfReading(path);
   });
   EXPECT_EQ(child.Result(), "7, begins");

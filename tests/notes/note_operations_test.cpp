@@ -108,11 +108,6 @@ TEST_F(NoteOperations, CreateNoteIsRefusedToASessionThatMayOnlyRead) {
             "[CSession.CreateNote] Error: 105 - You don't have rights to insert/edit data");
 }
 
-TEST_F(NoteOperations, CreateNoteTrapsNothingWithoutAConnection) {
-  const auto unconnected = MakeRef<CSession>();
-  EXPECT_EQ(NumberRaised([&] { unconnected->CreateNote(); }), 91);
-}
-
 // ---- DuplicateNote
 
 TEST_F(NoteOperations, DuplicateTakesTheNextNumberAndTheOldValues) {
@@ -190,6 +185,15 @@ TEST_F(NoteOperations, DeleteNoteIsRefusedToASessionThatMayOnlyRead) {
   EXPECT_FALSE(session->DeleteNote(2));
   EXPECT_EQ(session->GetEntireErrorDesc(),
             "[CSession.DeleteNote] Error: 105 - You don't have rights to insert/edit data");
+  EXPECT_EQ(Rows("Notes"), 3);
+}
+
+TEST_F(NoteOperations, DeleteNoteJoinsTheClientsTransaction) {
+  InsertThree();
+  ASSERT_TRUE(session->BeginTransaction());
+  EXPECT_TRUE(session->DeleteNote(2));
+  EXPECT_TRUE(session->TransactionStarted());
+  ASSERT_TRUE(session->RollbackTransaction());
   EXPECT_EQ(Rows("Notes"), 3);
 }
 

@@ -118,6 +118,19 @@ TEST_F(NoteSave, SessionThatMayOnlyReadIsRefusedAndSendsNothing) {
   EXPECT_EQ(session->GetEntireErrorDesc(), "[CNote.Save] Error: 105 - You don't have rights to insert/edit data");
   EXPECT_EQ(SentInAll(), Texts{});
   EXPECT_EQ(Flags(*note), "old modified");
+  EXPECT_EQ(note->DateLastUpdate, On("2/3/2024 1:00:00 PM"));
+}
+
+TEST_F(NoteSave, DateThatIsNoneIsRecordedByTheFieldsAlone) {
+  const Ref<CNote> note = StoredNote();
+  note->Title = "b";
+  const ClockOverride no_date(Date(3e6));
+  EXPECT_FALSE(note->Save());
+  EXPECT_EQ(session->GetErrorProcedure(), "CNote.GetFieldsArray");
+  EXPECT_EQ(session->GetErrorCode(), 5);
+  EXPECT_EQ(SentInAll(), Texts{});
+  EXPECT_EQ(Flags(*note), "old modified");
+  EXPECT_EQ(note->DateLastUpdate, On("2/3/2024 1:00:00 PM"));
 }
 
 TEST_F(NoteSave, RefusalComesEvenToAnUnchangedNote) {

@@ -99,18 +99,31 @@ struct CountedField {
   }
 };
 
-int ChunksOf(const std::string& text) {
-  constexpr Column<CNote> kText{.name = "NOT_Text", .member = &CNote::Text, .in_portions = true};
-  CountedField field{text};
-  const auto note = MakeRef<CNote>();
-  ReadPortions(*note, kText, field);
-  EXPECT_EQ(note->Text, text);
-  return field.chunks;
-}
+using NoteText = Property<std::string> CNote::*;
 
-TEST(NoteText, OfNoCharactersIsNotFetched) { EXPECT_EQ(ChunksOf(""), 0); }
+/// Both long texts of a note.
+class NotePortions : public testing::TestWithParam<NoteText> {
+ protected:
+  /// The text of a new note that has read it from a field.
+  template <class LongField>
+  std::string Read(LongField&& field) {
+    const auto note = MakeRef<CNote>();
+    const Column<CNote> column{.name = "NOT_Text", .member = GetParam(), .in_portions = true};
+    ReadPortions(*note, column, field);
+    return (*note).*GetParam();
+  }
+  int ChunksOf(const std::string& text) {
+    CountedField field{text};
+    EXPECT_EQ(Read(field), text);
+    return field.chunks;
+  }
+};
+INSTANTIATE_TEST_SUITE_P(Of, NotePortions, testing::Values(&CNote::Text, &CNote::Title),
+                         [](const auto& text) { return text.param == &CNote::Text ? "Text" : "Title"; });
 
-TEST(NoteText, IsFetchedInPortionsOf128) {
+TEST_P(NotePortions, OfNoCharactersAreNotFetched) { EXPECT_EQ(ChunksOf(""), 0); }
+
+TEST_P(NotePortions, Have128Characters) {
   EXPECT_EQ(ChunksOf("a"), 1);
   EXPECT_EQ(ChunksOf(std::string(128, 'a')), 1);
   EXPECT_EQ(ChunksOf(std::string(129, 'a')), 2);
@@ -124,12 +137,7 @@ struct FieldWithAGap {
   Value GetChunk(std::int32_t) { return ++chunks == 2 ? Value() : Value(std::to_string(chunks)); }
 };
 
-TEST(NoteText, NullPortionAddsNothing) {
-  constexpr Column<CNote> kText{.name = "NOT_Text", .member = &CNote::Text, .in_portions = true};
-  const auto note = MakeRef<CNote>();
-  ReadPortions(*note, kText, FieldWithAGap());
-  EXPECT_EQ(note->Text, "13");
-}
+TEST_P(NotePortions, ThatAreNullAddNothing) { EXPECT_EQ(Read(FieldWithAGap()), "13"); }
 
 TEST_F(NoteRecord, NullFolderCannotBeRead) {
   Run("INSERT INTO Notes (NOT_ID) VALUES (71)");

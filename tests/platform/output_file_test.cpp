@@ -7,9 +7,9 @@
 #include <string>
 #include <thread>
 
-#include "platform/text_file.h"
 #include "platform/windows_1252.h"
 #include "tests/support/database.h"
+#include "tests/support/file_numbers.h"
 #include "tests/support/open_file.h"
 #include "tests/support/raised.h"
 
@@ -40,9 +40,6 @@ TEST(Windows1252Encoding, MalformedTextBecomesAQuestionMark) {
 
 class OutputByNumber : public testing::Test {
  protected:
-  ~OutputByNumber() override {
-    while (FreeFile() > 1) CloseFile(FreeFile() - 1);
-  }
   std::string Path(const std::string& name = "text") const { return (folder_.path() / name).string(); }
   std::string Content(const std::string& name = "text") const {
     std::ifstream file(Path(name), std::ios::binary);
@@ -50,6 +47,9 @@ class OutputByNumber : public testing::Test {
   }
 
   TemporaryFolder folder_;
+
+ private:
+  FreeFileNumbers free_numbers_;
 };
 
 TEST_F(OutputByNumber, FirstFreeNumberIsOne) { EXPECT_EQ(FreeFile(), 1); }
@@ -85,9 +85,8 @@ TEST_F(OutputByNumber, TwoFilesDoNotMix) {
 }
 
 TEST_F(OutputByNumber, ThereAre511Numbers) {
-  for (std::int32_t number = 1; number <= 511; ++number) OpenForOutput(Path(), number);
+  TakeAllFileNumbers(Path());
   EXPECT_EQ(NumberRaised([] { FreeFile(); }), 67);
-  for (std::int32_t number = 1; number <= 511; ++number) CloseFile(number);
 }
 
 TEST_F(OutputByNumber, NumberOutOfRangeIsRaised) {

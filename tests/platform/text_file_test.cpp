@@ -1,5 +1,3 @@
-#include "platform/text_file.h"
-
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -8,6 +6,8 @@
 #include "platform/text.h"
 #include "platform/windows_1252.h"
 #include "tests/support/database.h"
+#include "tests/support/file_numbers.h"
+#include "tests/support/open_file.h"
 #include "tests/support/raised.h"
 
 namespace zef::test {
@@ -45,42 +45,101 @@ TEST(Windows1252, AppendsToWhatIsThere) {
   EXPECT_EQ(text, "äb");
 }
 
-class TextFiles : public testing::Test {
+class InputByNumber : public testing::Test {
  protected:
-  std::string ReadBack(const std::string& content) const {
+  /// Opens a file of these bytes under number 1.
+  void Open(const std::string& content) {
     std::ofstream(path_, std::ios::binary) << content;
-    TextReader file(path_);
+    OpenForInput(path_, 1);
+  }
+  static std::string RestOf(std::int32_t number) {
     std::string text;
-    for (std::string part = file.Next(); !part.empty(); part = file.Next()) text += part;
+    for (std::string part = Input(number); !part.empty(); part = Input(number)) text += part;
     return text;
   }
 
   TemporaryFolder folder_;
   std::string path_ = (folder_.path() / "text").string();
+
+ private:
+  FreeFileNumbers free_numbers_;
 };
 
-TEST_F(TextFiles, AreReadAcrossPortions) {
+TEST_F(InputByNumber, IsReadAcrossPortions) {
   const std::string content(200'000, '\xe4');
-  EXPECT_EQ(ReadBack(content), Decoded(content));
+  Open(content);
+  EXPECT_EQ(RestOf(1), Decoded(content));
 }
 
-TEST_F(TextFiles, WithoutBytesGiveNothing) { EXPECT_EQ(ReadBack(""), ""); }
+TEST_F(InputByNumber, FileWithoutBytesGivesNothing) {
+  Open("");
+  EXPECT_EQ(RestOf(1), "");
+}
 
-TEST_F(TextFiles, DoNotEndAtTheByte26) {
-  EXPECT_EQ(ReadBack("a\x1a"
-                     "b"),
+TEST_F(InputByNumber, FileDoesNotEndAtTheByte26) {
+  Open(
+      "a\x1a"
+      "b");
+  EXPECT_EQ(RestOf(1),
             "a\x1a"
             "b");
 }
 
-TEST_F(TextFiles, ThatAreMissingRaise53) {
-  EXPECT_EQ(NumberRaised([&] { TextReader file(path_); }), 53);
+TEST_F(InputByNumber, TwoFilesDoNotMix) {
+  Open("one");
+  std::ofstream(path_ + "2") << "two";
+  OpenForInput(path_ + "2", 2);
+  EXPECT_EQ(Input(2) + Input(1), "twoone");
 }
 
-TEST_F(TextFiles, WithAllNumbersTakenRaise67BeforeTheFileIsLookedFor) {
-  for (std::int32_t number = 1; number <= 511; ++number) OpenForOutput(path_ + ".taken", number);
-  EXPECT_EQ(NumberRaised([&] { TextReader file(path_); }), 67);
-  for (std::int32_t number = 1; number <= 511; ++number) CloseFile(number);
+TEST_F(InputByNumber, NumberStaysTakenUntilTheFileIsClosed) {
+  Open("");
+  EXPECT_EQ(FreeFile(), 2);
+  CloseFile(1);
+  EXPECT_EQ(FreeFile(), 1);
+}
+
+TEST_F(InputByNumber, ClosedFileIsNotOpenAnyMore) {
+  Open("");
+  ASSERT_TRUE(IsOpen(path_));
+  CloseFile(1);
+  EXPECT_FALSE(IsOpen(path_));
+}
+
+TEST_F(InputByNumber, FileThatCannotBeReadKeepsItsNumber) {
+  OpenForInput("/proc/self/mem", 1);
+  EXPECT_EQ(NumberRaised([] { Input(1); }), 75);
+  EXPECT_EQ(FreeFile(), 2);
+}
+
+TEST_F(InputByNumber, MissingFileIsRaisedAndTakesNoNumber) {
+  EXPECT_EQ(NumberRaised([&] { OpenForInput(path_, 1); }), 53);
+  EXPECT_EQ(FreeFile(), 1);
+}
+
+TEST_F(InputByNumber, NumberOutOfRangeIsRaised) {
+  EXPECT_EQ(NumberRaised([&] { OpenForInput(path_, 0); }), 52);
+  EXPECT_EQ(NumberRaised([&] { OpenForInput(path_, 512); }), 52);
+}
+
+TEST_F(InputByNumber, NumberOfAnOutputFileIsTakenAndRaised) {
+  OpenForOutput(path_, 1);
+  EXPECT_EQ(NumberRaised([&] { OpenForInput(path_, 1); }), 55);
+}
+
+TEST_F(InputByNumber, NumberWithoutAFileIsRaised) {
+  EXPECT_EQ(NumberRaised([] { Input(1); }), 52);
+}
+
+TEST_F(InputByNumber, WritingToAFileOpenForInputIsRaisedAndLeavesIt) {
+  Open("kept");
+  EXPECT_EQ(NumberRaised([] { Print(1, "x"); }), 54);
+  EXPECT_EQ(RestOf(1), "kept");
+}
+
+TEST_F(InputByNumber, ReadingAFileOpenForOutputIsRaised) {
+  OpenForOutput(path_, 1);
+  EXPECT_EQ(NumberRaised([] { Input(1); }), 54);
 }
 
 }  // namespace

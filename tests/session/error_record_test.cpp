@@ -132,6 +132,15 @@ TEST_F(ErrorRecordOnConnection, FailureOfAnotherKindIsRecordedToo) {
   EXPECT_EQ(session->GetEntireErrorDesc(), "[Handler] Error: 7 - Out of memory");
 }
 
+TEST_F(ErrorRecordOnConnection, FailureThatIsNoExceptionIsRecordedAsFive) {
+  try {
+    throw 17;
+  } catch (int) {
+    session->RecordError("Handler");
+  }
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[Handler] Error: 5 - Invalid procedure call or argument");
+}
+
 TEST_F(ErrorRecordOnConnection, WithoutCodeAndFailureTheCodeIsZero) {
   session->RecordError("Nobody");
   EXPECT_EQ(session->GetEntireErrorDesc(), "[Nobody] Error: 0 - ");

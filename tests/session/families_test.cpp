@@ -110,10 +110,6 @@ TEST_F(Create, BehindTheLastIdentifierGivesNothing) {
   EXPECT_EQ(session->CreateFolder(), nullptr);
 }
 
-TEST(CreateWithoutConnection, Raises) {
-  EXPECT_EQ(NumberRaised([] { MakeRef<CSession>()->CreateFolder(); }), 91);
-}
-
 class Load : public SessionTest {
  protected:
   bool LoadWith(const std::string& criteria) { return session->LoadFoldersWithCriteria(folders, criteria); }

@@ -67,6 +67,16 @@ TEST_F(Sequence, GoesOnBehindABatch) {
   EXPECT_EQ(Draw(), 47);
 }
 
+TEST_F(Sequence, BatchOfZeroGivesTheNumberIssuedLast) {
+  EXPECT_EQ(Draw(0), 41);
+  EXPECT_EQ(StoredValue(), "41");
+}
+
+TEST_F(Sequence, BatchBelowZeroGoesBack) {
+  EXPECT_EQ(Draw(-5), 36);
+  EXPECT_EQ(StoredValue(), "36");
+}
+
 TEST_F(Sequence, LeavesTheOtherSequences) {
   Draw();
   EXPECT_EQ(Scalar("SELECT SEQ_Value FROM Sequences WHERE SEQ_ID=12"), "12");
@@ -153,6 +163,13 @@ TEST_F(Sequence, MissingRowLeavesTheReceiver) { EXPECT_EQ(DrawInVain(kMissing), 
 TEST_F(Sequence, MissingRowAddsNone) {
   DrawInVain(kMissing);
   EXPECT_EQ(Count(connection(), "Sequences"), 12);
+}
+
+TEST_F(Sequence, FailedWriteHasGivenTheNumberAlready) {
+  const auto log = Watch(connection());
+  log->refused = {"UPDATE"};
+  EXPECT_EQ(DrawInVain(kNotes), 42);
+  EXPECT_EQ(StoredValue(), "41");
 }
 
 TEST_F(Sequence, ReachesTheLargestNumber) {

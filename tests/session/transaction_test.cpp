@@ -152,6 +152,21 @@ TEST_F(Transaction, RollbackDoesNotClearTheRecord) {
   EXPECT_EQ(session->GetEntireErrorDesc(), "[Earlier] Error: 77 - seven");
 }
 
+TEST_F(Transaction, BeginAfterADisconnectDuringOneIsRefusedWithoutAConnectionToo) {
+  session->BeginTransaction();
+  session->DisconnectFromDatabase();
+  EXPECT_FALSE(session->BeginTransaction());
+  EXPECT_EQ(session->GetErrorDescription(), "A transaction is already started.");
+}
+
+TEST_F(Transaction, CommitAfterADisconnectDuringOneRaises) {
+  session->BeginTransaction();
+  session->DisconnectFromDatabase();
+  EXPECT_EQ(NumberRaised([&] { session->CommitTransaction(); }), 91);
+  EXPECT_EQ(session->GetErrorProcedure(), "CommitTransaction");
+  EXPECT_TRUE(session->TransactionStarted());
+}
+
 TEST_F(Transaction, FailedBeginReturnsFalse) {
   Watch(connection())->fail_at = 1;
   EXPECT_FALSE(session->BeginTransaction());

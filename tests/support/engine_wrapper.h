@@ -11,6 +11,7 @@
 
 #include "platform/connection.h"
 #include "platform/engine.h"
+#include "tests/support/forwarding_engine.h"
 
 namespace zef::test {
 
@@ -39,10 +40,10 @@ struct EngineLog {
 };
 
 /// Passes everything on to an engine, notes the texts and fails chosen calls before they reach the engine.
-class EngineWrapper final : public Engine {
+class EngineWrapper final : public ForwardingEngine {
  public:
   EngineWrapper(std::unique_ptr<Engine> engine, std::shared_ptr<EngineLog> log)
-      : engine_(std::move(engine)), log_(std::move(log)) {}
+      : ForwardingEngine(std::move(engine)), log_(std::move(log)) {}
 
   Result Execute(const Command& command) override {
     if (command.request.cursor_type >= 0) {
@@ -50,27 +51,26 @@ class EngineWrapper final : public Engine {
     }
     if (command.options.by_row_id) log_->by_row_id.emplace_back(command.text);
     Note(std::string(command.text));
-    return engine_->Execute(command);
+    return ForwardingEngine::Execute(command);
   }
   std::optional<std::vector<std::string>> Relationships(std::string_view table) override {
     Note("RELATIONSHIPS " + std::string(table));
-    return engine_->Relationships(table);
+    return ForwardingEngine::Relationships(table);
   }
   void BeginTrans() override {
     Note("BEGIN");
-    engine_->BeginTrans();
+    ForwardingEngine::BeginTrans();
   }
   void CommitTrans() override {
     Note("COMMIT");
-    engine_->CommitTrans();
+    ForwardingEngine::CommitTrans();
   }
   /// Is not counted: a rollback is what follows a failure.
   void RollbackTrans() override {
     log_->texts.push_back("ROLLBACK");
     RefuseIfAsked("ROLLBACK");
-    engine_->RollbackTrans();
+    ForwardingEngine::RollbackTrans();
   }
-  int TransactionDepth() const override { return engine_->TransactionDepth(); }
 
  private:
   bool Counts(std::string_view text) const { return log_->spared.empty() || !text.starts_with(log_->spared); }
@@ -87,7 +87,6 @@ class EngineWrapper final : public Engine {
     if (log_->fail_at > 0 && Counts(log_->texts.back()) && --log_->fail_at == 0) throw log_->failure;
   }
 
-  std::unique_ptr<Engine> engine_;
   std::shared_ptr<EngineLog> log_;
 };
 

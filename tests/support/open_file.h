@@ -1,8 +1,14 @@
 #pragma once
 
 #include <filesystem>
+#include <iterator>
 
 namespace zef::test {
+
+/// How many files and the like this process has open.
+inline std::ptrdiff_t OpenFileCount() {
+  return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+}
 
 /// True if this process has the file open.
 inline bool IsOpen(const std::filesystem::path& path) {

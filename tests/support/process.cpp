@@ -1,6 +1,7 @@
 #include "tests/support/process.h"
 
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -58,6 +59,11 @@ std::string Process::Result() {
   close(std::exchange(result_, -1));
   waitpid(std::exchange(child_, -1), nullptr, 0);
   return text;
+}
+
+void LimitMemory(std::size_t bytes) {
+  const rlimit limit{bytes, bytes};
+  setrlimit(RLIMIT_DATA, &limit);
 }
 
 }  // namespace zef::test

@@ -2,10 +2,14 @@
 
 #include <sys/types.h>
 
+#include <cstddef>
 #include <functional>
 #include <string>
 
 namespace zef::test {
+
+/// Lets this process, which should be a `Process`, have so much memory of its own at most.
+void LimitMemory(std::size_t bytes);
 
 /// A piece of work in a process of its own, which runs from construction on. No connection may be open when it is made:
 /// the engine's locks are the business of one process.

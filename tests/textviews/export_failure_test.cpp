@@ -47,12 +47,11 @@ TYPED_TEST(ExportFailure, FieldsThatCannotBeHadLeaveAnExistingFileUnlessOfATask)
 }
 
 TYPED_TEST(ExportFailure, WithAllNumbersTakenIsRecordedAndTouchesNoFile) {
-  for (std::int32_t number = 1; number <= 511; ++number) OpenForOutput(this->Path("taken.txt"), number);
+  TakeAllFileNumbers(this->Path("taken.txt"));
   EXPECT_FALSE(this->template New<TypeParam>()->Save2File(this->Path()));
   EXPECT_EQ(this->session->GetErrorProcedure(), this->Member("Save2File"));
   EXPECT_EQ(this->session->GetErrorCode(), 67);
   EXPECT_FALSE(std::filesystem::exists(this->Path()));
-  for (std::int32_t number = 1; number <= 511; ++number) CloseFile(number);
 }
 
 TYPED_TEST(ExportFailure, WithoutAConnectionIsRaised) {
@@ -120,6 +119,14 @@ TYPED_TEST(ExportOfChildFailure, NumberWithoutAFileIsRecordedUnderTheMember) {
   EXPECT_FALSE(this->child->Save2File(99));
   EXPECT_EQ(this->session->GetErrorProcedure(), ClassName(*this->child) + ".Save2File");
   EXPECT_EQ(this->session->GetErrorCode(), 52);
+}
+
+TYPED_TEST(ExportOfChildFailure, FileOpenForInputIsRecordedAndKept) {
+  std::ofstream(this->Path("input.txt")) << "kept";
+  OpenForInput(this->Path("input.txt"), 2);
+  EXPECT_FALSE(this->child->Save2File(2));
+  EXPECT_EQ(this->session->GetErrorCode(), 54);
+  EXPECT_EQ(BytesOf(this->Path("input.txt")), "kept");
 }
 
 TYPED_TEST(ExportOfChildFailure, NumberOutOfRangeIsRecordedToo) {

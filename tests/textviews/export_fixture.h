@@ -2,18 +2,15 @@
 
 #include <string>
 
-#include "platform/text_file.h"
+#include "tests/support/file_numbers.h"
 #include "tests/textviews/full_records.h"
 
 namespace zef::test {
 
 /// Exports into a folder of their own, with all file numbers free.
 class Export : public FullRecords {
- protected:
-  /// Closes what a failure has left open, so that the next test finds all numbers free.
-  ~Export() override {
-    while (FreeFile() > 1) CloseFile(FreeFile() - 1);
-  }
+ private:
+  FreeFileNumbers free_numbers_;
 };
 
 inline std::string ClassName(const CAlarm&) { return "CAlarm"; }

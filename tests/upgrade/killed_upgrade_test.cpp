@@ -10,6 +10,7 @@
 #include "platform/sqlite/sqlite_file.h"
 #include "platform/sqlite/sqlite_statement.h"
 #include "tests/support/filled_database.h"
+#include "tests/support/forwarding_engine.h"
 #include "tests/support/process.h"
 #include "tests/upgrade/upgrade_fixture.h"
 #include "tests/upgrade/upgrading_client.h"
@@ -18,25 +19,17 @@ namespace zef::test {
 namespace {
 
 /// An engine that ends its process at the n-th statement, once it has run.
-class Deadly final : public Engine {
+class Deadly final : public ForwardingEngine {
  public:
-  Deadly(std::unique_ptr<Engine> engine, int statement) : engine_(std::move(engine)), left_(statement) {}
+  Deadly(std::unique_ptr<Engine> engine, int statement) : ForwardingEngine(std::move(engine)), left_(statement) {}
 
   Result Execute(const Command& command) override {
-    Result result = engine_->Execute(command);
+    Result result = ForwardingEngine::Execute(command);
     if (--left_ == 0) kill(getpid(), SIGKILL);
     return result;
   }
-  std::optional<std::vector<std::string>> Relationships(std::string_view table) override {
-    return engine_->Relationships(table);
-  }
-  void BeginTrans() override { engine_->BeginTrans(); }
-  void CommitTrans() override { engine_->CommitTrans(); }
-  void RollbackTrans() override { engine_->RollbackTrans(); }
-  int TransactionDepth() const override { return engine_->TransactionDepth(); }
 
  private:
-  std::unique_ptr<Engine> engine_;
   int left_;
 };
 

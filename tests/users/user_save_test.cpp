@@ -57,6 +57,14 @@ TEST_F(UserSave, OfAnUntouchedNewOneDrawsNothingAddsNoRowAndMakesItOld) {
   EXPECT_EQ(Flags(*user), "old clear");
 }
 
+TEST_F(UserSave, AfterResetFlagsInsertsUnderANewIdentifier) {
+  const Ref<CUser> user = StoredUser();
+  user->ResetFlags();
+  ASSERT_TRUE(user->Save());
+  EXPECT_EQ(user->ID, 2);
+  EXPECT_EQ(Rows("Users"), 2);
+}
+
 TEST_F(UserSave, AfterOneOfAnUntouchedNewOneUpdatesNoRow) {
   const Ref<CUser> user = NewUser();
   ASSERT_TRUE(user->Save());
