@@ -3,8 +3,8 @@
 # network. Usage: setup.sh [build|test|bench|ci], each group with those it rests on; no argument means all of them.
 set -euo pipefail
 
-packages_build=(cmake g++ ninja-build ccache pkg-config libicu-dev libboost-dev libfmt-dev libcli11-dev)
-packages_test=(libgtest-dev libgmock-dev sqlite3 python3)
+packages_build=(cmake g++ ninja-build ccache pkg-config libicu-dev libboost-dev libfmt-dev libcli11-dev libpq-dev)
+packages_test=(libgtest-dev libgmock-dev sqlite3 python3 postgresql-15)
 packages_bench=(libbenchmark-dev libical-dev)
 packages_ci=(clang-14 libclang-rt-14-dev clang-format clang-tidy libsqlite3-dev)
 
@@ -38,6 +38,13 @@ as_root() {
   fi
 }
 
+# The tests run servers of their own; installing one must not start another.
+keep_server_from_starting() {
+  local settings=/etc/postgresql-common/createcluster.d
+  as_root mkdir -p "$settings"
+  as_root tee "$settings/no-main-cluster.conf" <<<"create_main_cluster = false" >/dev/null
+}
+
 main() {
   local missing
   if ! command -v apt-get >/dev/null; then
@@ -47,6 +54,7 @@ main() {
   missing=$(missing_packages "$1")
   [ -n "$missing" ] || return 0
   echo "Installing:" $missing
+  if grep -q postgresql <<<"$missing"; then keep_server_from_starting; fi
   as_root env DEBIAN_FRONTEND=noninteractive apt-get update -q
   as_root env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends $missing
 }

@@ -89,6 +89,8 @@ class Dialect {
   /// What follows an expression by which rows are sorted, so that Null comes first in the one and last in the other
   /// direction.
   virtual std::string Direction(bool descending) const { return descending ? " DESC" : ""; }
+  /// True if groups come in the order of their keys by themselves.
+  virtual bool SortsGroups() const { return true; }
   /// True if the star of a select must stand in the engine's statement, since that is how it notices that a table has
   /// got another column.
   virtual bool KeepsStars() const { return false; }

@@ -69,7 +69,9 @@ Operand ExpressionWriter::AsValue(Operand operand) const {
 Operand ExpressionWriter::Condition(const Expr& expr) {
   const std::size_t noted = grouping_ == nullptr ? 0 : grouping_->noted();
   Operand operand = Write(expr, Type::Boolean);
-  if (grouping_ != nullptr) grouping_->Settle(noted, AsValue(operand).text);
+  // A condition that is a key of groups is a value there, and known again as that only.
+  const bool key = grouping_ != nullptr && grouping_->Settle(noted, AsValue(operand).text);
+  if (key) operand = AsValue(operand);
   if (operand.condition) return operand;
   if (!Comparable(operand.type, Type::Boolean)) {
     RaiseAt(FailureNumber::TypesDoNotConvert, "A condition is expected, neither a text nor bytes", expr.place);

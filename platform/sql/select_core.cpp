@@ -205,7 +205,14 @@ std::string SelectCore::OrderBy() {
     AppendItem(list, expressions_.Collated(item != nullptr ? item->value : Sorted(*order.expr)));
     list += writing_.dialect().Direction(order.descending);
   }
+  if (select_.order_by.empty() && !select_.distinct && !writing_.dialect().SortsGroups()) list = SortedKeys();
   return list.empty() ? list : " ORDER BY " + list;
+}
+
+std::string SelectCore::SortedKeys() const {
+  std::string list;
+  for (const Operand& key : keys_) AppendItem(list, expressions_.Collated(key) + writing_.dialect().Direction(false));
+  return list;
 }
 
 /// What is no result column does not tell equal rows of a DISTINCT apart.

@@ -60,6 +60,7 @@ class SelectCore {
   std::string GroupBy();
   std::string Having();
   std::string OrderBy();
+  std::string SortedKeys() const;
   Operand Sorted(const Expr& expr);
   std::string Limit();
 

@@ -1,0 +1,137 @@
+#include "tests/support/server.h"
+
+#ifdef ZEF_TEST_SERVER_PROGRAMS
+
+#include <libpq-fe.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <memory>
+#include <stdexcept>
+#include <string_view>
+
+#include "platform/connection.h"
+#include "platform/engine.h"
+#include "platform/transaction_guard.h"
+#include "schema/schema_text.h"
+#include "schema/statements.h"
+
+namespace zef::test {
+namespace {
+
+using Handle = std::unique_ptr<PGconn, decltype(&PQfinish)>;
+
+std::string Environment(const char* name) {
+  const char* const value = std::getenv(name);
+  return value == nullptr ? "" : value;
+}
+
+/// A server for this process, which ends with it, however it ends.
+class OwnServer {
+ public:
+  OwnServer() : folder_("/tmp/zef-server-" + std::to_string(getpid())) {
+    const std::string process = std::to_string(getpid());
+    if (std::system((Script() + " start " + folder_ + " " + process).c_str()) != 0) {
+      throw std::runtime_error("the server does not start");
+    }
+  }
+  ~OwnServer() { [[maybe_unused]] const int status = std::system((Script() + " stop " + folder_).c_str()); }
+  OwnServer(const OwnServer&) = delete;
+  OwnServer& operator=(const OwnServer&) = delete;
+
+  const std::string& folder() const { return folder_; }
+
+ private:
+  static std::string Script() { return "ZEF_POSTGRESQL_BIN=" ZEF_TEST_SERVER_PROGRAMS " " ZEF_TEST_SERVER_SCRIPT; }
+
+  std::string folder_;
+};
+
+const std::string& Folder() {
+  static const std::string given = Environment("ZEF_TEST_SERVER");
+  if (!given.empty()) return given;
+  static const OwnServer own;
+  return own.folder();
+}
+
+std::string ConnectionTo(const std::string& database) {
+  return "Provider=PostgreSQL;Host=" + Folder() + ";Database=" + database + ";User ID=zef";
+}
+
+/// Commands for the server itself.
+class Commands {
+ public:
+  Commands() : connection_(PQconnectdb(("host=" + Folder() + " user=zef dbname=postgres").c_str()), &PQfinish) {
+    if (PQstatus(connection_.get()) != CONNECTION_OK) throw std::runtime_error(PQerrorMessage(connection_.get()));
+  }
+  bool Run(const std::string& text) {
+    const std::unique_ptr<PGresult, decltype(&PQclear)> result(PQexec(connection_.get(), text.c_str()), &PQclear);
+    if (PQresultStatus(result.get()) == PGRES_FATAL_ERROR) throw std::runtime_error(PQerrorMessage(connection_.get()));
+    return PQntuples(result.get()) > 0;
+  }
+
+ private:
+  Handle connection_;
+};
+
+void Fill(const std::string& database, const std::string& version) {
+  CreateDatabase(ConnectionTo(database));
+  if (version.empty()) return;
+  Connection connection;
+  connection.Open(ConnectionTo(database));
+  TransactionGuard<Connection> guard(connection);
+  for (const std::string& statement : schema::Statements(schema::Text(version))) {
+    connection.OpenedEngine().Execute({.text = statement});
+  }
+  guard.Commit();
+}
+
+/// The database that those of a version are copied from; the first test that needs it makes it.
+std::string Pattern(const std::string& version) {
+  std::string name = "zef_pattern_" + version;
+  for (char& c : name) c = c == '.' ? '_' : c;
+  Commands commands;
+  const std::string is_there = "SELECT 1 FROM pg_database WHERE datname = '" + name + "'";
+  if (commands.Run(is_there)) return name;
+  commands.Run("SELECT pg_advisory_lock(1)");
+  if (commands.Run(is_there)) return name;
+  const std::string unfinished = name + "_unfinished";
+  commands.Run("DROP DATABASE IF EXISTS " + unfinished + " WITH (FORCE)");
+  commands.Run("CREATE DATABASE " + unfinished);
+  Fill(unfinished, version);
+  commands.Run("ALTER DATABASE " + unfinished + " RENAME TO " + name);
+  return name;
+}
+
+}  // namespace
+
+bool OnServer() { return Environment("ZEF_TEST_ENGINE") == "PostgreSQL"; }
+
+ServerDatabase::ServerDatabase(const std::string& version) {
+  static int count = 0;
+  name_ = "zef_test_" + std::to_string(getpid()) + "_" + std::to_string(++count);
+  const std::string pattern = Pattern(version);
+  Commands().Run("CREATE DATABASE " + name_ + " TEMPLATE " + pattern);
+}
+
+ServerDatabase::~ServerDatabase() {
+  try {
+    Commands().Run("DROP DATABASE " + name_ + " WITH (FORCE)");
+  } catch (const std::exception&) {  // the server goes away with all it holds
+  }
+}
+
+std::string ServerDatabase::ConnectionString() const { return ConnectionTo(name_); }
+
+}  // namespace zef::test
+
+#else
+
+namespace zef::test {
+
+bool OnServer() { return false; }
+
+}  // namespace zef::test
+
+#endif
