@@ -44,7 +44,7 @@ CREATE OR REPLACE FUNCTION zef.month_named(word text) RETURNS integer LANGUAGE s
 CREATE OR REPLACE FUNCTION zef.date_in(x text) RETURNS timestamp LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
 DECLARE
   t text COLLATE "C" := btrim(x, ' ');
-  clock CONSTANT text := '(?:(\d{1,2})(?::(\d{1,2})(?::(\d{1,2}))?)? *([AaPp][Mm])?)';
+  clock CONSTANT text COLLATE "C" := '(?:(\d{1,2})(?::(\d{1,2})(?::(\d{1,2}))?)? *([AaPp][Mm])?)';
   d text[];
   p text[];
   hour int;

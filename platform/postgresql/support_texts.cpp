@@ -64,8 +64,9 @@ CREATE OR REPLACE FUNCTION zef.plain(c text) RETURNS text LANGUAGE sql IMMUTABLE
   SELECT CASE WHEN c COLLATE "C" ~ '^[!-/:-@[-`{-~]$' THEN '\' || c ELSE c END $$;
 
 CREATE OR REPLACE FUNCTION zef.like(x text, pattern text) RETURNS boolean LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
-  SELECT CASE WHEN strpos(pattern COLLATE "C", '[') = 0 THEN zef.fold(x) LIKE replace(zef.fold(pattern), '\', '\\')
-    ELSE zef.fold(x) ~ zef.expression_of(zef.fold(pattern)) END $$;
+  SELECT CASE WHEN strpos(pattern COLLATE "C", '[') = 0
+    THEN zef.fold(x) COLLATE "C" LIKE replace(zef.fold(pattern) COLLATE "C", '\', '\\')
+    ELSE zef.fold(x) COLLATE "C" ~ zef.expression_of(zef.fold(pattern)) END $$;
 
 CREATE OR REPLACE FUNCTION zef.count(n double precision, lowest integer) RETURNS integer LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
 BEGIN
@@ -74,7 +75,8 @@ BEGIN
 END $$;
 
 CREATE OR REPLACE FUNCTION zef.instr(x text, part text) RETURNS integer LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
-  SELECT CASE WHEN part COLLATE "C" = '' THEN least(length(x), 1) ELSE strpos(zef.fold(x), zef.fold(part)) END $$;
+  SELECT CASE WHEN part COLLATE "C" = '' THEN least(length(x), 1) 
+    ELSE strpos(zef.fold(x) COLLATE "C", zef.fold(part) COLLATE "C") END $$;
 CREATE OR REPLACE FUNCTION zef.instr_from(start double precision, x text, part text) RETURNS integer LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
 DECLARE
   first int := zef.count(start, 1);

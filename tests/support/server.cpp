@@ -59,21 +59,17 @@ std::string ConnectionTo(const std::string& database) {
   return "Provider=PostgreSQL;Host=" + Folder() + ";Database=" + database + ";User ID=zef";
 }
 
-/// Commands for the server itself.
-class Commands {
- public:
-  Commands() : connection_(PQconnectdb(("host=" + Folder() + " user=zef dbname=postgres").c_str()), &PQfinish) {
-    if (PQstatus(connection_.get()) != CONNECTION_OK) throw std::runtime_error(PQerrorMessage(connection_.get()));
-  }
-  bool Run(const std::string& text) {
-    const std::unique_ptr<PGresult, decltype(&PQclear)> result(PQexec(connection_.get(), text.c_str()), &PQclear);
-    if (PQresultStatus(result.get()) == PGRES_FATAL_ERROR) throw std::runtime_error(PQerrorMessage(connection_.get()));
-    return PQntuples(result.get()) > 0;
-  }
-
- private:
-  Handle connection_;
-};
+/// Runs commands for the server itself; true if they give a row. One connection serves all tests of the process.
+bool Run(const std::string& text) {
+  static const Handle connection(
+      PQconnectdb(("host=" + Folder() + " user=zef dbname=postgres options=-cclient_min_messages=error").c_str()),
+      &PQfinish);
+  const std::unique_ptr<PGresult, decltype(&PQclear)> result(PQexec(connection.get(), text.c_str()), &PQclear);
+  const ExecStatusType status = PQresultStatus(result.get());
+  const bool done = status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK;
+  if (!done) throw std::runtime_error(PQerrorMessage(connection.get()));
+  return PQntuples(result.get()) > 0;
+}
 
 void Fill(const std::string& database, const std::string& version) {
   CreateDatabase(ConnectionTo(database));
@@ -87,20 +83,27 @@ void Fill(const std::string& database, const std::string& version) {
   guard.Commit();
 }
 
+/// Keeps the other processes of the tests waiting for as long as it lives.
+struct Turn {
+  Turn() { Run("SELECT pg_advisory_lock(1)"); }
+  ~Turn() { Run("SELECT pg_advisory_unlock(1)"); }
+  Turn(const Turn&) = delete;
+  Turn& operator=(const Turn&) = delete;
+};
+
 /// The database that those of a version are copied from; the first test that needs it makes it.
 std::string Pattern(const std::string& version) {
   std::string name = "zef_pattern_" + version;
   for (char& c : name) c = c == '.' ? '_' : c;
-  Commands commands;
   const std::string is_there = "SELECT 1 FROM pg_database WHERE datname = '" + name + "'";
-  if (commands.Run(is_there)) return name;
-  commands.Run("SELECT pg_advisory_lock(1)");
-  if (commands.Run(is_there)) return name;
+  if (Run(is_there)) return name;
+  const Turn turn;
+  if (Run(is_there)) return name;
   const std::string unfinished = name + "_unfinished";
-  commands.Run("DROP DATABASE IF EXISTS " + unfinished + " WITH (FORCE)");
-  commands.Run("CREATE DATABASE " + unfinished);
+  Run("DROP DATABASE IF EXISTS " + unfinished + " WITH (FORCE)");
+  Run("CREATE DATABASE " + unfinished);
   Fill(unfinished, version);
-  commands.Run("ALTER DATABASE " + unfinished + " RENAME TO " + name);
+  Run("ALTER DATABASE " + unfinished + " RENAME TO " + name);
   return name;
 }
 
@@ -112,12 +115,12 @@ ServerDatabase::ServerDatabase(const std::string& version) {
   static int count = 0;
   name_ = "zef_test_" + std::to_string(getpid()) + "_" + std::to_string(++count);
   const std::string pattern = Pattern(version);
-  Commands().Run("CREATE DATABASE " + name_ + " TEMPLATE " + pattern);
+  Run("CREATE DATABASE " + name_ + " TEMPLATE " + pattern);
 }
 
 ServerDatabase::~ServerDatabase() {
   try {
-    Commands().Run("DROP DATABASE " + name_ + " WITH (FORCE)");
+    Run("DROP DATABASE " + name_ + " WITH (FORCE)");
   } catch (const std::exception&) {  // the server goes away with all it holds
   }
 }

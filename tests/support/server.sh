@@ -7,6 +7,7 @@ set -euo pipefail
 
 programs=${ZEF_POSTGRESQL_BIN:-$(ls -d /usr/lib/postgresql/*/bin 2>/dev/null | sort -V | tail -1)}
 folder=${2:?"a folder is needed"}
+self=$(readlink -f "$0")
 
 # The server refuses to run as root.
 as_user() {
@@ -24,8 +25,13 @@ stop() {
   rm -rf "$folder"
 }
 
+# Waits for the end of a process and then stops the server, unless another one stands in its place.
 watch_over() {
-  while kill -0 "$1" 2>/dev/null && server_process >/dev/null; do sleep 0.5; done
+  local watched=$1 server=$2
+  while kill -0 "$watched" 2>/dev/null; do
+    sleep 0.5
+    [ "$(server_process)" = "$server" ] || return 0
+  done
   stop
 }
 
@@ -43,13 +49,13 @@ start() {
     -c synchronous_commit=off -c full_page_writes=off -c autovacuum=off -c log_min_messages=warning" >/dev/null
   chmod 755 "$folder"
   if [ -n "$watched" ]; then
-    setsid "$BASH" "$0" watch "$folder" "$watched" </dev/null >/dev/null 2>&1 &
+    setsid "$BASH" "$self" watch "$folder" "$watched" "$(server_process)" </dev/null >/dev/null 2>&1 &
   fi
 }
 
 case "$1" in
   start) start "${3:-}" ;;
   stop) stop ;;
-  watch) watch_over "$3" ;;
+  watch) watch_over "$3" "$4" ;;
   *) echo "server.sh: start or stop, not \"$1\"" >&2; exit 2 ;;
 esac
