@@ -18,6 +18,9 @@ file(GLOB folders LIST_DIRECTORIES TRUE RELATIVE "${PROJECT_SOURCE_DIR}/tests" C
 list(REMOVE_ITEM folders support clients)  # tests of clients link nothing of the library: see ClientTests.cmake
 foreach(folder IN LISTS folders)
   file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp" "${PROJECT_SOURCE_DIR}/tests/${folder}/*.c")
+  if(NOT ZEF_TEST_SERVER)
+    list(FILTER test_sources EXCLUDE REGEX "/postgresql/")
+  endif()
   if(NOT test_sources)
     continue()
   endif()

@@ -59,16 +59,24 @@ std::string ConnectionTo(const std::string& database) {
   return "Provider=PostgreSQL;Host=" + Folder() + ";Database=" + database + ";User ID=zef";
 }
 
-/// Runs commands for the server itself; true if they give a row. One connection serves all tests of the process.
-bool Run(const std::string& text) {
-  static const Handle connection(
-      PQconnectdb(("host=" + Folder() + " user=zef dbname=postgres options=-cclient_min_messages=error").c_str()),
-      &PQfinish);
-  const std::unique_ptr<PGresult, decltype(&PQclear)> result(PQexec(connection.get(), text.c_str()), &PQclear);
+/// The first value of what a command gives, or the empty text.
+std::string Answer(PGconn* connection, const std::string& text) {
+  const std::unique_ptr<PGresult, decltype(&PQclear)> result(PQexec(connection, text.c_str()), &PQclear);
   const ExecStatusType status = PQresultStatus(result.get());
   const bool done = status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK;
-  if (!done) throw std::runtime_error(PQerrorMessage(connection.get()));
-  return PQntuples(result.get()) > 0;
+  if (!done) throw std::runtime_error(PQerrorMessage(connection));
+  return PQntuples(result.get()) > 0 ? PQgetvalue(result.get(), 0, 0) : "";
+}
+
+Handle ConnectTo(const std::string& database) {
+  const std::string options = " user=zef options=-cclient_min_messages=error";
+  return {PQconnectdb(("host=" + Folder() + " dbname=" + database + options).c_str()), &PQfinish};
+}
+
+/// Runs a command for the server itself; true if it gives a row. One connection serves all tests of the process.
+bool Run(const std::string& text) {
+  static const Handle connection = ConnectTo("postgres");
+  return !Answer(connection.get(), text).empty();
 }
 
 void Fill(const std::string& database, const std::string& version) {
@@ -126,6 +134,12 @@ ServerDatabase::~ServerDatabase() {
 }
 
 std::string ServerDatabase::ConnectionString() const { return ConnectionTo(name_); }
+
+std::string ServerDatabase::Ask(const std::string& text) const { return Answer(ConnectTo(name_).get(), text); }
+
+void ServerDatabase::EndConnections() const {
+  Run("SELECT count(pg_terminate_backend(pid, 5000)) FROM pg_stat_activity WHERE datname = '" + name_ + "'");
+}
 
 }  // namespace zef::test
 

@@ -18,6 +18,10 @@ class ServerDatabase {
   ServerDatabase& operator=(const ServerDatabase&) = delete;
 
   std::string ConnectionString() const;
+  /// The first value that a statement of the server's own language gives, as another program sees it.
+  std::string Ask(const std::string& text) const;
+  /// Ends all connections to the database from the server's side.
+  void EndConnections() const;
 
  private:
   std::string name_;

@@ -85,9 +85,7 @@ TEST_P(Dialects, CompareDatesWithNumbers) {
 }
 
 TEST_P(Dialects, UniteValuesOfSeveralKinds) {
-  EXPECT_EQ(
-      Table("SELECT 1 UNION ALL SELECT 'x' UNION ALL SELECT Null UNION ALL SELECT 2.5 UNION ALL SELECT #5/1/2024#"),
-      GetParam().name == "PostgreSQL" ? "1; x; Null; 2.5; 5/1/2024" : "1; x; Null; 2.5; 45413");
+  EXPECT_EQ(Table("SELECT 1 UNION ALL SELECT 'x' UNION ALL SELECT Null UNION ALL SELECT 2.5"), "1; x; Null; 2.5");
   EXPECT_EQ(Table("SELECT Null UNION ALL SELECT Null UNION ALL SELECT 2"), "Null; Null; 2");
 }
 
