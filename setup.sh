@@ -3,8 +3,8 @@
 # network. Usage: setup.sh [build|test|bench|fuzz|ci], each group with those it rests on; no argument means all of them.
 set -euo pipefail
 
-packages_build=(cmake g++ ninja-build ccache pkg-config libicu-dev libboost-dev libfmt-dev libcli11-dev)
-packages_test=(libgtest-dev libgmock-dev sqlite3 python3 valgrind)
+packages_build=(cmake g++ ninja-build ccache pkg-config libicu-dev libboost-dev libfmt-dev libcli11-dev libpq-dev)
+packages_test=(libgtest-dev libgmock-dev sqlite3 python3 valgrind postgresql-15)
 packages_bench=(libbenchmark-dev libical-dev)
 packages_fuzz=(clang-14 libclang-rt-14-dev)
 packages_ci=(clang-format clang-tidy libsqlite3-dev)
@@ -39,6 +39,13 @@ as_root() {
   fi
 }
 
+# The tests run servers of their own; installing one must not start another.
+keep_server_from_starting() {
+  local settings=/etc/postgresql-common/createcluster.d
+  as_root mkdir -p "$settings"
+  as_root tee "$settings/no-main-cluster.conf" <<<"create_main_cluster = false" >/dev/null
+}
+
 main() {
   local missing
   if ! command -v apt-get >/dev/null; then
@@ -48,6 +55,7 @@ main() {
   missing=$(missing_packages "$1")
   [ -n "$missing" ] || return 0
   echo "Installing:" $missing
+  if grep -q postgresql <<<"$missing"; then keep_server_from_starting; fi
   as_root env DEBIAN_FRONTEND=noninteractive apt-get update -q
   as_root env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends $missing
 }

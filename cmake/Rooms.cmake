@@ -11,6 +11,9 @@ foreach(room IN LISTS ZEF_ROOMS)
   file(GLOB_RECURSE room_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${room}/*.cpp" "${PROJECT_SOURCE_DIR}/${room}/*.h")
   list(APPEND sources ${room_sources})
 endforeach()
+if(NOT ZEF_POSTGRESQL)
+  list(FILTER sources EXCLUDE REGEX "/platform/postgresql/")
+endif()
 
 configure_file("${PROJECT_SOURCE_DIR}/cmake/version.h.in" "${PROJECT_BINARY_DIR}/generated/version.h" @ONLY)
 
@@ -20,6 +23,10 @@ target_compile_features(zefcore PUBLIC cxx_std_20)
 target_link_libraries(zefcore
   PUBLIC ICU::uc ICU::i18n Boost::headers fmt::fmt
   PRIVATE zef::engine zef_warnings)
+if(ZEF_POSTGRESQL)
+  target_link_libraries(zefcore PRIVATE PostgreSQL::PostgreSQL)
+  target_compile_definitions(zefcore PUBLIC ZEF_POSTGRESQL)
+endif()
 if(ZEF_SYSTEM_SQLITE)
   target_compile_definitions(zefcore PUBLIC ZEF_SYSTEM_SQLITE)
 endif()

@@ -9,15 +9,19 @@ file(GLOB_RECURSE support_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests
 list(REMOVE_ITEM support_sources ${tool_sources})
 add_library(zef_test_base INTERFACE)
 target_link_libraries(zef_test_base INTERFACE zefcore zefschema GTest::gmock zef_warnings)
+include(TestServer)
 if(support_sources)
   add_library(zef_test_support STATIC ${support_sources})
-  target_link_libraries(zef_test_support PUBLIC zef_test_base zef_test_tools)
+  target_link_libraries(zef_test_support PUBLIC zef_test_base zef_test_server zef_test_tools)
 endif()
 
 file(GLOB folders LIST_DIRECTORIES TRUE RELATIVE "${PROJECT_SOURCE_DIR}/tests" CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/*")
 list(REMOVE_ITEM folders support clients)  # tests of clients link nothing of the library: see ClientTests.cmake
 foreach(folder IN LISTS folders)
   file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp" "${PROJECT_SOURCE_DIR}/tests/${folder}/*.c")
+  if(NOT ZEF_TEST_SERVER)
+    list(FILTER test_sources EXCLUDE REGEX "/postgresql/")
+  endif()
   if(NOT test_sources)
     continue()
   endif()
@@ -40,6 +44,8 @@ foreach(folder IN LISTS folders)
   endif()
   set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
   gtest_discover_tests(${target}
-    TEST_PREFIX "${folder}." WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" DISCOVERY_TIMEOUT 60
+    TEST_PREFIX "${folder}." TEST_FILTER "-*PostgreSQL*"
+    WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" DISCOVERY_TIMEOUT 60
     PROPERTIES TIMEOUT 300 ENVIRONMENT "ZEF_PROGRAM=${PROJECT_BINARY_DIR}/zef")
+  zef_discover_server_tests(${target} ${folder})
 endforeach()

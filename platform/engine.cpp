@@ -5,6 +5,9 @@
 
 #include "platform/backup.h"
 #include "platform/connection_string.h"
+#ifdef ZEF_POSTGRESQL
+#include "platform/postgresql/postgresql_engine.h"
+#endif
 #include "platform/sqlite/sqlite_engine.h"
 #include "platform/sqlite/sqlite_file.h"
 #include "platform/text.h"
@@ -22,6 +25,9 @@ struct Provider {
 constexpr Provider kProviders[] = {
     {"Microsoft.Jet.OLEDB.4.0", &OpenSqlite, &CreateSqlite, &BackUpSqlite},
     {"SQLite", &OpenSqlite, &CreateSqlite, &BackUpSqlite},
+#ifdef ZEF_POSTGRESQL
+    {"PostgreSQL", &OpenPostgresql, &CreatePostgresql, &BackUpPostgresql},
+#endif
 };
 
 const Provider& ProviderOf(const ConnectionString& connection) {
@@ -29,7 +35,9 @@ const Provider& ProviderOf(const ConnectionString& connection) {
   for (const Provider& provider : kProviders) {
     if (text::EqualNames(provider.name, wanted)) return provider;
   }
-  throw RunTimeError(FailureNumber::ProviderNotFound);
+  if (!text::EqualNames("PostgreSQL", wanted)) throw RunTimeError(FailureNumber::ProviderNotFound);
+  throw RunTimeError(FailureNumber::ProviderNotFound,
+                     "The provider cannot be found: this library was built without PostgreSQL.");
 }
 
 }  // namespace

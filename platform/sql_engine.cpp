@@ -188,16 +188,25 @@ Result SqlEngine::Execute(const Command& command) {
       plan.reset();
     }
     if (!plan) plan = NewPlan(command);
-    if (plan && Run(plan, command, result)) return result;
+    if (plan && RunUnlessChanged(plan, command, result)) return result;
     Forget();
   }
   throw RunTimeError(FailureNumber::FileUnusable, "The tables are being changed by another program; try again later.");
 }
 
+/// What another client has made of the tables meanwhile may be why a statement failed.
+bool SqlEngine::RunUnlessChanged(const Ref<Plan>& plan, const Command& command, Result& result) try {
+  return Run(plan, command, result);
+} catch (const RunTimeError& failure) {
+  if (!FailsForChangedTables(failure) || SchemaVersion() == tables_version_) throw;
+  return false;
+}
+
 bool SqlEngine::Run(const Ref<Plan>& plan, const Command& command, Result& result) {
   const bool reads = plan->shape.statement().kind == sql::CompiledStatement::Kind::Select;
   if (!reads) DetachCursors();
-  TransactionGuard<Engine> own(*this, TransactionDepth() == 0 ? !reads : FailureEndsTransaction());
+  const bool outside = TransactionDepth() == 0;
+  TransactionGuard<Engine> own(*this, outside ? !reads && !StatementsAreTransactions() : FailureEndsTransaction());
   Lease lease(*this, *plan);
   if (!lease.MakeReady(command)) return false;
   const PreparedStatement::Step step = lease.statement().Next();
@@ -206,6 +215,7 @@ bool SqlEngine::Run(const Ref<Plan>& plan, const Command& command, Result& resul
     result.cursor = std::make_unique<SqlCursor>(*this, plan, lease.Take(), step == PreparedStatement::Step::Row);
   } else {
     result.rows = lease.statement().RowsWritten();
+    result.row_id = lease.statement().RowId();
     lease.Return();
   }
   own.Commit();

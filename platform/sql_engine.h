@@ -34,6 +34,8 @@ class PreparedStatement {
   virtual void Reset() = 0;
   /// Rows that the last run wrote.
   virtual std::int64_t RowsWritten() const = 0;
+  /// Where the row that the last run wrote stands now, see `Result`.
+  virtual std::optional<Value> RowId() const { return std::nullopt; }
 };
 
 /// The worked-out form of all statements of one shape.
@@ -86,9 +88,14 @@ class SqlEngine : public Engine, protected sql::Catalog {
   /// Asked before a plan that was kept is used: false if the tables have changed since. An engine whose statements tell
   /// so themselves, by `SchemaChanged`, has no need to look.
   virtual bool Current(const Plan& /*plan*/) { return true; }
+  /// True if a failure may come from tables that have changed since the statement was worked out, for an engine whose
+  /// statements do not tell so by `SchemaChanged`.
+  virtual bool FailsForChangedTables(const RunTimeError& /*failure*/) const { return false; }
   /// True for an engine in which a failure makes the running transaction unusable: it runs each statement in a nested
   /// one.
   virtual bool FailureEndsTransaction() const { return false; }
+  /// True for an engine in which a writing statement outside of a transaction is one by itself.
+  virtual bool StatementsAreTransactions() const { return false; }
   /// Raises if a statement must not run now, as in a transaction that the engine has undone by itself.
   virtual void RequireUsable() const = 0;
 
@@ -110,6 +117,7 @@ class SqlEngine : public Engine, protected sql::Catalog {
   Ref<Plan> KnownPlan(const Command& command);
   /// Works out the plan of the statement whose shape was read, or null if the tables changed meanwhile.
   Ref<Plan> NewPlan(const Command& command);
+  bool RunUnlessChanged(const Ref<Plan>& plan, const Command& command, Result& result);
   /// False if nothing was done because the tables have changed since the plan was worked out.
   bool Run(const Ref<Plan>& plan, const Command& command, Result& result);
   sql::CompiledStatement CompileShape(sql::CompileOptions options);

@@ -76,7 +76,8 @@ class UpdateWriter {
     for (const Assigned& assigned : assigned_) {
       AppendItem(list, Quoted(assigned.column->name) + " = " + expressions_.Stored(*assigned.value, *assigned.column));
     }
-    return "UPDATE " + target_->text + " SET " + list + Where();
+    const std::string text = "UPDATE " + target_->text + " SET " + list + Where();
+    return writing_.options().by_row_id ? text + writing_.dialect().Returning(table_->row_id) : text;
   }
 
   std::string Where() {

@@ -55,8 +55,9 @@ struct CompiledStatement {
 class Dialect {
  public:
   virtual ~Dialect() = default;
-  /// Parameter number `n`, from 1: "?1" or "$1".
-  virtual std::string Parameter(std::size_t n) const = 0;
+  /// Parameter number `n`, from 1: "?1" or "$1". `type` is that of the values it is bound to, `Unknown` if only its
+  /// place tells.
+  virtual std::string Parameter(std::size_t n, Type type) const = 0;
   /// A comparison of two text expressions by the dialect's rules; `op` is =, <>, <, <=, > or >=, or IN with a list or
   /// select in brackets as `right`. `indexed_column` tells that `left` is a column that leads an index and ignores the
   /// case of ASCII letters, and `right` a parameter that is a plain ASCII text (or a list of at most 100 of them), so
@@ -72,6 +73,29 @@ class Dialect {
   virtual bool FetchesLater() const = 0;
   /// What follows a select that must lock the rows it reads; may be empty.
   virtual std::string ForUpdate() const = 0;
+
+  // What an engine of dynamic types, whose values convert themselves, has no need of.
+
+  /// A value of one type as it stands where one of another type is needed: beside it in a comparison or calculation, or
+  /// as an argument. A whole number beside others of 64 bits is meant by `Long`.
+  virtual std::string Cast(const std::string& text, Type /*from*/, Type /*to*/) const { return text; }
+  /// A value whose type only its row tells.
+  virtual std::string Varying(const std::string& text) const { return text; }
+  /// A column of a table as it stands in an expression.
+  virtual std::string Column(const std::string& text, const ColumnInfo& /*column*/) const { return text; }
+  /// True or False as a number, never a bare one: where rows are sorted, engines take that for the position of a
+  /// column.
+  virtual std::string Truth(bool truth) const { return truth ? "~0" : "~-1"; }
+  /// What follows an expression by which rows are sorted, so that Null comes first in the one and last in the other
+  /// direction.
+  virtual std::string Direction(bool descending) const { return descending ? " DESC" : ""; }
+  /// True if groups come in the order of their keys by themselves.
+  virtual bool SortsGroups() const { return true; }
+  /// True if the star of a select must stand in the engine's statement, since that is how it notices that a table has
+  /// got another column.
+  virtual bool KeepsStars() const { return false; }
+  /// What follows an UPDATE that found its row by its identifier; may be empty.
+  virtual std::string Returning(const std::string& /*row_id*/) const { return {}; }
 };
 
 struct CompileOptions {

@@ -80,16 +80,19 @@ Operand ExpressionWriter::Call(const Expr& expr) {
 }
 
 Operand ExpressionWriter::FunctionCall(const Expr& expr, const FunctionRow& row) {
+  const bool as_number = row.result == FunctionRow::kAsNumber;
   std::string arguments;
-  Type first = Type::Unknown;
+  Type type = row.result;
   for (std::size_t i = 0; i < expr.args.size(); ++i) {
-    const Type wanted = row.arguments[i];
+    Type wanted = row.arguments[i];
     const Operand argument = IsText(wanted) ? AsText(*expr.args[i]) : Value(*expr.args[i], wanted);
-    if (i == 0) first = argument.type;
-    AppendItem(arguments, argument.text);
+    if (i == 0 && as_number) type = AsNumber(argument.type);
+    if (i == 0 && type == Type::Long && as_number) wanted = Type::Long;
+    AppendItem(arguments, IsText(wanted) ? argument.text : Cast(argument, wanted));
   }
-  const Type type = row.result == FunctionRow::kAsNumber ? AsNumber(first) : row.result;
-  return {writing_.Call(row.helper, arguments), type};
+  const std::string call = writing_.Call(row.helper, arguments);
+  const bool counts = as_number && type == Type::Date;
+  return {counts ? writing_.dialect().Cast(call, Type::Double, Type::Date) : call, type};
 }
 
 Operand ExpressionWriter::Aggregate(const Expr& expr, const AggregateRow& row) {
@@ -108,7 +111,8 @@ Operand ExpressionWriter::Aggregate(const Expr& expr, const AggregateRow& row) {
   if (row.needs_number && !Comparable(argument.type, Type::Double)) {
     RaiseAt(FailureNumber::TypesDoNotConvert, "The aggregate '" + expr.name + "' needs numbers", expr.place);
   }
-  const std::string text = std::string(row.name) + (expr.distinct ? "(DISTINCT " : "(") + Collated(argument) + ")";
+  const std::string taken = row.needs_number ? Cast(argument, Type::Double) : Collated(argument);
+  const std::string text = std::string(row.name) + (expr.distinct ? "(DISTINCT " : "(") + taken + ")";
   return {text, row.result == Type::Unknown ? argument.type : row.result, argument.length};
 }
 
@@ -130,7 +134,8 @@ Operand ExpressionWriter::CallOfNz(const Expr& expr) {
   }
   const Operand value = Value(*expr.args[0]);
   const bool number = IsNumber(value.type) || value.type == Type::Date;
-  return {"COALESCE(" + value.text + (number ? ", 0)" : ", '')"), value.type};
+  const std::string empty = number ? writing_.dialect().Cast("0", Type::Long, value.type) : "''";
+  return {"COALESCE(" + value.text + ", " + empty + ")", value.type};
 }
 
 /// Two values of which one is the result; beside a text the other becomes a text as well.
@@ -142,9 +147,16 @@ ExpressionWriter::Operands ExpressionWriter::WithCommonType(const Expr& first, c
   for (Operand& value : values) {
     if (IsText(type) && !value.null) value = AsText(std::move(value));
     if (IsText(type) && IsNumber(value.type)) value.text = writing_.Call("cstr", value.text);
+    if (!IsText(type)) value.text = AsOneOf(value, type);
     value.type = type;
   }
   return values;
+}
+
+/// A value among others that are of the type, or of several if it is `Unknown`.
+std::string ExpressionWriter::AsOneOf(const Operand& value, Type type) const {
+  if (type != Type::Unknown) return Cast(value, type);
+  return value.null || value.type == Type::Unknown ? value.text : writing_.dialect().Varying(value.text);
 }
 
 Operand ExpressionWriter::AsText(const Expr& expr) { return AsText(Value(expr, Type::Text)); }
@@ -159,6 +171,7 @@ Operand ExpressionWriter::AsText(Operand value) const {
   for (const TextForm& form : kForms) {
     if (form.type == value.type) return {writing_.Call(form.helper, value.text), Type::Text};
   }
+  if (IsNumber(value.type)) value.text = Cast(value, Type::Text);
   return value;
 }
 

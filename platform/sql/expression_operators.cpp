@@ -105,6 +105,12 @@ void ExpressionWriter::RequireComparable(const Expr& expr, const Operand& left, 
   RaiseAt(FailureNumber::TypesDoNotConvert, "The types of the values that are compared do not convert", expr.place);
 }
 
+/// The text of a value that is compared with another one: beside a date, a number is the date that it counts.
+std::string ExpressionWriter::Beside(const Operand& other, const Operand& operand) const {
+  const bool counts = other.type == Type::Date && IsNumber(operand.type);
+  return Cast(operand, counts ? Type::Date : operand.type, Binding::Sum);
+}
+
 /// `right` is an operand or a list in brackets.
 Operand ExpressionWriter::Comparing(const Operand& left, const std::string& op, const std::string& right,
                                     bool indexed) const {
@@ -123,7 +129,9 @@ Operand ExpressionWriter::Compared(const Expr& expr, const Operand& left, const 
   const bool may_be_text = right.type == Type::Unknown || IsText(right.type);
   if (left.type == Type::Unknown && may_be_text && !special) subject.type = Type::Text;
   const bool indexed = ServesTexts(left) && right.plain_ascii;
-  return Comparing(subject, op, Bracketed(right, Binding::Sum), indexed);
+  subject.text = Beside(right, left);
+  subject.binding = Binding::Whole;
+  return Comparing(subject, op, Beside(left, right), indexed);
 }
 
 Operand ExpressionWriter::Comparison(const Expr& expr) {
@@ -173,12 +181,14 @@ Operand ExpressionWriter::Calculation(const Expr& expr) {
 }
 
 Operand ExpressionWriter::Calculated(const Expr& expr, const Arithmetic& op, const Operands& sides) const {
-  if (!op.helper.empty()) return {writing_.Call(op.helper, sides[0].text + ", " + sides[1].text), op.result};
+  if (!op.helper.empty()) {
+    return {writing_.Call(op.helper, Cast(sides[0], Type::Double) + ", " + Cast(sides[1], Type::Double)), op.result};
+  }
   const Type type = op.result == Type::Unknown ? SumType(expr.name, sides) : NumberType(sides);
   if (HasDate(sides) && op.result == Type::Unknown) return DateSum(expr, sides, type);
   // Behind the operator stands what binds more tightly: a - (b - c).
   const auto tighter = static_cast<Binding>(static_cast<int>(op.binding) + 1);
-  const std::string text = Bracketed(sides[0], op.binding) + " " + expr.name + " " + Bracketed(sides[1], tighter);
+  const std::string text = Cast(sides[0], type, op.binding) + " " + expr.name + " " + Cast(sides[1], type, tighter);
   return {text, type, 0, op.binding};
 }
 
@@ -186,7 +196,7 @@ Operand ExpressionWriter::Calculated(const Expr& expr, const Arithmetic& op, con
 Operand ExpressionWriter::DateSum(const Expr& expr, const Operands& sides, Type type) const {
   if (type == Type::Double) return {writing_.Call("date_distance", sides[1].text + ", " + sides[0].text), type};
   const bool turned = sides[0].type != Type::Date;
-  const std::string days = Bracketed(sides[turned ? 0 : 1], Binding::Whole);
+  const std::string days = Cast(sides[turned ? 0 : 1], Type::Double, Binding::Whole);
   return {writing_.Call("date_sum", sides[turned ? 1 : 0].text + (expr.name == "-" ? ", -" : ", ") + days), type};
 }
 
@@ -201,10 +211,16 @@ Operand ExpressionWriter::Between(const Expr& expr) {
   const Operands sides = Alike(expr.args);
   RequireComparable(expr, sides[0], sides[1]);
   RequireComparable(expr, sides[0], sides[2]);
-  const std::string value = IsText(sides[0].type) ? Collated(sides[0]) : Bracketed(sides[0], Binding::Sum);
-  const std::string text = value + (expr.negated ? " NOT BETWEEN " : " BETWEEN ") + Bracketed(sides[1], Binding::Sum) +
-                           " AND " + Bracketed(sides[2], Binding::Sum);
+  const std::string value = IsText(sides[0].type) ? Collated(sides[0]) : Beside(sides[1], sides[0]);
+  const std::string text = value + (expr.negated ? " NOT BETWEEN " : " BETWEEN ") + Beside(sides[0], sides[1]) +
+                           " AND " + Beside(sides[0], sides[2]);
   return ConditionOf("(" + text + ")", Binding::Comparison);
+}
+
+/// One side of an IN that has many: it becomes what the other one is, also where that is no date.
+std::string ExpressionWriter::ListItem(const Operand& subject, const Operand& item) const {
+  const bool mixed = (subject.type == Type::Date) != (item.type == Type::Date);
+  return mixed && Comparable(subject.type, item.type) ? Cast(item, subject.type) : item.text;
 }
 
 Operand ExpressionWriter::InList(const Expr& expr) {
@@ -213,7 +229,7 @@ Operand ExpressionWriter::InList(const Expr& expr) {
   bool plain = sides.size() <= kMostIndexedTexts + 1;
   for (std::size_t i = 1; i < sides.size(); ++i) {
     RequireComparable(expr, sides[0], sides[i]);
-    AppendItem(list, sides[i].text);
+    AppendItem(list, ListItem(sides[0], sides[i]));
     plain = plain && sides[i].plain_ascii;
   }
   const Operand found = Comparing(sides[0], "IN", "(" + list + ")", plain && ServesTexts(sides[0]));
@@ -224,8 +240,9 @@ Operand ExpressionWriter::InSelect(const Expr& expr) {
   const WrittenSelect select = WriteSelect(writing_, *expr.select, &scope_, Naming::None);
   Operand list;
   list.type = SingleColumn(select, expr.place).type;
-  const Operand value = Value(*expr.args[0], list.type);
+  Operand value = Value(*expr.args[0], list.type);
   RequireComparable(expr, value, list);
+  value.text = ListItem(list, value);
   const Operand found = Comparing(value, "IN", "(" + select.text + ")", false);
   return expr.negated ? ConditionOf("NOT (" + found.text + ")", Binding::Not) : found;
 }

@@ -8,15 +8,6 @@
 namespace zef::sql {
 namespace {
 
-Type TypeOf(LiteralKind kind) {
-  switch (kind) {
-    case LiteralKind::Integer: return Type::Long;
-    case LiteralKind::Decimal: return Type::Double;
-    case LiteralKind::Date: return Type::Date;
-    default: return Type::Text;
-  }
-}
-
 /// What a literal of type `own` (or a placeholder, `Unknown`) is converted to before it meets a value of type `wanted`.
 /// Numbers and dates meet as they are; a text or placeholder meets any number as a double, so that nothing is rounded
 /// away.
@@ -78,12 +69,15 @@ Operand ExpressionWriter::AsValue(Operand operand) const {
 Operand ExpressionWriter::Condition(const Expr& expr) {
   const std::size_t noted = grouping_ == nullptr ? 0 : grouping_->noted();
   Operand operand = Write(expr, Type::Boolean);
-  if (grouping_ != nullptr) grouping_->Settle(noted, AsValue(operand).text);
+  // A condition that is a key of groups is a value there, and known again as that only.
+  const bool key = grouping_ != nullptr && grouping_->Settle(noted, AsValue(operand).text);
+  if (key) operand = AsValue(operand);
   if (operand.condition) return operand;
   if (!Comparable(operand.type, Type::Boolean)) {
     RaiseAt(FailureNumber::TypesDoNotConvert, "A condition is expected, neither a text nor bytes", expr.place);
   }
-  return {Bracketed(operand, Binding::Sum) + " <> 0", Type::Boolean, 0, Binding::Comparison, nullptr, true};
+  const std::string number = Cast(operand, Type::Boolean, Binding::Sum);
+  return {number + " <> 0", Type::Boolean, 0, Binding::Comparison, nullptr, true};
 }
 
 std::string ExpressionWriter::Stored(const Expr& expr, const ColumnInfo& column) {
@@ -101,10 +95,15 @@ std::string ExpressionWriter::Stored(const Operand& value, const ColumnInfo& col
   std::string text = value.text;
   if (!FitsAsItIs(value, column) && !Converter(column.type).empty()) {
     const bool to_text = IsText(column.type);
-    if (to_text) text = AsText(value).text + ", " + std::to_string(column.length);
+    text = to_text ? AsText(value).text + ", " + std::to_string(column.length) : Cast(value, column.type);
     text = writing_.Call(Converter(column.type), text + ", " + QuotedText(column.name));
   }
   return column.required ? writing_.Call("required", text + ", " + QuotedText(column.name)) : text;
+}
+
+std::string ExpressionWriter::Cast(const Operand& operand, Type to, Binding needed) const {
+  const std::string text = Bracketed(operand, needed);
+  return operand.null ? text : writing_.dialect().Cast(text, operand.type, to);
 }
 
 std::string ExpressionWriter::Collated(const Operand& operand) const {
@@ -159,6 +158,7 @@ Operand ExpressionWriter::Reference(const FoundColumn& found) const {
   operand.type = found.column->type;
   operand.length = found.column->length;
   operand.column = found.column;
+  operand.text = writing_.dialect().Column(operand.text, *found.column);
   return operand;
 }
 
@@ -166,8 +166,7 @@ Operand ExpressionWriter::Constant(const Expr& expr) const {
   Operand operand;
   operand.null = expr.kind == Expr::Kind::Null;
   operand.type = operand.null ? Type::Unknown : Type::Boolean;
-  // Never a bare number: where rows are sorted, engines take it for the position of a column.
-  operand.text = operand.null ? "NULL" : expr.truth ? "~0" : "~-1";
+  operand.text = operand.null ? "NULL" : writing_.dialect().Truth(expr.truth);
   return operand;
 }
 
@@ -182,7 +181,8 @@ Operand ExpressionWriter::Unary(const Expr& expr) {
   }
   if (expr.name == "+") return inner;
   const bool whole = IsNumber(inner.type) && inner.type != Type::Double;
-  return {"(-" + Bracketed(inner, Binding::Whole) + ")", whole ? Type::Long : Type::Double};
+  const Type type = whole ? Type::Long : Type::Double;
+  return {"(-" + Cast(inner, type, Binding::Whole) + ")", type};
 }
 
 Operand ExpressionWriter::IsNull(const Expr& expr) {

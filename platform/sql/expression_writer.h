@@ -41,6 +41,8 @@ class ExpressionWriter {
 
   Operand Write(const Expr& expr, Type wanted);
   Operand AsValue(Operand operand) const;
+  /// The text of a value as one of another type, in brackets if it holds together less tightly than `needed`.
+  std::string Cast(const Operand& operand, Type to, Binding needed = Binding::Or) const;
   Type OwnType(const Expr& literal) const;
   Operand Parameter(const Expr& expr, Type wanted);
   Operand Column(const Expr& expr) const;
@@ -67,6 +69,8 @@ class ExpressionWriter {
   Operand InSelect(const Expr& expr);
   Operand Compared(const Expr& expr, const Operand& left, const std::string& op, const Operand& right) const;
   Operand Comparing(const Operand& left, const std::string& op, const std::string& right, bool indexed) const;
+  std::string Beside(const Operand& other, const Operand& operand) const;
+  std::string ListItem(const Operand& subject, const Operand& item) const;
   void RequireComparable(const Expr& expr, const Operand& left, const Operand& right) const;
 
   // Functions.
@@ -81,6 +85,7 @@ class ExpressionWriter {
   Operand CallOfClock(const Expr& expr);
   Operand AsText(const Expr& expr);
   Operand AsText(Operand value) const;
+  std::string AsOneOf(const Operand& value, Type type) const;
   Operands WithCommonType(const Expr& first, const Expr& second);
 
   Writing& writing_;

@@ -17,8 +17,10 @@ void Grouping::Note(const FoundColumn& column, std::size_t place) {
   if (std::find(columns_.begin(), columns_.end(), key) == columns_.end()) noted_.push_back({column.column, place});
 }
 
-void Grouping::Settle(std::size_t since, std::string_view text) {
-  if (std::find(keys_.begin(), keys_.end(), text) != keys_.end()) noted_.resize(since);
+bool Grouping::Settle(std::size_t since, std::string_view text) {
+  const bool key = std::find(keys_.begin(), keys_.end(), text) != keys_.end();
+  if (key) noted_.resize(since);
+  return key;
 }
 
 void Grouping::RequireKeysOnly() const {

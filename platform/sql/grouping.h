@@ -26,8 +26,9 @@ class Grouping {
   bool Watch(bool watch) { return std::exchange(watching_, watch); }
   void Note(const FoundColumn& column, std::size_t place);
   std::size_t noted() const { return noted_.size(); }
-  /// Forgets the columns noted since then if they belong to a key, which is then the expression of that text.
-  void Settle(std::size_t since, std::string_view text);
+  /// Forgets the columns noted since then if they belong to a key, which is then the expression of that text; false if
+  /// there is no such key.
+  bool Settle(std::size_t since, std::string_view text);
   /// Raises -2147217900, naming the place, at the first column that was noted.
   void RequireKeysOnly() const;
 

@@ -93,10 +93,22 @@ void SelectCore::AddStar(const Expr& star) {
       grouping_.Note(found, star.place);
       items_.push_back({expressions_.Reference(found), column.name, false});
     }
+    if (writing_.dialect().KeepsStars()) KeepStar(source, items_.size() - source.info().columns.size());
   }
   if (items_.size() != before) return;
   if (star.qualifier.empty()) RaiseAt(FailureNumber::StatementError, "A '*' needs a table", star.place);
   RaiseAt(FailureNumber::NoSuchTable, "The table '" + star.qualifier + "' is not known", star.place);
+}
+
+/// The star of a source stands for its columns if they are written as they are.
+void SelectCore::KeepStar(const ScopeSource& source, std::size_t first) {
+  const std::string name = Quoted(source.name) + ".";
+  const bool plain = std::all_of(
+      items_.begin() + static_cast<std::ptrdiff_t>(first), items_.end(),
+      [&](const auto& item) { return item.value.text == (scope_.qualifies() ? name : "") + Quoted(item.name); });
+  if (!plain) return;
+  items_[first].star = name + "*";
+  for (std::size_t i = first + 1; i < items_.size(); ++i) items_[i].behind_star = true;
 }
 
 const SelectedItem* SelectCore::ItemOf(const Expr& expr) const {
@@ -149,15 +161,21 @@ std::string SelectCore::ItemList(bool collated) const {
   constexpr std::size_t kUsual = 24;
   std::string list;
   list.reserve(items_.size() * kUsual);
-  std::size_t number = 0;
-  for (const SelectedItem& item : items_) {
-    ++number;
+  const bool stars = !collated && naming_ != Naming::Numbered;
+  for (std::size_t i = 0; i < items_.size(); ++i) {
+    const SelectedItem& item = items_[i];
+    if (stars && item.behind_star) continue;
+    const bool star = stars && !item.star.empty();
     const std::string& plain = item.in_place.empty() ? item.value.text : item.in_place;
-    AppendItem(list, collated ? expressions_.Collated(item.value) : plain);
-    if (naming_ == Naming::Declared) list += " AS " + Quoted(item.name);
-    if (naming_ == Naming::Numbered) list += " AS " + Quoted(NumberedName(number));
+    AppendItem(list, star ? item.star : collated ? expressions_.Collated(item.value) : plain);
+    if (!star) list += Alias(i);
   }
   return list;
+}
+
+std::string SelectCore::Alias(std::size_t item) const {
+  if (naming_ == Naming::Declared) return " AS " + Quoted(items_[item].name);
+  return naming_ == Naming::Numbered ? " AS " + Quoted(NumberedName(item + 1)) : std::string();
 }
 
 std::string SelectCore::OptionalCondition(std::string_view word, const ExprPtr& condition) {
@@ -185,9 +203,16 @@ std::string SelectCore::OrderBy() {
     RequireRoom(count++, "An ORDER BY", order.expr->place);
     const SelectedItem* const item = ItemOf(*order.expr);
     AppendItem(list, expressions_.Collated(item != nullptr ? item->value : Sorted(*order.expr)));
-    if (order.descending) list += " DESC";
+    list += writing_.dialect().Direction(order.descending);
   }
+  if (select_.order_by.empty() && !select_.distinct && !writing_.dialect().SortsGroups()) list = SortedKeys();
   return list.empty() ? list : " ORDER BY " + list;
+}
+
+std::string SelectCore::SortedKeys() const {
+  std::string list;
+  for (const Operand& key : keys_) AppendItem(list, expressions_.Collated(key) + writing_.dialect().Direction(false));
+  return list;
 }
 
 /// What is no result column does not tell equal rows of a DISTINCT apart.

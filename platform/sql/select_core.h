@@ -14,6 +14,9 @@ struct SelectedItem {
   std::string name;
   bool alias = false;      ///< the statement gives the name
   std::string in_place{};  ///< what stands in the select list for the value; empty for the value itself
+  std::string
+      star{};  ///< what stands there for this and the columns that follow from the same star, if engines keep it
+  bool behind_star = false;  ///< stands in the select list with the star of a column before it
 };
 
 /// Writes one select, without those that UNION joins to it. The select list is written when it is made.
@@ -33,6 +36,8 @@ class SelectCore {
   std::string Text();
   /// As a part of a UNION: without ORDER BY, its texts ready for comparison.
   std::string PartOfUnion();
+  /// The name that a result column bears in the engine's statement, behind the word AS; may be empty.
+  std::string Alias(std::size_t item) const;
 
   /// True if a row of the result is one row of each source.
   bool IsPlain() const;
@@ -45,6 +50,7 @@ class SelectCore {
   std::size_t PositionOf(const Expr& literal, std::size_t columns) const;
   void AddItem(const SelectItem& item);
   void AddStar(const Expr& star);
+  void KeepStar(const ScopeSource& source, std::size_t first);
   std::string NameOf(const SelectItem& item, const Operand& value);
 
   void RequireGroups() const;
@@ -54,6 +60,7 @@ class SelectCore {
   std::string GroupBy();
   std::string Having();
   std::string OrderBy();
+  std::string SortedKeys() const;
   Operand Sorted(const Expr& expr);
   std::string Limit();
 

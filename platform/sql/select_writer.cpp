@@ -50,8 +50,10 @@ class UnionWriter {
   }
 
   WrittenSelect Write() {
-    WrittenSelect written{first_.PartOfUnion(), ColumnsOf(first_)};
-    for (const Select::UnionPart& part : select_.unions) Add(part, written.text);
+    parts_.push_back(PartOf(first_, ""));
+    for (const Select::UnionPart& part : select_.unions) Add(part);
+    WrittenSelect written{{}, ColumnsOf(first_)};
+    for (const Part& part : parts_) written.text += part.word + Alike(part);
     for (std::size_t i = 0; i < united_.size(); ++i) {
       written.columns[i].type = united_[i].type;
       written.columns[i].length = united_[i].length;
@@ -61,13 +63,46 @@ class UnionWriter {
   }
 
  private:
-  void Add(const Select::UnionPart& part, std::string& text) {
+  struct Part {
+    std::string word;  ///< that joins it to the one before
+    std::string text;
+    std::vector<Type> types;
+  };
+
+  static Part PartOf(SelectCore& core, std::string word) {
+    Part part{std::move(word), core.PartOfUnion(), {}};
+    for (const SelectedItem& item : core.items()) part.types.push_back(item.value.type);
+    return part;
+  }
+
+  /// The text of a part, its values as the types of the whole ask for.
+  std::string Alike(const Part& part) const {
+    std::string values, names;
+    bool converted = false;
+    for (std::size_t i = 0; i < united_.size(); ++i) {
+      const std::string name = Quoted(NumberedName(i + 1));
+      const std::string value = Alike(name, part.types[i], united_[i].type);
+      converted = converted || value != name;
+      AppendItem(names, name);
+      AppendItem(values, value + first_.Alias(i));
+    }
+    if (!converted) return part.text;
+    return "SELECT " + values + " FROM (" + part.text + ") AS " + Quoted(OwnName("part")) + " (" + names + ")";
+  }
+
+  std::string Alike(const std::string& value, Type from, Type to) const {
+    const bool alike = from == to || (IsNumber(from) && IsNumber(to)) || (IsText(from) && IsText(to));
+    if (alike) return value;
+    return to == Type::Unknown ? writing_.dialect().Varying(value) : writing_.dialect().Cast(value, from, to);
+  }
+
+  void Add(const Select::UnionPart& part) {
     SelectCore core(writing_, *part.select, outer_, Naming::None);
     if (core.items().size() != united_.size()) {
       throw RunTimeError(FailureNumber::StatementError, "The selects of a UNION have different numbers of columns.");
     }
     for (std::size_t i = 0; i < united_.size(); ++i) Unite(united_[i], core.items()[i].value);
-    text += (part.all ? " UNION ALL " : " UNION ") + core.PartOfUnion();
+    parts_.push_back(PartOf(core, part.all ? " UNION ALL " : " UNION "));
   }
 
   /// The rows of a union are sorted by result columns only, named or by position.
@@ -75,7 +110,7 @@ class UnionWriter {
     std::string list;
     for (const OrderItem& order : select_.order_by) {
       AppendItem(list, std::to_string(PositionOf(*order.expr, columns)));
-      if (order.descending) list += " DESC";
+      list += writing_.dialect().Direction(order.descending);
     }
     return list.empty() ? list : " ORDER BY " + list;
   }
@@ -97,6 +132,7 @@ class UnionWriter {
   const Scope* outer_;
   SelectCore first_;
   std::vector<United> united_;
+  std::vector<Part> parts_;
 };
 
 /// Positions of the columns that form the table's key; none unless all of them are in the result.
@@ -133,7 +169,7 @@ void FetchLater(Writing& writing, SelectCore& core) {
     core.Replace(i, table->row_id);
     writing.result().later.push_back({static_cast<int>(i), "SELECT " + Quoted(column->name) + " FROM " +
                                                                Quoted(table->name) + " WHERE " + table->row_id + " = " +
-                                                               writing.dialect().Parameter(1)});
+                                                               writing.dialect().Parameter(1, Type::Unknown)});
   }
 }
 

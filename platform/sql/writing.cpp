@@ -31,6 +31,15 @@ std::vector<LiteralKind> ReadKinds(std::string_view key) {
 
 }  // namespace
 
+Type TypeOf(LiteralKind kind) {
+  switch (kind) {
+    case LiteralKind::Integer: return Type::Long;
+    case LiteralKind::Decimal: return Type::Double;
+    case LiteralKind::Date: return Type::Date;
+    default: return Type::Text;
+  }
+}
+
 std::string Quoted(std::string_view name) { return Enclosed(name, '"'); }
 
 std::string QuotedText(std::string_view text) { return Enclosed(text, '\''); }
@@ -68,10 +77,21 @@ std::size_t Writing::Shared(const ParameterPlan& plan) const {
 std::string Writing::Parameter(const ParameterPlan& plan) {
   if (const std::size_t shared = Shared(plan); shared != 0) {
     result_.cacheable = false;
-    return dialect_.Parameter(shared);
+    return TextOf(shared);
   }
   result_.parameters.push_back(plan);
-  return dialect_.Parameter(result_.parameters.size());
+  return TextOf(result_.parameters.size());
+}
+
+/// A value that is bound as it is has the type of its literal.
+std::string Writing::TextOf(std::size_t number) const {
+  const ParameterPlan& plan = result_.parameters[number - 1];
+  if (plan.type != Type::Unknown) return dialect_.Parameter(number, plan.type);
+  switch (plan.source) {
+    case ParameterPlan::Source::Literal: return dialect_.Parameter(number, TypeOf(kinds_[plan.index]));
+    case ParameterPlan::Source::Placeholder: return dialect_.Parameter(number, Type::Unknown);
+    default: return dialect_.Parameter(number, Type::Date);
+  }
 }
 
 std::string Writing::ClockParameter(ParameterPlan::Source source) {
@@ -79,7 +99,7 @@ std::string Writing::ClockParameter(ParameterPlan::Source source) {
   const auto same = std::find_if(plans.begin(), plans.end(),
                                  [source](const ParameterPlan& earlier) { return earlier.source == source; });
   if (same == plans.end()) return Parameter({.source = source});
-  return dialect_.Parameter(static_cast<std::size_t>(same - plans.begin()) + 1);
+  return TextOf(static_cast<std::size_t>(same - plans.begin()) + 1);
 }
 
 const std::string& Writing::RowId(const TableInfo& table, std::size_t place) const {

@@ -9,6 +9,8 @@
 
 namespace zef::sql {
 
+/// The type of a literal's value.
+Type TypeOf(LiteralKind kind);
 /// A name as it stands in an engine's statement: between quotes.
 std::string Quoted(std::string_view name);
 /// A text of this library's own as it stands in an engine's statement.
@@ -59,6 +61,8 @@ class Writing {
   std::string Call(std::string_view function, std::string_view arguments) const;
 
  private:
+  /// The text of parameter `number`, from 1.
+  std::string TextOf(std::size_t number) const;
   /// The number of the parameter that one of this plan can share, or 0.
   std::size_t Shared(const ParameterPlan& plan) const;
 

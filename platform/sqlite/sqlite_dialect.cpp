@@ -2,7 +2,7 @@
 
 namespace zef {
 
-std::string SqliteDialect::Parameter(std::size_t n) const { return "?" + std::to_string(n); }
+std::string SqliteDialect::Parameter(std::size_t n, sql::Type /*type*/) const { return "?" + std::to_string(n); }
 
 /// Beside a plain ASCII text the engine's own comparison of such a column is exact for rows of plain ASCII, and an
 /// index serves it. The few other rows have an index of their own, which asks for the very same GLOB; the engine takes

@@ -9,7 +9,7 @@ namespace zef {
 /// How the embedded engine writes the dialect. Its functions and the collation ZEF are those of `RegisterFunctions`.
 class SqliteDialect final : public sql::Dialect {
  public:
-  std::string Parameter(std::size_t n) const override;
+  std::string Parameter(std::size_t n, sql::Type type) const override;
   std::string CompareTexts(const std::string& left, const std::string& op, const std::string& right,
                            bool indexed_column) const override;
   std::string Collated(const std::string& text) const override;

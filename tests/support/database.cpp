@@ -23,6 +23,12 @@ TemporaryFolder::~TemporaryFolder() {
 }
 
 Database::Database(std::string_view version, const std::string& password) : password_(password) {
+#ifdef ZEF_TEST_SERVER_PROGRAMS
+  if (OnServer() && password.empty()) {
+    on_server_ = std::make_shared<ServerDatabase>(std::string(version));
+    return;
+  }
+#endif
   CreateDatabase(ConnectionString());
   const Ref<Connection> connection = Connect();
   TransactionGuard<Connection> guard(*connection);
@@ -31,6 +37,9 @@ Database::Database(std::string_view version, const std::string& password) : pass
 }
 
 std::string Database::ConnectionString() const {
+#ifdef ZEF_TEST_SERVER_PROGRAMS
+  if (on_server_) return on_server_->ConnectionString();
+#endif
   const std::string password = password_.empty() ? "" : ";Password=" + password_;
   return "Provider=SQLite;Data Source=" + path() + password;
 }

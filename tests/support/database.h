@@ -1,11 +1,13 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "platform/connection.h"
 #include "session/session.h"
+#include "tests/support/server.h"
 
 namespace zef::test {
 
@@ -23,7 +25,8 @@ class TemporaryFolder {
   std::filesystem::path path_;
 };
 
-/// A new database with the tables and first rows of a schema version.
+/// A new database with the tables and first rows of a schema version: a file, or, if the tests run on the server's
+/// engine and no password is asked for, one there.
 class Database {
  public:
   explicit Database(std::string_view version = "9.2.4", const std::string& password = {});
@@ -38,6 +41,7 @@ class Database {
  private:
   TemporaryFolder folder_;
   std::string password_;
+  std::shared_ptr<ServerDatabase> on_server_;  ///< where the tests were asked to run there
 };
 
 /// The first value of a select's first row, as text; "Null" for Null and "no row" for no row.

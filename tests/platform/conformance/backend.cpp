@@ -1,6 +1,7 @@
 #include "tests/platform/conformance/backend.h"
 
 #include "platform/engine.h"
+#include "tests/support/server.h"
 
 namespace zef::test {
 namespace {
@@ -19,13 +20,31 @@ std::shared_ptr<void> MakePlain(std::string& connection_string) { return MakeSql
 std::shared_ptr<void> MakeEncrypted(std::string& connection_string) { return MakeSqlite(connection_string, "secret"); }
 #endif
 
+#ifdef ZEF_TEST_SERVER_PROGRAMS
+std::shared_ptr<void> MakeOnServer(std::string& connection_string) {
+  auto database = std::make_shared<ServerDatabase>("");
+  connection_string = database->ConnectionString();
+  return database;
+}
+#endif
+
 }  // namespace
 
 std::vector<Backend> Backends() {
   return {
-      {"Embedded", &MakePlain},
+      {.name = "Embedded", .make = &MakePlain},
 #ifndef ZEF_SYSTEM_SQLITE
-      {"EmbeddedEncrypted", &MakeEncrypted},
+      {.name = "EmbeddedEncrypted", .make = &MakeEncrypted},
+#endif
+#ifdef ZEF_TEST_SERVER_PROGRAMS
+      {.name = "PostgreSQL",
+       .make = &MakeOnServer,
+       .most_columns = 1600,
+       .most_selected = 1664,
+       .limits_depth = false,
+       .keeps_zero_characters = false,
+       .identity_has_names = false,
+       .rows_fail_alone = false},
 #endif
   };
 }

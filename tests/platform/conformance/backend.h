@@ -13,11 +13,17 @@
 
 namespace zef::test {
 
-/// An engine that the suite runs on: how to get an empty database of it.
+/// An engine that the suite runs on: how to get an empty database of it, and what is different there.
 struct Backend {
   std::string name;
   /// Makes an empty database that lives as long as the returned object.
   std::shared_ptr<void> (*make)(std::string& connection_string);
+  std::size_t most_columns = 2000;    ///< of a table
+  std::size_t most_selected = 2000;   ///< columns of a result
+  bool limits_depth = true;           ///< refuses statements that are deeper or wider than most are
+  bool keeps_zero_characters = true;  ///< in texts
+  bool identity_has_names = true;     ///< which columns of a table may take from the identity of its rows
+  bool rows_fail_alone = true;        ///< a row that cannot be calculated fails when it is reached, not all at once
 
   friend void PrintTo(const Backend& backend, std::ostream* out) { *out << backend.name; }
 };

@@ -1,4 +1,5 @@
 #include <fmt/format.h>
+#include <gmock/gmock.h>
 
 #include "tests/platform/conformance/backend.h"
 #include "tests/support/raised.h"
@@ -59,11 +60,14 @@ TEST_P(Limits, OneJoinedTableMoreIsRefused) {
 }
 
 TEST_P(Limits, TablesOfDerivedSelectsCountAsWell) {
+  if (!GetParam().limits_depth) GTEST_SKIP() << "this engine takes any number";
   EXPECT_EQ(RefusalOf(TablesOf(40, ", (SELECT x.A FROM N AS x INNER JOIN N AS y ON x.A=y.A) AS t{}")),
             "A select reads at most 64 tables, those of selects inside its FROM included.");
 }
 
-TEST_P(Limits, TwoThousandColumnsAreSelected) { EXPECT_EQ(RefusalOf("SELECT 1" + Times(",1", 1999)), ""); }
+TEST_P(Limits, AsManyColumnsAsTheEngineTakesAreSelected) {
+  EXPECT_EQ(RefusalOf("SELECT 1" + Times(",1", static_cast<int>(GetParam().most_selected) - 1)), "");
+}
 
 TEST_P(Limits, OneSelectedColumnMoreIsRefusedAtItsPlace) {
   EXPECT_EQ(RefusalOf("SELECT 1" + Times(",1", 2000)),
@@ -84,10 +88,10 @@ TEST_P(Limits, OneGroupingColumnMoreIsRefusedAtItsPlace) {
 
 TEST_P(Limits, OneDeclaredColumnMoreIsRefused) {
   std::string columns = "A0 Long";
-  for (int i = 1; i < 2000; ++i) columns += ", A" + std::to_string(i) + " Long";
+  for (std::size_t i = 1; i < GetParam().most_columns; ++i) columns += ", A" + std::to_string(i) + " Long";
   EXPECT_EQ(RefusalOf("CREATE TABLE Wide (" + columns + ")"), "");
-  EXPECT_EQ(RefusalOf("CREATE TABLE Wider (" + columns + ", B Long)"),
-            "A table, a result, a GROUP BY and an ORDER BY have at most 2000 columns each.");
+  EXPECT_THAT(RefusalOf("CREATE TABLE Wider (" + columns + ", B Long)"),
+              testing::ContainsRegex("table.* " + std::to_string(GetParam().most_columns)));
 }
 
 TEST_P(Limits, SixtySelectsNestAsValues) {
@@ -95,6 +99,7 @@ TEST_P(Limits, SixtySelectsNestAsValues) {
 }
 
 TEST_P(Limits, TooManySelectsNestedAsValuesAreRefused) {
+  if (!GetParam().limits_depth) GTEST_SKIP() << "this engine takes many more";
   EXPECT_EQ(RefusalOf("SELECT " + Times("(SELECT ", 150) + "1" + Times(")", 150)), kTooDeep);
 }
 
@@ -104,6 +109,7 @@ TEST_P(Limits, SelectsNestBehindIn) {
 }
 
 TEST_P(Limits, TooManySelectsNestedBehindInAreRefused) {
+  if (!GetParam().limits_depth) GTEST_SKIP() << "this engine takes many more";
   EXPECT_EQ(RefusalOf("SELECT A FROM N WHERE A" + Times(" IN (SELECT A FROM N WHERE A", 150) + "=1" + Times(")", 150)),
             kTooDeep);
 }
@@ -118,7 +124,9 @@ TEST_P(Limits, TooLongAChainIsRefused) {
   for (const char* link : {"+A", "&A", "/A", "=A"}) {
     EXPECT_NE(RefusalOf("SELECT A" + Times(link, 1100) + " FROM N"), "") << link;
   }
-  EXPECT_EQ(RefusalOf("SELECT A" + Times("/A", 990) + " FROM N"), kTooDeep);
+  if (GetParam().limits_depth) {
+    EXPECT_EQ(RefusalOf("SELECT A" + Times("/A", 990) + " FROM N"), kTooDeep);
+  }
 }
 
 TEST_P(Limits, ChainsOfAndAndOrHaveAnyLength) {

@@ -67,11 +67,13 @@ TEST_P(RowIdentities, TableWithAllTheNamesIsUpdatedAlone) {
 }
 
 TEST_P(RowIdentities, TableWithAllTheNamesIsNotUpdatedJoined) {
+  if (!GetParam().identity_has_names) GTEST_SKIP() << "no column takes the identity's name here";
   MakeTable("rowid Long, [_rowid_] Long, oid Long");
   EXPECT_EQ(FailureOf("UPDATE T INNER JOIN U ON T.V=U.W SET T.V=21"), -2147217900);
 }
 
 TEST_P(RowIdentities, TableWithAllTheNamesIsNotWrittenThroughARecordset) {
+  if (!GetParam().identity_has_names) GTEST_SKIP() << "no column takes the identity's name here";
   MakeTable("rowid Long, [_rowid_] Long, oid Long");
   EXPECT_EQ(NumberRaised([&] { UpdateThroughRecordset(); }), -2147467259);
 }

@@ -128,6 +128,7 @@ TEST_P(Transactions, APessimisticRecordSetLeavesATransactionOfTheClientAlone) {
 }
 
 TEST_P(Transactions, AFailingRowOfAnOpenRecordSetDisturbsNobodyElse) {
+  if (!GetParam().rows_fail_alone) GTEST_SKIP() << "all rows fail with the first one here";
   for (int n = 1; n <= 5; ++n) Insert(n);
   const Ref<Recordset> rs = Execute("SELECT 10/(N-3) FROM Numbers ORDER BY N");
   EXPECT_EQ(connection_->BeginTrans(), 1);

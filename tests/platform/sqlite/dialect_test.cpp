@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/platform/dialect_cases.h"
 #include "tests/platform/sqlite/memory_database.h"
 
 namespace zef::sql {
@@ -13,10 +14,8 @@ using testing::Not;
 class FolderNamesTest : public testing::Test {
  protected:
   FolderNamesTest() {
-    const char* const names[] = {"'apple'",   "'Apple'",           "'Éclair'", "'éclair'", "'eclair'", "'straße'",
-                                 "'strasse'", "'a' & Mid('xy',3)", "Null",     "'50%'",    "''"};
     int id = 0;
-    for (const char* name : names) {
+    for (const char* name : test::kFolderNames) {
       database_.Run("INSERT INTO Folders (FLD_ID, FLD_Name) VALUES (" + std::to_string(++id) + ", " + name + ")");
     }
   }
@@ -28,35 +27,11 @@ class FolderNamesTest : public testing::Test {
   MemoryDatabase database_;
 };
 
-struct Search {
-  const char* condition;
-  const char* ids;
-};
-
-class NameSearchTest : public FolderNamesTest, public testing::WithParamInterface<Search> {};
+class NameSearchTest : public FolderNamesTest, public testing::WithParamInterface<test::DialectSearch> {};
 
 TEST_P(NameSearchTest, FindsItsRows) { EXPECT_EQ(Ids(GetParam().condition), GetParam().ids) << GetParam().condition; }
 
-INSTANTIATE_TEST_SUITE_P(
-    Dialect, NameSearchTest,
-    testing::Values(
-        Search{"FLD_Name='APPLE'", "1; 2"}, Search{"FLD_Name='éclair'", "3; 4"}, Search{"FLD_Name='eclair'", "5"},
-        Search{"FLD_Name='strasse'", "7"}, Search{"FLD_Name='STRAßE'", "6"}, Search{"FLD_Name=''", "11"},
-        Search{"FLD_Name<>'apple'", "3; 4; 5; 6; 7; 8; 10; 11"},
-        Search{"NOT FLD_Name='apple'", "3; 4; 5; 6; 7; 8; 10; 11"}, Search{"FLD_Name IN ('APPLE','A')", "1; 2; 8"},
-        Search{"FLD_Name IN ('ÉCLAIR','x')", "3; 4"},
-        Search{"FLD_Name NOT IN ('apple','éclair')", "5; 6; 7; 8; 10; 11"},
-        Search{"FLD_Name BETWEEN 'ECLAIR' AND 'ÉCLAIR'", "3; 4; 5"}, Search{"FLD_Name<'apple'", "8; 10; 11"},
-        Search{"FLD_Name LIKE 'É%'", "3; 4"}, Search{"FLD_Name LIKE '_CLAIR'", "3; 4; 5"},
-        Search{"FLD_Name LIKE '%[%]'", "10"}, Search{"FLD_Name LIKE '[a-b]%'", "1; 2; 8"},
-        Search{"FLD_Name LIKE '[!a-z]%'", "3; 4; 10"}, Search{"FLD_Name NOT LIKE '%a%'", "10; 11"},
-        Search{"FLD_Name IS NULL", "9"}, Search{"IsNull(FLD_Name)", "9"}, Search{"FLD_Name=Null", ""},
-        Search{"FLD_ID='3'", "3"}, Search{"FLD_ID=3.5", ""}, Search{"FLD_ID<3000000000 AND FLD_ID>10.5", "11"},
-        Search{"FLD_ID=1 XOR FLD_ID<3", "2"}, Search{"FLD_Name & ''=''", "9; 11"},
-        Search{"FLD_ID IN (SELECT FLD_ID FROM Folders WHERE FLD_Name='a')", "8"},
-        Search{"FLD_Name IN (SELECT UCase(f.FLD_Name) FROM Folders f WHERE f.FLD_ID=1)", "1; 2"},
-        Search{"EXISTS (SELECT * FROM Folders f WHERE f.FLD_Name=Folders.FLD_Name AND f.FLD_ID<>Folders.FLD_ID)",
-               "1; 2; 3; 4"}));
+INSTANTIATE_TEST_SUITE_P(Dialect, NameSearchTest, testing::ValuesIn(test::kNameSearches));
 
 /// The sign for kelvin is a character of its own, and equal to the letter.
 TEST_F(FolderNamesTest, SearchForPlainTextFindsEqualOtherCharacters) {
@@ -101,42 +76,12 @@ INSTANTIATE_TEST_SUITE_P(
                          "USING INTEGER PRIMARY KEY"}),
     [](const auto& plan) { return plan.param.name; });
 
-struct Query {
-  const char* name;
-  const char* statement;
-  const char* rows;
-};
-
-class QueryTest : public FolderNamesTest, public testing::WithParamInterface<Query> {};
+class QueryTest : public FolderNamesTest, public testing::WithParamInterface<test::DialectQuery> {};
 
 TEST_P(QueryTest, GivesItsRows) { EXPECT_EQ(database_.Rows(GetParam().statement), GetParam().rows); }
 
-INSTANTIATE_TEST_SUITE_P(
-    Dialect, QueryTest,
-    testing::Values(
-        Query{"OrderIgnoresLetterCase",
-              "SELECT FLD_ID FROM Folders WHERE FLD_ID IN (1,2,5,8) ORDER BY FLD_Name, FLD_ID", "8; 1; 2; 5"},
-        Query{"GroupsIgnoreLetterCase", "SELECT Count(*) FROM Folders WHERE FLD_ID<5 GROUP BY FLD_Name", "2; 2"},
-        Query{"DistinctIgnoresLetterCase",
-              "SELECT Count(*) FROM (SELECT DISTINCT FLD_Name FROM Folders WHERE FLD_ID<5) AS d", "2"},
-        Query{"CountOfDistinctIgnoresLetterCase", "SELECT Count(DISTINCT FLD_Name) FROM Folders WHERE FLD_ID<5", "2"},
-        Query{"UnionIgnoresLetterCase",
-              "SELECT Count(*) FROM (SELECT FLD_Name FROM Folders WHERE FLD_ID=1 UNION SELECT FLD_Name FROM Folders "
-              "WHERE FLD_ID=2) AS u",
-              "1"},
-        Query{"UnionIsSortedByTheCollation",
-              "SELECT FLD_Name FROM Folders WHERE FLD_ID=5 UNION ALL SELECT FLD_Name FROM Folders WHERE FLD_ID=2 ORDER "
-              "BY FLD_Name",
-              "Apple; eclair"},
-        Query{"LargestTextFollowsTheCollation", "SELECT Max(FLD_Name) FROM Folders WHERE FLD_ID IN (2,8)", "Apple"},
-        Query{"TopGivesExactlySoManyRows", "SELECT TOP 2 FLD_ID FROM Folders ORDER BY FLD_ID DESC", "11; 10"},
-        Query{"TopOfAUnionPartLimitsThatPartOnly",
-              "SELECT TOP 1 1 FROM Folders UNION ALL SELECT FLD_ID FROM Folders WHERE FLD_ID<4", "1; 1; 2; 3"},
-        Query{"OrderByPositionSortsByTheResultColumn", "SELECT FLD_ID, -FLD_ID FROM Folders WHERE FLD_ID<3 ORDER BY 2",
-              "2, -2; 1, -1"},
-        Query{"ConditionsAreSortedTrueFirst", "SELECT FLD_ID FROM Folders WHERE FLD_ID<4 ORDER BY FLD_ID=3, FLD_ID",
-              "3; 1; 2"}),
-    [](const auto& query) { return query.param.name; });
+INSTANTIATE_TEST_SUITE_P(Dialect, QueryTest, testing::ValuesIn(test::kQueries),
+                         [](const auto& one) { return one.param.name; });
 
 TEST_F(FolderNamesTest, LongChainOfConditionsRuns) {
   std::string chain = "FLD_ID=1";
@@ -177,65 +122,15 @@ class JoinedChangeTest : public testing::Test {
   MemoryDatabase database_;
 };
 
-/// A statement, if any, and a select with the rows that it must give then.
-struct Change {
-  const char* name;
-  const char* statement;
-  const char* select;
-  const char* rows;
-};
-
-class ChangeTest : public JoinedChangeTest, public testing::WithParamInterface<Change> {};
+class ChangeTest : public JoinedChangeTest, public testing::WithParamInterface<test::DialectChange> {};
 
 TEST_P(ChangeTest, LeavesTheseRows) {
   if (*GetParam().statement != '\0') database_.Run(GetParam().statement);
   EXPECT_EQ(database_.Rows(GetParam().select), GetParam().rows);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Dialect, ChangeTest,
-    testing::Values(
-        Change{"UpdateOverAListOfTablesTakesValuesOfTheOther",
-               "UPDATE EVENTS,Folders SET EVE_TEXT =Folders.FLD_Name WHERE Folders.FLD_ID = Events.EVE_FolderID",
-               "SELECT EVE_ID, EVE_Text FROM Events", "10, one; 11, one; 12, two; 13, Null"},
-        Change{"UpdateOverALeftJoinReachesRowsWithoutPartner",
-               "UPDATE Events AS e LEFT JOIN Folders AS f ON e.EVE_FolderID=f.FLD_ID SET e.EVE_Text='none' WHERE "
-               "f.FLD_ID IS NULL",
-               "SELECT EVE_ID FROM Events WHERE EVE_Text='none'", "13"},
-        Change{"UpdateOfTheRightTableOfAJoinWorks",
-               "UPDATE Folders INNER JOIN Events ON FLD_ID=EVE_FolderID SET EVE_Rank=FLD_Type, EVE_Cost=1.5",
-               "SELECT EVE_Rank, EVE_Cost FROM Events", "7, 1.5; 7, 1.5; 8, 1.5; Null, Null"},
-        Change{"UpdateInsideABracketedJoinWorks",
-               "UPDATE Seen RIGHT JOIN (Folders INNER JOIN Events ON FLD_ID=EVE_FolderID) ON SEE_User=FLD_ID SET "
-               "EVE_Rank=3",
-               "SELECT Count(*) FROM Events WHERE EVE_Rank=3", "3"},
-        Change{"UpdateWithCorrelatedSelectWorks",
-               "UPDATE Folders SET FLD_Note=(SELECT Max(EVE_Start) FROM Events WHERE EVE_FolderID=FLD_ID)",
-               "SELECT FLD_Note FROM Folders", "5/2/2024; 5/3/2024"},
-        Change{"DeleteOverAJoinTakesTheNamedTable",
-               "DELETE Events.* FROM Events INNER JOIN Folders ON EVE_FolderID=FLD_ID WHERE FLD_Name='ONE'",
-               "SELECT EVE_ID FROM Events", "12; 13"},
-        Change{"DeleteOverAJoinLeavesTheOtherTable",
-               "DELETE Events.* FROM Events INNER JOIN Folders ON EVE_FolderID=FLD_ID", "SELECT FLD_ID FROM Folders",
-               "1; 2"},
-        Change{"DeleteWithAliasWorks", "DELETE e.* FROM Events AS e WHERE e.EVE_ID<13", "SELECT EVE_ID FROM Events",
-               "13"},
-        Change{"InsertFromSelectConverts",
-               "INSERT INTO Seen (SEE_Date, SEE_User) SELECT EVE_Start, EVE_ID & '' FROM Events WHERE "
-               "EVE_Start>'5/2/2024'",
-               "SELECT * FROM Seen", "12, 5/3/2024; 13, 5/4/2024"},
-        Change{"RightJoinKeepsRowsOfTheRightSide", "",
-               "SELECT EVE_ID FROM Folders RIGHT JOIN Events ON FLD_ID=EVE_FolderID WHERE FLD_ID IS NULL", "13"},
-        Change{"DatesAreComparedAsDates", "",
-               "SELECT EVE_ID FROM Events WHERE EVE_Start BETWEEN '5/2/2024' AND #5/3/2024#", "11; 12"},
-        Change{"GroupByCalculatedDatePartWorks", "",
-               "SELECT Month(EVE_Start), Count(*), Min(EVE_Start) FROM Events GROUP BY Month(EVE_Start)",
-               "5, 4, 5/1/2024"},
-        Change{"DerivedTablesCanBeJoined", "",
-               "SELECT f.FLD_Name, d.n FROM Folders AS f INNER JOIN (SELECT EVE_FolderID, Count(*) AS n FROM Events "
-               "GROUP BY EVE_FolderID) AS d ON f.FLD_ID=d.EVE_FolderID ORDER BY d.n DESC",
-               "one, 2; two, 1"}),
-    [](const auto& change) { return change.param.name; });
+INSTANTIATE_TEST_SUITE_P(Dialect, ChangeTest, testing::ValuesIn(test::kJoinedChanges),
+                         [](const auto& one) { return one.param.name; });
 
 TEST_F(JoinedChangeTest, TextThatIsNoDateDoesNotConvert) {
   EXPECT_EQ(database_.FailureNumberOf("SELECT EVE_ID FROM Events WHERE EVE_Start='soon'"), -2147217913);

@@ -1,0 +1,100 @@
+#include "platform/postgresql/postgresql_statement.h"
+
+#include <charconv>
+#include <cstring>
+#include <utility>
+
+namespace zef {
+namespace {
+
+/// A portion ends with the first of these; most results are whole within one, and the connection is free at once.
+constexpr std::size_t kPortionRows = 256;
+constexpr std::size_t kPortionBytes = std::size_t{4} << 20;
+
+}  // namespace
+
+PostgresqlStatement::PostgresqlStatement(ServerConnection& connection, const sql::CompiledStatement& compiled,
+                                         std::string name)
+    : connection_(connection), compiled_(compiled), name_(std::move(name)), parameters_(compiled.parameters) {}
+
+PostgresqlStatement::~PostgresqlStatement() {
+  if (prepared_) connection_.Deallocate(name_);
+}
+
+/// Whatever `lasting` says: values are sent before the first row is waited for.
+void PostgresqlStatement::Bind(int number, const Value& value, bool /*lasting*/) {
+  parameters_.Set(static_cast<std::size_t>(number - 1), value);
+}
+
+void PostgresqlStatement::Start() {
+  const bool select = compiled_.kind == sql::CompiledStatement::Kind::Select;
+  rows_written_ = 0;
+  row_id_.reset();
+  connection_.Start({name_, prepared_ ? nullptr : &compiled_.text, parameters_, select});
+  prepared_ = started_ = delivering_ = true;
+}
+
+void PostgresqlStatement::TakeEnd(const PGresult* result) {
+  const char* const rows = PQcmdTuples(const_cast<PGresult*>(result));
+  std::from_chars(rows, rows + std::strlen(rows), rows_written_);
+  if (PQntuples(result) == 0) return;
+  ReadWireValue(result, 0, sql::Type::Unknown, row_id_.emplace());
+}
+
+void PostgresqlStatement::ReadPortion() {
+  portion_.clear();
+  at_ = 0;
+  std::size_t bytes = 0;
+  while (delivering_ && portion_.size() < kPortionRows && bytes < kPortionBytes) {
+    ResultHandle result = connection_.Next();
+    if (!result) {
+      delivering_ = false;
+    } else if (PQresultStatus(result.get()) == PGRES_SINGLE_TUPLE) {
+      bytes += PQresultMemorySize(result.get());
+      portion_.push_back(std::move(result));
+    } else if (compiled_.kind != sql::CompiledStatement::Kind::Select) {
+      TakeEnd(result.get());
+    }
+  }
+}
+
+PreparedStatement::Step PostgresqlStatement::Next() {
+  try {
+    if (!started_) {
+      Start();
+      ReadPortion();
+    } else if (++at_ >= portion_.size()) {
+      ReadPortion();
+    }
+  } catch (...) {
+    delivering_ = false;
+    portion_.clear();
+    throw;
+  }
+  return at_ < portion_.size() ? Step::Row : Step::Done;
+}
+
+void PostgresqlStatement::Read(Positions columns, std::span<const sql::Type> types, std::span<Value> values) const {
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    ReadWireValue(Row(), columns[i], types[static_cast<std::size_t>(columns[i])], values[i]);
+  }
+}
+
+std::size_t PostgresqlStatement::Fill(Positions columns, std::span<const sql::Type> types,
+                                      std::span<const Slot> slots) const {
+  std::size_t done = 0;
+  while (done < columns.size() && columns[done] >= 0 &&
+         FillWireValue(Row(), columns[done], types[static_cast<std::size_t>(columns[done])], slots[done])) {
+    ++done;
+  }
+  return done;
+}
+
+void PostgresqlStatement::Reset() {
+  portion_.clear();
+  started_ = false;
+  at_ = 0;
+  if (std::exchange(delivering_, false)) connection_.Skip();
+}
+
+}  // namespace zef

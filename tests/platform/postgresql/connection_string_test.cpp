@@ -1,0 +1,56 @@
+#include "tests/platform/postgresql/server_test.h"
+
+namespace zef::test {
+namespace {
+
+class ConnectionStringPostgreSQL : public ServerTest {
+ protected:
+  static std::optional<RunTimeError> Refusal(const std::string& connection_string) {
+    return Raised([&] { Connection().Open(connection_string); });
+  }
+  std::string With(const std::string& more) const { return database_.ConnectionString() + ";" + more; }
+};
+
+TEST_F(ConnectionStringPostgreSQL, WithAnUnknownKeyIsRefused) {
+  const auto failure = Refusal(With("Colour=red"));
+  ASSERT_TRUE(failure);
+  EXPECT_EQ(failure->code(), FailureNumber::StatementError);
+  EXPECT_EQ(failure->description(), "The connection string is refused: the key 'Colour' is not known.");
+}
+
+TEST_F(ConnectionStringPostgreSQL, WithAKeyTwiceIsRefused) {
+  for (const char* again : {"host=x", "Database=x", "USER ID=zef", "Provider=PostgreSQL"}) {
+    EXPECT_EQ(Refusal(With(again))->code(), FailureNumber::StatementError) << again;
+  }
+}
+
+TEST_F(ConnectionStringPostgreSQL, WithoutAHostOrDatabaseIsRefused) {
+  EXPECT_EQ(Refusal("Provider=PostgreSQL;Database=x")->code(), FailureNumber::StatementError);
+  EXPECT_EQ(Refusal("Provider=PostgreSQL;Host=/tmp")->code(), FailureNumber::StatementError);
+}
+
+TEST_F(ConnectionStringPostgreSQL, TakesTheEncryptionInAnySpelling) {
+  for (const char* mode : {"SSL Mode=Prefer", "ssl mode=disable"}) EXPECT_FALSE(Refusal(With(mode))) << mode;
+  EXPECT_EQ(Refusal(With("SSL Mode=perhaps"))->code(), FailureNumber::StatementError);
+}
+
+TEST_F(ConnectionStringPostgreSQL, OfAServerThatIsNotThereIsUnusableAndKeepsThePassword) {
+  const auto failure = Refusal("Provider=PostgreSQL;Host=/nowhere;Database=x;User ID=u;Password=sesame");
+  ASSERT_TRUE(failure);
+  EXPECT_EQ(failure->code(), FailureNumber::FileUnusable);
+  EXPECT_EQ(failure->description().find("sesame"), std::string::npos);
+}
+
+TEST_F(ConnectionStringPostgreSQL, OfADatabaseThatIsNotThereIsUnusable) {
+  std::string other = database_.ConnectionString();
+  other.replace(other.find("Database=") + 9, 8, "nowhere_");
+  EXPECT_EQ(Refusal(other)->code(), FailureNumber::FileUnusable);
+}
+
+TEST_F(ConnectionStringPostgreSQL, MakesNoDatabaseWhereTablesAre) {
+  Execute("CREATE TABLE Numbers (N Long)");
+  EXPECT_EQ(NumberRaised([&] { CreateDatabase(database_.ConnectionString()); }), 75);
+}
+
+}  // namespace
+}  // namespace zef::test

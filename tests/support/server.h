@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+namespace zef::test {
+
+/// True if the tests were asked to run on the server's engine: ZEF_TEST_ENGINE=PostgreSQL.
+bool OnServer();
+
+/// A database of its own on the tests' server, which goes away with it. The server is the one whose folder stands in
+/// ZEF_TEST_SERVER; without that, one is started for this process. Only where the server's programs are known.
+class ServerDatabase {
+ public:
+  /// With the tables and first rows of a schema version, or with none for the empty text.
+  explicit ServerDatabase(const std::string& version);
+  ~ServerDatabase();
+  ServerDatabase(const ServerDatabase&) = delete;
+  ServerDatabase& operator=(const ServerDatabase&) = delete;
+
+  std::string ConnectionString() const;
+  /// The first value that a statement of the server's own language gives, as another program sees it.
+  std::string Ask(const std::string& text) const;
+  /// Ends all connections to the database from the server's side.
+  void EndConnections() const;
+
+ private:
+  std::string name_;
+};
+
+}  // namespace zef::test
