@@ -56,13 +56,13 @@ class CRecurrence : public Record<CRecurrence> {
 
     Weekday& operator=(const Weekday& other) { return *this = static_cast<bool>(other); }
     Weekday& operator=(bool set) {
-      if (set != static_cast<bool>(*this)) rule_.FlipDay(1 << Bit);
+      if (set != static_cast<bool>(*this)) rule_->FlipDay(1 << Bit);
       return *this;
     }
-    operator bool() const { return (rule_.days_ & (1 << Bit)) != 0; }
+    operator bool() const { return (rule_->days_ & (1 << Bit)) != 0; }
 
    private:
-    CRecurrence& rule_;
+    WayTo<CRecurrence> rule_;
   };
 
   void FlipDay(std::int32_t bit) {

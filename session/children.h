@@ -48,32 +48,32 @@ bool SaveChild(CSession& session, const Ref<Child>& child, Property<std::int32_t
 }
 
 /// What a `Save` may change of a child and of its owner's reference to it, to be given back when all that was written
-/// has been undone. A child that is Nothing has only the reference.
+/// has been undone; nothing if the child is Nothing, for then the `Save` fails before it changes either.
 template <class Child>
 class ChildBefore {
  public:
-  ChildBefore(const Ref<Child>& child, Property<std::int32_t>& reference) : reference_(reference), number_(reference) {
-    if (child) state_ = State{child, child->ID, child->IsModified(), child->IsNew()};
+  ChildBefore(const Ref<Child>& child, Property<std::int32_t>& reference) : reference_(reference) {
+    if (child) before_ = State{child, reference, child->ID, child->IsModified(), child->IsNew()};
   }
 
   void GiveBack() const {
-    reference_.Load(number_);
-    if (!state_) return;
-    state_->child->ID = state_->id;
-    state_->child->ResetFlagsX(state_->modified, state_->is_new);
+    if (!before_) return;
+    reference_.Load(before_->reference);
+    before_->child->ID = before_->id;
+    before_->child->ResetFlagsX(before_->modified, before_->is_new);
   }
 
  private:
   struct State {
     Ref<Child> child;
+    std::int32_t reference;
     std::int32_t id;
     bool modified;
     bool is_new;
   };
 
   Property<std::int32_t>& reference_;
-  std::int32_t number_;
-  std::optional<State> state_;
+  std::optional<State> before_;
 };
 
 /// Gives a child of a copy the next number of a sequence as a placeholder, in the child and in its owner's reference;

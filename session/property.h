@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cassert>
 #include <concepts>
 #include <cstdint>
 #include <string>
@@ -33,6 +34,26 @@ class RecordFlags {
   bool new_ = true;
 };
 
+/// The way from a part of a record to the record. The part is a member and never leaves it, so the distance between
+/// them never changes; it takes half of what a reference takes, and a record has up to forty parts.
+template <class Whole>
+class WayTo {
+ public:
+  /// `whole` must be the record that this is in.
+  explicit WayTo(Whole& whole) : distance_(static_cast<std::int32_t>(Address(&whole) - Address(this))) {
+    assert(operator->() == &whole);
+  }
+  WayTo(const WayTo&) = delete;
+
+  // The record lies around this object, out of reach of a pointer's own arithmetic.
+  Whole* operator->() const { return reinterpret_cast<Whole*>(Address(this) + distance_); }
+
+ private:
+  static std::intptr_t Address(const void* object) { return reinterpret_cast<std::intptr_t>(object); }
+
+  std::int32_t distance_;
+};
+
 /// A property of a record. Setting it compares, stores and raises the record's modified flag if the value differs;
 /// reading is free. Setting validates nothing.
 template <class T>
@@ -40,15 +61,14 @@ class Property {
  public:
   using Held = T;
 
-  explicit Property(RecordFlags& record, T initial = T())
-      : value_(std::move(initial)), to_record_(DistanceTo(record)) {}
+  explicit Property(RecordFlags& record, T initial = T()) : value_(std::move(initial)), record_(record) {}
   Property(const Property&) = delete;
 
   Property& operator=(const Property& other) { return *this = other.value_; }
   Property& operator=(const T& value) {
     if (value_ == value) return *this;
     value_ = value;
-    record().modified_ = true;
+    record_->modified_ = true;
     return *this;
   }
 
@@ -60,7 +80,7 @@ class Property {
   /// Setting a text to itself with more behind it, without copying what is there.
   Property& operator+=(std::string_view more) requires std::same_as<T, std::string> {
     value_ += more;
-    record().modified_ |= !more.empty();
+    record_->modified_ |= !more.empty();
     return *this;
   }
 
@@ -70,15 +90,8 @@ class Property {
   T& Loaded() { return value_; }
 
  private:
-  std::int32_t DistanceTo(RecordFlags& record) {
-    return static_cast<std::int32_t>(reinterpret_cast<char*>(&record) - reinterpret_cast<char*>(this));
-  }
-  RecordFlags& record() { return *reinterpret_cast<RecordFlags*>(reinterpret_cast<char*>(this) + to_record_); }
-
   T value_;
-  /// The property is a part of its record, so the distance between them never changes. It takes half of what a
-  /// reference takes, and a record has up to forty of them.
-  std::int32_t to_record_;
+  WayTo<RecordFlags> record_;
 };
 
 /// The text of a property's value, see `ToText` of a value and of a date.

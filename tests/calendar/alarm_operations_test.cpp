@@ -213,8 +213,10 @@ TEST_F(AlarmOperations, RefusedDeleteUndoesTheClientsTransaction) {
 TEST_F(AlarmOperations, DeleteInTheClientsTransactionFailsAndUndoesThatOne) {
   const std::int32_t id = AlarmWithChildren()->ID;
   ASSERT_TRUE(session->BeginTransaction());
+  LeaveAnOldError();
   EXPECT_FALSE(session->DeleteAlarm(id));
   EXPECT_FALSE(session->TransactionStarted());
+  EXPECT_EQ(session->GetEntireErrorDesc(), "[BeginTransaction] Error: 0 - A transaction is already started.");
   EXPECT_EQ(Rows("Alarms"), 1);
 }
 

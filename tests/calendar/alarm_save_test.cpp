@@ -41,6 +41,27 @@ TEST_F(AlarmSave, AlarmReadBackWithoutANotificationStoresItAnew) {
   EXPECT_EQ(Stored("SELECT ALA_NotificationID FROM Alarms"), "2");
 }
 
+// ---- first children
+
+TEST_F(AlarmSave, AttachementAndRuleGivenToALoadedAlarmAreInserted) {
+  Run("INSERT INTO Alarms (ALA_ID,ALA_AttachementID,ALA_RecurrenceID) VALUES (91,-1,0)");
+  const Ref<CAlarm> alarm = session->GetAlarm(91);
+  alarm->Attachement->FileName = Source();
+  alarm->Recurrence->RType = REC_DAILY;
+  ASSERT_TRUE(alarm->Save()) << session->GetEntireErrorDesc();
+  EXPECT_EQ(Rows("Alarms INNER JOIN Attachements ON ALA_AttachementID=ATC_ID"), 1);
+  EXPECT_EQ(Rows("Alarms INNER JOIN Recurrences ON ALA_RecurrenceID=REC_ID"), 1);
+}
+
+TEST_F(AlarmSave, AttachementGivenToASavedAlarmIsInserted) {
+  const Ref<CAlarm> alarm = NewAlarm();
+  alarm->Text = "Choir";
+  ASSERT_TRUE(alarm->Save());
+  alarm->Attachement->FileName = Source();
+  ASSERT_TRUE(alarm->Save()) << session->GetEntireErrorDesc();
+  EXPECT_EQ(Rows("Alarms INNER JOIN Attachements ON ALA_AttachementID=ATC_ID"), 1);
+}
+
 // ---- the row
 
 TEST_F(AlarmSave, UpdateWritesAllColumnsInTheirOrder) {

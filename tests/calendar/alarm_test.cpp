@@ -1,6 +1,7 @@
 #include "calendar/alarm.h"
 
 #include "tests/calendar/alarm_fixture.h"
+#include "tests/support/item_expectations.h"
 
 namespace zef::test {
 namespace {
@@ -159,6 +160,29 @@ TEST_F(AlarmRecord, AlarmWithoutChildrenCanBeAskedWhetherItIsModified) {
   alarm->Notification.reset();
   alarm->Recurrence.reset();
   EXPECT_FALSE(alarm->IsModified());
+}
+
+TEST_F(AlarmRecord, SessionReachesTheNotificationBeforeAMissingRule) {
+  ExpectSessionToReachTheNotificationBeforeTheRule<CAlarm>(session);
+}
+
+TEST_F(AlarmRecord, SessionReachesTheAttachementBeforeAMissingNotificationAndNotTheRule) {
+  const auto alarm = MakeRef<CAlarm>();
+  alarm->Notification.reset();
+  EXPECT_EQ(NumberRaised([&] { alarm->SetSession(session); }), 91);
+  EXPECT_EQ(alarm->Attachement->Session(), session);
+  EXPECT_FALSE(alarm->Recurrence->Session());
+}
+
+TEST_F(AlarmRecord, ResetFlagsReachesTheRuleBeforeAMissingNotification) {
+  ExpectFlagsToReachTheRuleBeforeTheNotification<CAlarm>();
+}
+
+TEST_F(AlarmRecord, ResetFlagsReachesTheAttachementBeforeAMissingRule) {
+  const auto alarm = MakeRef<CAlarm>();
+  alarm->Recurrence.reset();
+  EXPECT_EQ(NumberRaised([&] { alarm->ResetFlags(); }), 91);
+  EXPECT_EQ(Flags(*alarm->Attachement), "new modified");
 }
 
 TEST_F(AlarmRecord, ResetFlagsReachesAllChildren) {

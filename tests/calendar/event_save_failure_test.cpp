@@ -69,7 +69,7 @@ TEST_F(EventSaveFailure, ChildStaysAsSavedInMemoryWhenTheEventsStatementFailsInT
   EXPECT_EQ(Rows("Recurrences"), 0);
 }
 
-/// The event with its children and its references to them.
+/// The event, whose flag shows a change of a child as well, with its children and its references to them.
 std::string StateOf(const CEvent& event) {
   return FlagsOf(event) + ", " + FlagsOf(*event.Notification) + ", " + FlagsOf(*event.Recurrence) + ", " +
          std::to_string(event.NotificationID) + ", " + std::to_string(event.RecurrenceID);
@@ -95,6 +95,25 @@ TEST_F(EventSavedAgain, StoredOneSavesItsFirstChildrenAfterAnyFailure) {
   event->Text = "Choir";
   ASSERT_TRUE(event->Save());
   ExpectToSaveChildrenAfterAnyFailure(*event);
+}
+
+TEST_F(EventSavedAgain, DuplicateSavesItsChildrenAfterAFailedSave) {
+  const Ref<CEvent> copy = session->DuplicateEvent(EventWithChildren()->ID);
+  Refuse("INSERT INTO Events");
+  EXPECT_FALSE(copy->Save());
+  RefuseNothing();
+  EXPECT_TRUE(copy->Save());
+  EXPECT_EQ(Rows("Events INNER JOIN Recurrences ON EVE_RecurrenceID=REC_ID"), 2);
+  EXPECT_EQ(Rows("Events INNER JOIN Notifications ON EVE_NotificationID=NTF_ID"), 2);
+}
+
+TEST_F(EventSaveFailure, OwnFlagRaisedByAReferenceIsGivenBack) {
+  Run("INSERT INTO Events (EVE_ID) VALUES (51)");
+  const Ref<CEvent> event = session->GetEvent(51);
+  event->Recurrence->RType = REC_DAILY;
+  Refuse("UPDATE Events");
+  EXPECT_FALSE(event->Save());
+  EXPECT_EQ(Flags(*event->Clone()), "old clear") << "a clone has the own flag alone";
 }
 
 TEST_F(EventSaveFailure, EmptiedChildrenAreDeletedByTheSaveThatFollowsAFailedOne) {

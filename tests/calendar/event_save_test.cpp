@@ -1,6 +1,7 @@
 #include "calendar/event.h"
 
 #include "tests/calendar/event_fixture.h"
+#include "tests/support/item_expectations.h"
 
 namespace zef::test {
 namespace {
@@ -83,6 +84,14 @@ TEST_F(EventSave, NewEventWithoutATypeReadsBackAsTypeEWithLinkZero) {
   const Ref<CEvent> loaded = session->GetEvent(event->ID);
   EXPECT_EQ(loaded->EType, "E");
   EXPECT_EQ(loaded->LinkID, 0);
+}
+
+TEST_F(EventSave, EmptiedTypeReadsBackEmptyAndNotAsE) {
+  const Ref<CEvent> event = FullEvent();
+  ASSERT_TRUE(event->Save());
+  event->EType = "";
+  ASSERT_TRUE(event->Save());
+  EXPECT_EQ(session->GetEvent(event->ID)->EType, "");
 }
 
 TEST_F(EventSave, TextOf255CharactersFits) {
@@ -214,6 +223,23 @@ TEST_F(EventSave, ChangeOfAStoredChildAloneLeavesTheEventsRow) {
   ASSERT_TRUE(event->Save());
   EXPECT_THAT(Sent(), testing::ElementsAre(testing::StartsWith("UPDATE Recurrences SET REC_ID=1,")));
   EXPECT_EQ(Stored("SELECT EVE_DateLastUpdate FROM Events"), "5/1/2024 9:00:00 AM");
+}
+
+TEST_F(EventSave, UnchangedStoredChildrenLeaveDifferentReferences) {
+  const Ref<CEvent> event = session->GetEvent(EventWithChildren()->ID);
+  Forget();
+  ExpectUnchangedChildrenToLeaveTheirReferences(*event);
+  EXPECT_THAT(Sent(), testing::ElementsAre(testing::StartsWith("UPDATE Events")));
+  EXPECT_EQ(Rows("Events WHERE EVE_RecurrenceID=77 AND EVE_NotificationID=78"), 1);
+}
+
+TEST_F(EventSave, ChildWithANegativeIdentifierIsInsertedUnderADrawnOne) {
+  const Ref<CEvent> event = NewEvent();
+  event->Notification->ID = -5;
+  event->Notification->Status = NS_SENTOK;
+  ASSERT_TRUE(event->Save());
+  EXPECT_THAT(Sent().front(), testing::StartsWith("INSERT INTO Notifications"));
+  EXPECT_EQ(event->NotificationID, 1);
 }
 
 TEST_F(EventSave, SavedChildBringsADifferentReferenceBack) {

@@ -1,6 +1,7 @@
 #include "calendar/event.h"
 
 #include "tests/calendar/event_fixture.h"
+#include "tests/support/item_expectations.h"
 
 namespace zef::test {
 namespace {
@@ -144,6 +145,14 @@ TEST_F(EventRecord, EventWithoutChildrenCanBeAskedWhetherItIsModified) {
   event->Notification.reset();
   event->Recurrence.reset();
   EXPECT_FALSE(event->IsModified());
+}
+
+TEST_F(EventRecord, SessionReachesTheNotificationBeforeAMissingRule) {
+  ExpectSessionToReachTheNotificationBeforeTheRule<CEvent>(session);
+}
+
+TEST_F(EventRecord, ResetFlagsReachesTheRuleBeforeAMissingNotification) {
+  ExpectFlagsToReachTheRuleBeforeTheNotification<CEvent>();
 }
 
 TEST_F(EventRecord, ResetFlagsReachesBothChildren) {
@@ -370,7 +379,9 @@ TEST_F(EventRecord, CloneIntoATargetWithoutChildrenEndsSilentlyWithWhatWasCopied
   session->ClearError();
   EXPECT_EQ(FullEvent()->Clone(target), target);
   EXPECT_EQ(target->Reminder, 26);
-  EXPECT_EQ(target->Text, "");
+  EXPECT_EQ(target->StartDate, now_) << "which the target had from the start";
+  EXPECT_EQ(target->Text.get() + target->EType.get(), "");
+  EXPECT_EQ(target->LinkID, 0);
   EXPECT_FALSE(session->GetErrorFlag());
 }
 

@@ -70,6 +70,12 @@ TEST_F(NotificationRecord, AnyOneTextMakesAMessageNotEmpty) {
   }
 }
 
+TEST_F(NotificationRecord, MessageWithASubjectOfOneBlankIsNotEmpty) {
+  const auto message = MakeRef<CNotification>();
+  message->Subject = " ";
+  EXPECT_FALSE(message->IsEmpty());
+}
+
 TEST_F(NotificationRecord, MessageWithOnlyDateTypeAndStatusIsEmpty) {
   const auto message = MakeRef<CNotification>();
   message->SendingDate = Date(1);

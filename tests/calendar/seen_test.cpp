@@ -36,6 +36,11 @@ TEST_F(SeenEvents, OccurrenceAMinuteLaterIsToBeShown) {
   EXPECT_TRUE(ToShow(kAMinuteLater));
 }
 
+TEST_F(SeenEvents, OccurrenceAFractionOfASecondLaterIsToBeShown) {
+  ASSERT_TRUE(event_->MarkSeenByUser(kFirstOfMay));
+  EXPECT_TRUE(ToShow(Date(kFirstOfMay.value() + 0.3 / 86400)));
+}
+
 TEST_F(SeenEvents, OccurrenceAWeekLaterIsToBeShown) {
   ASSERT_TRUE(event_->MarkSeenByUser(kFirstOfMay));
   EXPECT_TRUE(ToShow(kAWeekLater));

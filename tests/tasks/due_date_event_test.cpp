@@ -77,6 +77,7 @@ TEST_F(DueDateEvent, EventOfADueDateThatRoundsToMidnightStandsOnTheDayThatIsStor
   ASSERT_TRUE(task->Save());
   EXPECT_EQ(Stored("SELECT TSK_DueDate FROM Tasks"), "6/8/2024");
   EXPECT_EQ(Of("EVE_StartDate"), "6/8/2024");
+  EXPECT_EQ(Of("EVE_EndDate"), "6/8/2024");
 }
 
 TEST_F(DueDateEvent, EventOfADueDateBeforeDayZeroLiesOnItsDay) {
@@ -277,6 +278,28 @@ TEST_F(DueDateEvent, RefreshLeavesWhatTheClientAddedToTheEvent) {
   task->DueDate = On("7/8/2024");
   ASSERT_TRUE(task->Save());
   EXPECT_EQ(Rows("Events WHERE EVE_Text='mine' AND EVE_Location='here' AND EVE_CategoryID=4 AND EVE_ContactID=5"), 1);
+}
+
+TEST_F(DueDateEvent, RefreshLeavesTheNotificationThatTheClientGaveTheEvent) {
+  const Ref<CTask> task = LoadedTask();
+  const Ref<CEvent> event = session->GetEvent(1);
+  event->Notification->Subject = "mine";
+  ASSERT_TRUE(event->Save());
+  task->DueDate = On("7/8/2024");
+  ASSERT_TRUE(task->Save());
+  EXPECT_EQ(session->GetEvent(1)->Notification->Subject, "mine");
+}
+
+TEST_F(DueDateEvent, WeekdayTakenOffTheRuleIsTakenOffTheEvents) {
+  const Ref<CTask> task = LoadedTask();
+  task->Recurrence->RType = REC_WEEKLY;
+  task->Recurrence->Monday = true;
+  task->Recurrence->Friday = true;
+  ASSERT_TRUE(task->Save());
+  task->Recurrence->Monday = false;
+  ASSERT_TRUE(task->Save());
+  EXPECT_FALSE(session->GetEvent(1)->Recurrence->Monday);
+  EXPECT_TRUE(session->GetEvent(1)->Recurrence->Friday);
 }
 
 TEST_F(DueDateEvent, MissingEventIsMadeAgainBySavingTheUnchangedTask) {

@@ -325,6 +325,18 @@ TEST_F(TaskRecurrence, SavedLastInstanceHasNoRule) {
   EXPECT_FALSE(session->GetTask(2)->ApplyRecurrence());
 }
 
+TEST_F(TaskRecurrence, WithoutAReferenceToANotificationLeavesItsObject) {
+  const Ref<CTask> task = StoredTask();
+  task->NotificationID = 0;
+  task->Notification->ID = 0;
+  task->Notification->Status = NS_SENTOK;
+  task->Notification->SendingDate = On("2/1/2024");
+  ASSERT_TRUE(task->ApplyRecurrence());
+  EXPECT_EQ(task->Notification->ID, 0);
+  EXPECT_EQ(task->Notification->Status, NS_SENTOK);
+  EXPECT_EQ(task->Notification->SendingDate, On("2/1/2024"));
+}
+
 // ---- Failures
 
 class TaskRecurrenceFailure : public TaskRecurrence, public testing::WithParamInterface<int> {};
@@ -365,6 +377,27 @@ TEST_F(TaskRecurrence, WithoutANumberForTheRuleKeepsWhatHasChanged) {
   EXPECT_EQ(task->ID, 2);
   EXPECT_EQ(Shown(task->StartDate), "3/8/2024");
   EXPECT_EQ(task->RecurrenceID, 1);
+}
+
+TEST_F(TaskRecurrence, WithoutANumberForTheRuleKeepsItsOccurrencesAndType) {
+  const Ref<CTask> task = StoredTask();
+  task->Recurrence->OccurencesNo = 1;
+  DropSequence(8);
+  EXPECT_FALSE(task->ApplyRecurrence());
+  EXPECT_EQ(task->Recurrence->OccurencesNo, 1);
+  EXPECT_EQ(task->Recurrence->RType, REC_DAILY);
+}
+
+TEST_F(TaskRecurrence, WithoutANumberForTheNotificationKeepsItsStateAndTheRolledRule) {
+  const Ref<CTask> task = StoredTask(Date());
+  task->Recurrence->OccurencesNo = 1;
+  task->Notification->Status = NS_SENTOK;
+  DropSequence(7);
+  EXPECT_FALSE(task->ApplyRecurrence());
+  EXPECT_EQ(task->Recurrence->OccurencesNo, 0);
+  EXPECT_EQ(task->RecurrenceID, 2);
+  EXPECT_EQ(task->NotificationID, 1);
+  EXPECT_EQ(task->Notification->Status, NS_SENTOK);
 }
 
 TEST_F(TaskRecurrence, DueDateThatLeavesTheCalendarClearsTheFlagsAndRecordsNothing) {

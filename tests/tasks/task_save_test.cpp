@@ -1,6 +1,7 @@
 #include "tasks/task.h"
 
 #include "tests/support/fault_sweep.h"
+#include "tests/support/item_expectations.h"
 #include "tests/tasks/task_fixture.h"
 
 namespace zef::test {
@@ -187,6 +188,15 @@ TEST_F(TaskSave, ChangeOfAStoredChildAloneDoesNotWriteTheTasksRow) {
   ASSERT_TRUE(task->Save());
   EXPECT_EQ(Stored("SELECT NTF_Subject FROM Notifications"), "Play");
   EXPECT_EQ(Stored("SELECT TSK_DateLastUpdate FROM Tasks"), "5/1/2024 9:00:00 AM");
+}
+
+TEST_F(TaskSave, UnchangedStoredChildrenLeaveDifferentReferences) {
+  const Ref<CTask> task = session->GetTask(TaskWithChildren()->ID);
+  Forget();
+  ExpectUnchangedChildrenToLeaveTheirReferences(*task);
+  EXPECT_THAT(Sent(), testing::ElementsAre(testing::StartsWith("UPDATE Tasks"), testing::HasSubstr("Tasks Due Dates"),
+                                           testing::StartsWith("DELETE FROM Events")));
+  EXPECT_EQ(Rows("Tasks WHERE TSK_RecurrenceID=77 AND TSK_NotificationID=78"), 1);
 }
 
 TEST_F(TaskSave, SavedChildBringsADifferentReferenceBack) {

@@ -1,6 +1,7 @@
 #include "tasks/task.h"
 
 #include "session/collections.h"
+#include "tests/support/item_expectations.h"
 #include "tests/tasks/task_fixture.h"
 
 namespace zef::test {
@@ -154,6 +155,14 @@ TEST_F(TaskRecord, ResetFlagsOfATaskWithoutAChildRaises) {
   EXPECT_EQ(Flags(*task), "new modified") << "the own flags come first";
 }
 
+TEST_F(TaskRecord, SessionReachesTheNotificationBeforeAMissingRule) {
+  ExpectSessionToReachTheNotificationBeforeTheRule<CTask>(session);
+}
+
+TEST_F(TaskRecord, ResetFlagsReachesTheRuleBeforeAMissingNotification) {
+  ExpectFlagsToReachTheRuleBeforeTheNotification<CTask>();
+}
+
 // ---- emptiness
 
 TEST_F(TaskRecord, NewTaskIsEmpty) { EXPECT_TRUE(MakeRef<CTask>()->IsEmpty()); }
@@ -164,6 +173,12 @@ TEST_F(TaskRecord, EachPropertyThatCountsMakesATaskNotEmpty) {
     setter.set_first(*task);
     EXPECT_FALSE(task->IsEmpty()) << setter.name;
   }
+}
+
+TEST_F(TaskRecord, NameOfOneBlankCounts) {
+  const auto task = MakeRef<CTask>();
+  task->Name = " ";
+  EXPECT_FALSE(task->IsEmpty());
 }
 
 TEST_F(TaskRecord, FolderIdentifierLastUpdateAndChildrenDoNotCount) {
