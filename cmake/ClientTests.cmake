@@ -36,7 +36,7 @@ endif()
 
 if(NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
   add_test(NAME valgrind.boundary COMMAND "${PROJECT_SOURCE_DIR}/tests/component/valgrind.sh" "${PROJECT_BINARY_DIR}" quick)
-  set_tests_properties(valgrind.boundary PROPERTIES LABELS valgrind SKIP_RETURN_CODE 77 TIMEOUT 900)
+  set_tests_properties(valgrind.boundary PROPERTIES LABELS valgrind SKIP_RETURN_CODE 77 TIMEOUT 900 COST 1000)
 endif()
 
 foreach(program IN ITEMS main by_name)
