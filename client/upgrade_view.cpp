@@ -11,10 +11,12 @@ namespace {
 Json::Array ArrayOf(const std::vector<std::string>& texts) { return {texts.begin(), texts.end()}; }
 
 std::string Versions(const DatabasePlace& place, const UpgradeInfo& info) {
-  const std::string name = Printable(place.Name());
-  if (info.steps.empty()) return fmt::format("{} has version {} already.\n", name, info.to);
-  return fmt::format("Upgraded {} from version {} to {}. Steps: {}.\n", name, Printable(info.from), info.to,
-                     fmt::join(info.steps, ", "));
+  if (info.steps.empty()) {
+    return fmt::format("{} has version {} already.\n", place.IsFile() ? Printable(place.file) : "The database",
+                       info.to);
+  }
+  return fmt::format("Upgraded {} from version {} to {}. Steps: {}.\n", Printable(place.Name()), Printable(info.from),
+                     info.to, fmt::join(info.steps, ", "));
 }
 
 }  // namespace
