@@ -103,10 +103,25 @@ void PostgresqlStatement::ReadLater(const sql::LaterColumn& later, Value& value)
     value.emplace<Bytes>(first + 1, first + size);
     return;
   }
-  const ResultHandle row =
-      connection_.Query(later.text, {std::string(bytes + 1, size - 1)}, ServerConnection::Form::Binary);
-  if (PQntuples(row.get()) == 0) throw RunTimeError(FailureNumber::RowVanished);
-  ReadWireValue(row.get(), 0, sql::Type::Binary, value);
+  FetchPieces(later.text, {bytes + 1, size - 1}, value.emplace<Bytes>());
+}
+
+/// In pieces, since each is in memory three times.
+void PostgresqlStatement::FetchPieces(const std::string& text, const std::string& place, Bytes& value) const {
+  constexpr std::size_t kPiece = std::size_t{4} << 20;
+  const std::string piece = "SELECT octet_length(x), substring(x FROM $2::integer FOR " + std::to_string(kPiece) +
+                            ") FROM (" + text + ") AS v (x)";
+  for (std::size_t whole = 1; value.size() < whole;) {
+    const ResultHandle row =
+        connection_.Query(piece, {place, std::to_string(value.size() + 1)}, ServerConnection::Form::Binary);
+    if (PQntuples(row.get()) == 0) throw RunTimeError(FailureNumber::RowVanished);
+    Value length;
+    ReadWireValue(row.get(), 0, sql::Type::Long, length);
+    whole = static_cast<std::size_t>(ToLong(length));
+    value.reserve(whole);
+    const auto* const first = reinterpret_cast<const std::byte*>(PQgetvalue(row.get(), 0, 1));
+    value.insert(value.end(), first, first + PQgetlength(row.get(), 0, 1));
+  }
 }
 
 void PostgresqlStatement::Read(Positions columns, std::span<const sql::Type> types, std::span<Value> values) const {

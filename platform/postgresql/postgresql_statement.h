@@ -33,6 +33,7 @@ class PostgresqlStatement final : public PreparedStatement {
   void Take(ResultHandle result);
   const sql::LaterColumn* FindLater(int column) const;
   void ReadLater(const sql::LaterColumn& later, Value& value) const;
+  void FetchPieces(const std::string& text, const std::string& place, Bytes& value) const;
   void TakeEnd(const PGresult* result);
   const PGresult* Row() const { return portion_[at_].get(); }
 
