@@ -24,13 +24,36 @@ else()
   set_tests_properties(server.tests_are_left_out_without_postgresql PROPERTIES SKIP_RETURN_CODE 1)
 endif()
 
-# Tests that are on the server whatever the environment says bear its name.
+# What the rooms above show of files, of the plans for them and of one right to write for all, is not run on the server.
+set(ZEF_FILE_TESTS
+  # Connecting to a file, and what is wrong with files.
+  Connecting.* ConnectFailure.* ConnectPassword.* *FailedConnect* FileConnectionString.*
+  # Whoever has opened a transaction keeps all others from writing.
+  Transaction.WaitsForAnotherClientsOnlySoLong LockedTree.*
+  # A file is copied, looked into or written by another program.
+  ForeignDates.* Chain.MakesTheTablesAndIndexesOfANewDatabase Chain.LeavesASoundFile *ChainFault.* *KilledUpgrade*
+  # How the embedded engine goes about a statement.
+  *ScansNoTable* *IsToldToScan* *GoesThroughTheIndex* PhoneNumber.IsSearchedThroughTheIndexesOfAllFourColumns
+  # Characters U+0000, and names beyond 63 bytes.
+  *ZeroCharacter* NoteFile.EveryByteValueCanBeSavedAndComesBack
+  Relationship.OfSeventyCharactersIsSoughtByItsFirst64 Relationship.OfLongTableNamesIsSoughtByTheFirst64CharactersOfBoth)
+list(JOIN ZEF_FILE_TESTS ":" ZEF_FILE_TESTS)
+set(ZEF_ROOMS_ON_SERVER session schema folders calendar tasks addressbook notes users textviews upgrade)
+
+# The tests of a room once more on the server, and those that are on it whatever the environment says: these bear its
+# name.
 function(zef_discover_server_tests target folder)
   if(NOT ZEF_TEST_SERVER)
     return()
   endif()
+  set(on_server
+    WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300 FIXTURES_REQUIRED server)
   gtest_discover_tests(${target}
     TEST_PREFIX "${folder}." TEST_FILTER "*PostgreSQL*" TEST_LIST ${target}_on_server
-    WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" DISCOVERY_TIMEOUT 60
-    PROPERTIES TIMEOUT 300 FIXTURES_REQUIRED server ENVIRONMENT "ZEF_TEST_SERVER=${ZEF_TEST_SERVER_FOLDER}")
+    ${on_server} ENVIRONMENT "ZEF_TEST_SERVER=${ZEF_TEST_SERVER_FOLDER}")
+  if(folder IN_LIST ZEF_ROOMS_ON_SERVER)
+    gtest_discover_tests(${target}
+      TEST_PREFIX "postgresql.${folder}." TEST_FILTER "-*PostgreSQL*:${ZEF_FILE_TESTS}" TEST_LIST ${target}_room_on_server
+      ${on_server} ENVIRONMENT "ZEF_TEST_ON_SERVER=${ZEF_TEST_SERVER_FOLDER}")
+  endif()
 endfunction()

@@ -59,7 +59,12 @@ std::string PostgresqlDialect::Function(const std::string& name) const {
   return name == "concat" ? "pg_catalog.concat" : "zef." + name;
 }
 
-bool PostgresqlDialect::FetchesLater() const { return false; }
+/// What is not asked for need not cross the network.
+bool PostgresqlDialect::FetchesLater() const { return true; }
+
+std::string PostgresqlDialect::Later(const std::string& column, const std::string& row_id) const {
+  return "zef.later(" + column + ", " + row_id + ")";
+}
 
 std::string PostgresqlDialect::ForUpdate() const { return " FOR UPDATE"; }
 

@@ -18,6 +18,7 @@ class PostgresqlDialect final : public sql::Dialect {
   bool FetchesLater() const override;
   std::string ForUpdate() const override;
   std::string Cast(const std::string& text, sql::Type from, sql::Type to) const override;
+  std::string Later(const std::string& column, const std::string& row_id) const override;
   std::string Varying(const std::string& text) const override;
   std::string Column(const std::string& text, const sql::ColumnInfo& column) const override;
   std::string Truth(bool truth) const override;

@@ -14,6 +14,7 @@ struct Sentence {
 constexpr std::string_view kTooDeep =
     "The statement is too complex: selects or operators stand too deep inside each other.";
 constexpr std::string_view kLocked = "The database is locked by another program; try again later.";
+constexpr std::string_view kLost = "The connection to the server was lost; connect again.";
 constexpr std::string_view kOverflow = "Overflow";
 constexpr std::string_view kInvalid = "Invalid procedure call or argument";
 constexpr std::string_view kNoConversion = "A value does not convert to the type that is needed here.";
@@ -50,6 +51,8 @@ constexpr Sentence kSentences[] = {
     {"54", FailureNumber::StatementError, ""},
     {"55P03", FailureNumber::FileUnusable, kLocked},
     {"55006", FailureNumber::FileUnusable, kLocked},
+    {"57P0", FailureNumber::FileUnusable, kLost},
+    {"08", FailureNumber::FileUnusable, kLost},
     {"0A", FailureNumber::StatementError, ""},
 };
 
@@ -64,9 +67,7 @@ std::string ReadableSentence(std::string_view sentence) {
   return text;
 }
 
-RunTimeError ConnectionLost() {
-  return {FailureNumber::FileUnusable, "The connection to the server was lost; connect again."};
-}
+RunTimeError ConnectionLost() { return {FailureNumber::FileUnusable, std::string(kLost)}; }
 
 RunTimeError PostgresqlFailure(PGconn* connection, const PGresult* result) {
   const char* const code = PQresultErrorField(result, PG_DIAG_SQLSTATE);

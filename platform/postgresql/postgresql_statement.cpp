@@ -1,5 +1,6 @@
 #include "platform/postgresql/postgresql_statement.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 #include <utility>
@@ -41,21 +42,26 @@ void PostgresqlStatement::TakeEnd(const PGresult* result) {
   ReadWireValue(result, 0, sql::Type::Unknown, row_id_.emplace());
 }
 
+void PostgresqlStatement::Take(ResultHandle result) {
+  if (!result) {
+    delivering_ = false;
+  } else if (PQresultStatus(result.get()) == PGRES_SINGLE_TUPLE) {
+    bytes_ += PQresultMemorySize(result.get());
+    portion_.push_back(std::move(result));
+  } else if (compiled_.kind != sql::CompiledStatement::Kind::Select) {
+    TakeEnd(result.get());
+  }
+}
+
 void PostgresqlStatement::ReadPortion() {
   portion_.clear();
-  at_ = 0;
-  std::size_t bytes = 0;
-  while (delivering_ && portion_.size() < kPortionRows && bytes < kPortionBytes) {
-    ResultHandle result = connection_.Next();
-    if (!result) {
-      delivering_ = false;
-    } else if (PQresultStatus(result.get()) == PGRES_SINGLE_TUPLE) {
-      bytes += PQresultMemorySize(result.get());
-      portion_.push_back(std::move(result));
-    } else if (compiled_.kind != sql::CompiledStatement::Kind::Select) {
-      TakeEnd(result.get());
-    }
-  }
+  at_ = bytes_ = 0;
+  while (delivering_ && portion_.size() < kPortionRows && bytes_ < kPortionBytes) Take(connection_.Next());
+}
+
+/// Lengthens the portion to the end, so that the connection is free.
+void PostgresqlStatement::TakeRest() {
+  while (delivering_) Take(connection_.Next());
 }
 
 PreparedStatement::Step PostgresqlStatement::Next() {
@@ -71,11 +77,59 @@ PreparedStatement::Step PostgresqlStatement::Next() {
     portion_.clear();
     throw;
   }
-  return at_ < portion_.size() ? Step::Row : Step::Done;
+  if (at_ >= portion_.size()) return Step::Done;
+  // A value that is fetched takes a round trip of its own, so no more rows may be on their way.
+  if (!compiled_.later.empty()) TakeRest();
+  return Step::Row;
+}
+
+const sql::LaterColumn* PostgresqlStatement::FindLater(int column) const {
+  const auto found = std::find_if(compiled_.later.begin(), compiled_.later.end(),
+                                  [column](const sql::LaterColumn& later) { return later.position == column; });
+  return found == compiled_.later.end() ? nullptr : &*found;
+}
+
+/// The value stands behind a 0, or the place of its row behind a 1. A row that another client has changed meanwhile has
+/// left its place.
+void PostgresqlStatement::ReadLater(const sql::LaterColumn& later, Value& value) const {
+  if (PQgetisnull(Row(), 0, later.position) != 0) {
+    value.emplace<Null>();
+    return;
+  }
+  const char* const bytes = PQgetvalue(Row(), 0, later.position);
+  const auto size = static_cast<std::size_t>(PQgetlength(Row(), 0, later.position));
+  if (*bytes == 0) {
+    const auto* const first = reinterpret_cast<const std::byte*>(bytes);
+    value.emplace<Bytes>(first + 1, first + size);
+    return;
+  }
+  FetchPieces(later.text, {bytes + 1, size - 1}, value.emplace<Bytes>());
+}
+
+/// In pieces, since each is in memory three times.
+void PostgresqlStatement::FetchPieces(const std::string& text, const std::string& place, Bytes& value) const {
+  constexpr std::size_t kPiece = std::size_t{4} << 20;
+  const std::string piece = "SELECT octet_length(x), substring(x FROM $2::integer FOR " + std::to_string(kPiece) +
+                            ") FROM (" + text + ") AS v (x)";
+  for (std::size_t whole = 1; value.size() < whole;) {
+    const ResultHandle row =
+        connection_.Query(piece, {place, std::to_string(value.size() + 1)}, ServerConnection::Form::Binary);
+    if (PQntuples(row.get()) == 0) throw RunTimeError(FailureNumber::RowVanished);
+    Value length;
+    ReadWireValue(row.get(), 0, sql::Type::Long, length);
+    whole = static_cast<std::size_t>(ToLong(length));
+    value.reserve(whole);
+    const auto* const first = reinterpret_cast<const std::byte*>(PQgetvalue(row.get(), 0, 1));
+    value.insert(value.end(), first, first + PQgetlength(row.get(), 0, 1));
+  }
 }
 
 void PostgresqlStatement::Read(Positions columns, std::span<const sql::Type> types, std::span<Value> values) const {
   for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (const sql::LaterColumn* const later = FindLater(columns[i])) {
+      ReadLater(*later, values[i]);
+      continue;
+    }
     ReadWireValue(Row(), columns[i], types[static_cast<std::size_t>(columns[i])], values[i]);
   }
 }
@@ -83,7 +137,7 @@ void PostgresqlStatement::Read(Positions columns, std::span<const sql::Type> typ
 std::size_t PostgresqlStatement::Fill(Positions columns, std::span<const sql::Type> types,
                                       std::span<const Slot> slots) const {
   std::size_t done = 0;
-  while (done < columns.size() && columns[done] >= 0 &&
+  while (done < columns.size() && columns[done] >= 0 && FindLater(columns[done]) == nullptr &&
          FillWireValue(Row(), columns[done], types[static_cast<std::size_t>(columns[done])], slots[done])) {
     ++done;
   }

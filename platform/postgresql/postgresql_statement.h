@@ -29,6 +29,11 @@ class PostgresqlStatement final : public PreparedStatement {
  private:
   void Start();
   void ReadPortion();
+  void TakeRest();
+  void Take(ResultHandle result);
+  const sql::LaterColumn* FindLater(int column) const;
+  void ReadLater(const sql::LaterColumn& later, Value& value) const;
+  void FetchPieces(const std::string& text, const std::string& place, Bytes& value) const;
   void TakeEnd(const PGresult* result);
   const PGresult* Row() const { return portion_[at_].get(); }
 
@@ -40,7 +45,8 @@ class PostgresqlStatement final : public PreparedStatement {
   bool started_ = false;
   bool delivering_ = false;  ///< more rows may come behind the portion
   std::vector<ResultHandle> portion_;
-  std::size_t at_ = 0;  ///< of the current row in the portion
+  std::size_t bytes_ = 0;  ///< of the portion
+  std::size_t at_ = 0;     ///< of the current row in the portion
   std::int64_t rows_written_ = 0;
   std::optional<Value> row_id_;
 };

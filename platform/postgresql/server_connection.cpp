@@ -90,12 +90,12 @@ void ServerConnection::Fail(const PGresult* result) {
   throw failure;
 }
 
-ResultHandle ServerConnection::Query(const std::string& text, const std::vector<std::string>& parameters) {
+ResultHandle ServerConnection::Query(const std::string& text, const std::vector<std::string>& parameters, Form form) {
   std::vector<const char*> values;
   for (const std::string& parameter : parameters) values.push_back(parameter.c_str());
   Open();
   Sent(PQsendQueryParams(connection_.get(), text.c_str(), static_cast<int>(values.size()), nullptr, values.data(),
-                         nullptr, nullptr, 0));
+                         nullptr, nullptr, static_cast<int>(form)));
   Sync();
   ResultHandle result = Next();
   if (delivering_) Skip();

@@ -33,8 +33,9 @@ class ServerConnection {
   /// Forgets a prepared statement once it can be done in passing.
   void Deallocate(const std::string& name);
 
-  /// Runs a statement of the engine's own with texts as parameters and gives its whole result, in texts.
-  ResultHandle Query(const std::string& text, const std::vector<std::string>& parameters = {});
+  enum class Form { Text = 0, Binary = 1 };
+  /// Runs a statement of the engine's own with texts as parameters and gives its whole result.
+  ResultHandle Query(const std::string& text, const std::vector<std::string>& parameters = {}, Form form = Form::Text);
   /// Runs several statements that are one text, outside of a transaction.
   void RunScript(const std::string& text);
 

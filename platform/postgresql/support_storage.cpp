@@ -36,6 +36,10 @@ BEGIN
   RETURN x;
 END $$;
 
+-- Bytes behind a 0 if they are few, else the place of their row behind a 1.
+CREATE OR REPLACE FUNCTION zef.later(x bytea, place tid) RETURNS bytea LANGUAGE sql STABLE PARALLEL SAFE AS $$
+  SELECT CASE WHEN octet_length(x) > 8192 THEN '\x01'::bytea || convert_to(place::text, 'UTF8') ELSE '\x00'::bytea || x END $$;
+
 -- A value whose kind only its row tells: the letter of the kind, then the value.
 CREATE OR REPLACE FUNCTION zef.varying(x bigint) RETURNS zef.text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT 'i' || x::text $$;
 CREATE OR REPLACE FUNCTION zef.varying(x double precision) RETURNS zef.text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT 'n' || zef.number_text(x) $$;

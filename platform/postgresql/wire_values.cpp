@@ -27,6 +27,11 @@ enum Oid : unsigned {
   kFloat4 = 700,
   kFloat8 = 701,
   kTimestamp = 1114,
+  kName = 19,
+  kText = 25,
+  kUnknown = 705,
+  kPaddedText = 1042,
+  kVariableText = 1043,
 };
 
 constexpr std::int64_t kMicroseconds = 1'000'000;
@@ -273,7 +278,12 @@ void ReadWireValue(const PGresult* row, int column, Type type, Value& value) {
       value.emplace<Bytes>(first, first + size);
       return;
     }
-    default: SetText({bytes, size}, type, value);
+    case kName:
+    case kText:
+    case kUnknown:
+    case kPaddedText:
+    case kVariableText: return SetText({bytes, size}, type, value);
+    default: throw RunTimeError(FailureNumber::TypesDoNotConvert, "A value has a type that the library does not know.");
   }
 }
 

@@ -29,8 +29,8 @@ struct ResultColumn {
   Type type = Type::Unknown;  ///< Unknown: each row's own
 };
 
-/// A result column whose values are fetched only when they are read, since they may be large: in its place the row's
-/// identifier stands.
+/// A result column whose values are fetched only when they are read, since they may be large: in its place stands what
+/// `Dialect::Later` writes.
 struct LaterColumn {
   int position = 0;
   std::string text;  ///< the select of the value, whose one parameter is the identifier
@@ -81,6 +81,9 @@ class Dialect {
   virtual std::string Cast(const std::string& text, Type /*from*/, Type /*to*/) const { return text; }
   /// A value whose type only its row tells.
   virtual std::string Varying(const std::string& text) const { return text; }
+  /// What stands in the select list for a binary column that is fetched later: the row's identifier, or something that
+  /// holds it for large values and the value itself for small ones.
+  virtual std::string Later(const std::string& /*column*/, const std::string& row_id) const { return row_id; }
   /// A column of a table as it stands in an expression.
   virtual std::string Column(const std::string& text, const ColumnInfo& /*column*/) const { return text; }
   /// True or False as a number, never a bare one: where rows are sorted, engines take that for the position of a

@@ -161,7 +161,9 @@ std::string SelectCore::ItemList(bool collated) const {
   constexpr std::size_t kUsual = 24;
   std::string list;
   list.reserve(items_.size() * kUsual);
-  const bool stars = !collated && naming_ != Naming::Numbered;
+  const bool replaced =
+      std::any_of(items_.begin(), items_.end(), [](const SelectedItem& item) { return !item.in_place.empty(); });
+  const bool stars = !collated && !replaced && naming_ != Naming::Numbered;
   for (std::size_t i = 0; i < items_.size(); ++i) {
     const SelectedItem& item = items_[i];
     if (stars && item.behind_star) continue;

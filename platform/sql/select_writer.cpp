@@ -166,7 +166,7 @@ void FetchLater(Writing& writing, SelectCore& core) {
   for (std::size_t i = 0; i < core.items().size(); ++i) {
     const ColumnInfo* column = core.items()[i].value.column;
     if (column == nullptr || column->type != Type::Binary) continue;
-    core.Replace(i, table->row_id);
+    core.Replace(i, writing.dialect().Later(core.items()[i].value.text, table->row_id));
     writing.result().later.push_back({static_cast<int>(i), "SELECT " + Quoted(column->name) + " FROM " +
                                                                Quoted(table->name) + " WHERE " + table->row_id + " = " +
                                                                writing.dialect().Parameter(1, Type::Unknown)});

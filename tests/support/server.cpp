@@ -49,8 +49,8 @@ class OwnServer {
 };
 
 const std::string& Folder() {
-  static const std::string given = Environment("ZEF_TEST_SERVER");
-  if (!given.empty()) return given;
+  static const std::string given = OnServer() ? Environment("ZEF_TEST_ON_SERVER") : Environment("ZEF_TEST_SERVER");
+  if (!given.empty() && given != "own") return given;
   static const OwnServer own;
   return own.folder();
 }
@@ -117,7 +117,7 @@ std::string Pattern(const std::string& version) {
 
 }  // namespace
 
-bool OnServer() { return Environment("ZEF_TEST_ENGINE") == "PostgreSQL"; }
+bool OnServer() { return !Environment("ZEF_TEST_ON_SERVER").empty(); }
 
 ServerDatabase::ServerDatabase(const std::string& version) {
   static int count = 0;

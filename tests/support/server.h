@@ -4,11 +4,13 @@
 
 namespace zef::test {
 
-/// True if the tests were asked to run on the server's engine: ZEF_TEST_ENGINE=PostgreSQL.
+/// True if the tests were asked to run on the server's engine: ZEF_TEST_ON_SERVER holds a server's folder, or "own" for
+/// one that is started for this process.
 bool OnServer();
 
 /// A database of its own on the tests' server, which goes away with it. The server is the one whose folder stands in
-/// ZEF_TEST_SERVER; without that, one is started for this process. Only where the server's programs are known.
+/// ZEF_TEST_ON_SERVER or ZEF_TEST_SERVER; without these, one is started for this process. Only where the server's
+/// programs are known.
 class ServerDatabase {
  public:
   /// With the tables and first rows of a schema version, or with none for the empty text.
