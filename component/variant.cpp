@@ -47,9 +47,9 @@ std::string Utf8Of(BSTR text) {
 
 Value BytesOf(const SAFEARRAY* array) {
   if (array == nullptr) return Null{};
-  const std::size_t size = array->rgsabound[0].cElements;
-  const bool sound = array->cDims == 1 && array->cbElements == 1 && (array->pvData != nullptr || size == 0);
-  if (!sound) throw ConversionFailure(DISP_E_TYPEMISMATCH);
+  if (array->cDims != 1 || array->cbElements != 1) throw ConversionFailure(DISP_E_TYPEMISMATCH);
+  const std::size_t size = array->rgsabound[0].cElements;  // not there without dimensions
+  if (array->pvData == nullptr && size > 0) throw ConversionFailure(DISP_E_TYPEMISMATCH);
   const auto* const first = static_cast<const std::byte*>(array->pvData);
   return Bytes(first, first + size);
 }
