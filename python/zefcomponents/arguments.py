@@ -88,6 +88,7 @@ _TAKE = {
     layout.VT_EMPTY: lambda variant: None,
     layout.VT_NULL: lambda variant: None,
     layout.VT_I4: lambda variant: variant.long,
+    layout.VT_I8: lambda variant: variant.whole,
     layout.VT_UI1: lambda variant: variant.byte,
     layout.VT_R8: lambda variant: variant.double,
     layout.VT_BOOL: lambda variant: variant.truth != 0,
