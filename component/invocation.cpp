@@ -153,7 +153,7 @@ HRESULT CallMember(const Member& member, Object object, WORD flags, DISPPARAMS* 
     Tell(argument, side == member.put ? 0 : arrangement.IndexOf(unfit.place));
     return unfit.result;
   } catch (const std::bad_alloc&) {
-    if (result != nullptr) VariantClear(result);  // an array that was begun
+    if (result != nullptr) VariantClear(result);  // what stands there if an argument could not be given back
     return E_OUTOFMEMORY;
   } catch (...) {
     return Describe(failure);

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
+#include <cstdint>
 #include <string_view>
 #include <tuple>
+#include <type_traits>
 
 #include "addressbook/phone_log.h"
 #include "calendar/notification.h"
@@ -31,7 +35,7 @@ inline constexpr std::tuple kEnumerationNames{
     Named<RecurrenceType>{"RecurrenceType"},
 };
 
-/// The classes that clients can create.
+/// The classes that clients can create. Their identifiers end in their places, so a new one goes to the end.
 inline constexpr std::tuple kPublicNames{
     Named<CSession>{"CSession"},
     Named<CAlarm>{"CAlarm"},
@@ -59,7 +63,7 @@ inline constexpr std::tuple kPublicNames{
     Named<CUsers>{"CUsers"},
 };
 
-/// Those that clients only reach.
+/// Those that clients only reach; what is said above holds for them too.
 inline constexpr std::tuple kReachedNames{
     Named<Connection>{"Connection"}, Named<Errors>{"Errors"}, Named<Error>{"Error"},
     Named<Recordset>{"Recordset"},   Named<Fields>{"Fields"}, Named<Field>{"Field"},
@@ -68,6 +72,14 @@ inline constexpr std::tuple kReachedNames{
 template <class T>
 inline constexpr std::string_view kNameOf =
     std::get<Named<T>>(std::tuple_cat(kEnumerationNames, kPublicNames, kReachedNames)).name;
+
+/// The place of a class in its list, from 1.
+template <class T, class... Listed>
+constexpr std::uint16_t PlaceIn(const std::tuple<Named<Listed>...>&) {
+  static_assert((std::is_same_v<T, Listed> || ...), "the class is in the other list");
+  constexpr std::array kIsIt{std::is_same_v<T, Listed>...};
+  return static_cast<std::uint16_t>(std::ranges::find(kIsIt, true) - kIsIt.begin() + 1);
+}
 
 // Each is described in a file of its own.
 

@@ -54,16 +54,19 @@ Rows(const Pieces&...) -> Rows<(kRowsOf<Pieces> + ...)>;
 
 /// A class that clients can create.
 template <class T>
-constexpr Class Creatable(std::uint16_t number, std::span<const Member> members) {
+constexpr Class Creatable(std::span<const Member> members) {
   using Life = Lifetime<T>;
-  return {kNameOf<T>, number, members, &Life::Create, &Life::AddReference, &Life::Release, &Life::Outside};
+  return {kNameOf<T>,          PlaceIn<T>(kPublicNames), members,       &Life::Create,
+          &Life::AddReference, &Life::Release,           &Life::Outside};
 }
 
 /// A class that clients only reach, whose objects live as long as their `Owner`, of which each is a side or a part.
 template <class T, class Owner = T>
-constexpr Class Reachable(std::uint16_t number, std::span<const Member> members) {
+constexpr Class Reachable(std::span<const Member> members) {
+  constexpr std::uint16_t kFirst = 100;
   using Life = Lifetime<Owner>;
-  return {kNameOf<T>, number, members, nullptr, &Life::AddReference, &Life::Release, &Life::Outside};
+  return {kNameOf<T>,    kFirst + PlaceIn<T>(kReachedNames), members, nullptr, &Life::AddReference, &Life::Release,
+          &Life::Outside};
 }
 
 }  // namespace zef::component

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstring>
 #include <limits>
+#include <memory>
 #include <new>
 #include <type_traits>
 
@@ -47,9 +48,9 @@ std::string Utf8Of(BSTR text) {
 
 Value BytesOf(const SAFEARRAY* array) {
   if (array == nullptr) return Null{};
-  const std::size_t size = array->rgsabound[0].cElements;
-  const bool sound = array->cDims == 1 && array->cbElements == 1 && (array->pvData != nullptr || size == 0);
-  if (!sound) throw ConversionFailure(DISP_E_TYPEMISMATCH);
+  if (array->cDims != 1 || array->cbElements != 1) throw ConversionFailure(DISP_E_TYPEMISMATCH);
+  const std::size_t size = array->rgsabound[0].cElements;  // not there without dimensions
+  if (array->pvData == nullptr && size > 0) throw ConversionFailure(DISP_E_TYPEMISMATCH);
   const auto* const first = static_cast<const std::byte*>(array->pvData);
   return Bytes(first, first + size);
 }
@@ -105,6 +106,10 @@ SAFEARRAY* NewArray(VARTYPE kind, UINT dimensions, SAFEARRAYBOUND* bounds) {
   if (array == nullptr) throw std::bad_alloc();
   return array;
 }
+
+struct Destroy {
+  void operator()(SAFEARRAY* array) const { SafeArrayDestroy(array); }
+};
 
 void GiveArray(VARIANT& variant, VARTYPE kind, SAFEARRAY* array) {
   variant.vt = static_cast<VARTYPE>(VT_ARRAY | kind);
@@ -228,8 +233,7 @@ void Give(VARIANT& variant, const FieldsArray& texts) {
   const auto rows = static_cast<ULONG>(texts.LastRow() + 1);
   const auto columns = static_cast<ULONG>(texts.LastColumn() + 1);
   SAFEARRAYBOUND bounds[] = {{rows, 0}, {columns, 0}};
-  SAFEARRAY* const array = NewArray(VT_BSTR, 2, bounds);
-  GiveArray(variant, VT_BSTR, array);
+  std::unique_ptr<SAFEARRAY, Destroy> array(NewArray(VT_BSTR, 2, bounds));
   auto* const cells = static_cast<BSTR*>(array->pvData);
   for (ULONG row = 0; row < rows; ++row) {
     for (ULONG column = 0; column < columns; ++column) {
@@ -237,6 +241,7 @@ void Give(VARIANT& variant, const FieldsArray& texts) {
       if (!text.empty()) cells[column * rows + row] = NewText(text);
     }
   }
+  GiveArray(variant, VT_BSTR, array.release());
 }
 
 BSTR NewText(std::string_view text) {

@@ -49,7 +49,8 @@ Value ValueIn(const VARIANT& variant);
 /// The object that the variant refers to, or null for Nothing and Empty; no reference is added.
 IUnknown* ObjectIn(const VARIANT& variant);
 
-/// Each fills a variant that owns nothing. A text or array for which there is no memory raises std::bad_alloc.
+/// Each fills a variant that owns nothing. A text or array for which there is no memory raises std::bad_alloc, and the
+/// variant owns nothing still.
 void Give(VARIANT& variant, std::int32_t number);
 void Give(VARIANT& variant, bool truth);
 void Give(VARIANT& variant, Date date);

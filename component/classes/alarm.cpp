@@ -31,7 +31,7 @@ constexpr Rows kMembers{
     Of::Field2String(),
     Of::IsEmpty(),
 };
-constexpr Class kClass = Creatable<CAlarm>(2, kMembers);
+constexpr Class kClass = Creatable<CAlarm>(kMembers);
 
 }  // namespace
 

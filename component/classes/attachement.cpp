@@ -28,7 +28,7 @@ constexpr Member kMembers[] = {
     Of::Save2OwnersFile(),
     Of::GetFieldsArray(),
 };
-constexpr Class kClass = Creatable<CAttachement>(3, kMembers);
+constexpr Class kClass = Creatable<CAttachement>(kMembers);
 
 }  // namespace
 

@@ -15,7 +15,7 @@ constexpr Rows kMembers{
     Of::DateLastUpdate(),
     Of::Contract(),
 };
-constexpr Class kClass = Creatable<CCategory>(4, kMembers);
+constexpr Class kClass = Creatable<CCategory>(kMembers);
 
 }  // namespace
 

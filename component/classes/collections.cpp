@@ -20,7 +20,7 @@ constexpr Member kTagMembers[] = {
     Members<CTag>::Field<&CTag::ID, Long>("ID"),
     Members<CTag>::Field<&CTag::Text, Text>("Text"),
 };
-constexpr Class kTag = Creatable<CTag>(14, kTagMembers);
+constexpr Class kTag = Creatable<CTag>(kTagMembers);
 
 template <class Element>
 bool ElementOf(Object object, std::int32_t position, VARIANT& element) {
@@ -65,8 +65,8 @@ constexpr std::string_view AddedName() {
 
 template <class Element>
 constexpr auto kCollectionMembers = CollectionMembers<Element>(AddedName<Element>());
-template <class Element, std::uint16_t Number>
-constexpr Class kCollection = Creatable<Collection<Element>>(Number, kCollectionMembers<Element>);
+template <class Element>
+constexpr Class kCollection = Creatable<Collection<Element>>(kCollectionMembers<Element>);
 
 }  // namespace
 
@@ -76,43 +76,43 @@ const Class& ClassOf<CTag>() {
 }
 template <>
 const Class& ClassOf<CAlarms>() {
-  return kCollection<CAlarm, 15>;
+  return kCollection<CAlarm>;
 }
 template <>
 const Class& ClassOf<CCategories>() {
-  return kCollection<CCategory, 16>;
+  return kCollection<CCategory>;
 }
 template <>
 const Class& ClassOf<CContacts>() {
-  return kCollection<CContact, 17>;
+  return kCollection<CContact>;
 }
 template <>
 const Class& ClassOf<CEvents>() {
-  return kCollection<CEvent, 18>;
+  return kCollection<CEvent>;
 }
 template <>
 const Class& ClassOf<CFolders>() {
-  return kCollection<CFolder, 19>;
+  return kCollection<CFolder>;
 }
 template <>
 const Class& ClassOf<CNotes>() {
-  return kCollection<CNote, 20>;
+  return kCollection<CNote>;
 }
 template <>
 const Class& ClassOf<CPhoneLogs>() {
-  return kCollection<CPhoneLog, 21>;
+  return kCollection<CPhoneLog>;
 }
 template <>
 const Class& ClassOf<CTags>() {
-  return kCollection<CTag, 22>;
+  return kCollection<CTag>;
 }
 template <>
 const Class& ClassOf<CTasks>() {
-  return kCollection<CTask, 23>;
+  return kCollection<CTask>;
 }
 template <>
 const Class& ClassOf<CUsers>() {
-  return kCollection<CUser, 24>;
+  return kCollection<CUser>;
 }
 
 }  // namespace zef::component

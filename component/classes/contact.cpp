@@ -63,7 +63,7 @@ constexpr Rows kMembers{
     Of::Field2String(),
     Of::IsEmpty(),
 };
-constexpr Class kClass = Creatable<CContact>(5, kMembers);
+constexpr Class kClass = Creatable<CContact>(kMembers);
 
 }  // namespace
 

@@ -154,12 +154,12 @@ constexpr Member kField[] = {
     OfField::Function<&Field::GetChunk, Value(Long)>("GetChunk", "Length"),
 };
 
-constexpr Class kConnectionClass = Reachable<Connection>(101, kConnection);
-constexpr Class kErrorsClass = Reachable<Errors, Connection>(102, kErrors);
-constexpr Class kErrorClass = Reachable<Error, Connection>(103, kError);
-constexpr Class kRecordsetClass = Reachable<Recordset>(104, kRecordset);
-constexpr Class kFieldsClass = Reachable<Fields, Recordset>(105, kFields);
-constexpr Class kFieldClass = Reachable<Field, Recordset>(106, kField);
+constexpr Class kConnectionClass = Reachable<Connection>(kConnection);
+constexpr Class kErrorsClass = Reachable<Errors, Connection>(kErrors);
+constexpr Class kErrorClass = Reachable<Error, Connection>(kError);
+constexpr Class kRecordsetClass = Reachable<Recordset>(kRecordset);
+constexpr Class kFieldsClass = Reachable<Fields, Recordset>(kFields);
+constexpr Class kFieldClass = Reachable<Field, Recordset>(kField);
 
 }  // namespace
 

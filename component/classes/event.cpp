@@ -38,7 +38,7 @@ constexpr Rows kMembers{
     Of::Field2String(),
     Of::IsEmpty(),
 };
-constexpr Class kClass = Creatable<CEvent>(6, kMembers);
+constexpr Class kClass = Creatable<CEvent>(kMembers);
 
 }  // namespace
 

@@ -26,7 +26,7 @@ constexpr Member kMembers[] = {
     Of::GetValuesFromRS(),
     Of::Save(),
 };
-constexpr Class kClass = Creatable<CFolder>(7, kMembers);
+constexpr Class kClass = Creatable<CFolder>(kMembers);
 
 }  // namespace
 

@@ -23,7 +23,7 @@ constexpr Rows kMembers{
     Of::Field2String(),
     Of::IsEmpty(),
 };
-constexpr Class kClass = Creatable<CNote>(8, kMembers);
+constexpr Class kClass = Creatable<CNote>(kMembers);
 
 }  // namespace
 

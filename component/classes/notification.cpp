@@ -28,7 +28,7 @@ constexpr Member kMembers[] = {
     Of::Save2OwnersFile(),
     Of::GetFieldsArray(),
 };
-constexpr Class kClass = Creatable<CNotification>(9, kMembers);
+constexpr Class kClass = Creatable<CNotification>(kMembers);
 
 }  // namespace
 

@@ -19,7 +19,7 @@ constexpr Rows kMembers{
     Of::DateLastUpdate(),
     Of::Contract(),
 };
-constexpr Class kClass = Creatable<CPhoneLog>(10, kMembers);
+constexpr Class kClass = Creatable<CPhoneLog>(kMembers);
 
 }  // namespace
 

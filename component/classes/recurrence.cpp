@@ -35,7 +35,7 @@ constexpr Member kMembers[] = {
     Of::GetFieldsArray(),
     Of::Function<&CRecurrence::NextOccuranceDate, Date(Date)>("NextOccuranceDate", "dtmReference"),
 };
-constexpr Class kClass = Creatable<CRecurrence>(11, kMembers);
+constexpr Class kClass = Creatable<CRecurrence>(kMembers);
 
 }  // namespace
 

@@ -146,7 +146,7 @@ constexpr Member kMembers[] = {
     Of::Function<&CSession::UpgradeDBToVersion9_2_4, Boolean(ByRef<Text>, ByRef<Text>)>("UpgradeDBToVersion9_2_4",
                                                                                         "strVersion", "strErrorMsg"),
 };
-constexpr Class kClass = Creatable<CSession>(1, kMembers);
+constexpr Class kClass = Creatable<CSession>(kMembers);
 
 }  // namespace
 

@@ -35,7 +35,7 @@ constexpr Rows kMembers{
     Of::Field2String(),
     Of::IsEmpty(),
 };
-constexpr Class kClass = Creatable<CTask>(12, kMembers);
+constexpr Class kClass = Creatable<CTask>(kMembers);
 
 }  // namespace
 

@@ -23,7 +23,7 @@ constexpr Rows kMembers{
     Of::Function<&CUser::IsDataViewer, Boolean()>("IsDataViewer"),
     Of::Function<&CUser::UserType, Text()>("UserType"),
 };
-constexpr Class kClass = Creatable<CUser>(13, kMembers);
+constexpr Class kClass = Creatable<CUser>(kMembers);
 
 }  // namespace
 

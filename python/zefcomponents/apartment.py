@@ -19,10 +19,11 @@ class _Apartment:
     """The references of one thread. It is known by itself, never by the thread's number, which another thread gets when
     this one has ended."""
 
-    __slots__ = ("_thread", "_held", "_numbers", "_dropped")
+    __slots__ = ("_thread", "_owner", "_held", "_numbers", "_dropped")
 
     def __init__(self):
-        self._thread = _here()  # None when it has ended
+        self._thread = _here()  # None when it has no more use for its references
+        self._owner = "the thread that created it"
         self._held = {}
         self._numbers = itertools.count()
         self._dropped = collections.deque()  # numbers of references that other threads have no more use for
@@ -36,8 +37,7 @@ class _Apartment:
     def enter(self, kind):
         """Makes sure that the running thread is the owner. `kind` says what it wants to use."""
         if self._thread != _here():
-            ended = ", which has ended" if self._thread is None else ""
-            raise RuntimeError(f"this {kind} can only be used in the thread that created it{ended}")
+            raise RuntimeError(f"this {kind} can only be used in {self._owner}")
         if self._dropped:
             self._give_back_dropped()
 
@@ -63,10 +63,18 @@ class _Apartment:
     def end(self, here=_here):
         """Gives everything back if the owner does this; the thread of a process that was forked off, or of a program
         that is ending, must not."""
-        owner = self._thread == here()
+        if self._thread != here():
+            self.leave_to_parent()
+            return
         self._thread = None
-        while owner and self._held:
+        self._owner += ", which has ended"
+        while self._held:
             self._give_back(next(reversed(self._held)))  # the youngest first, a session after its records
+
+    def leave_to_parent(self):
+        """Gives nothing back, for in a process that was forked off the references are its parent's."""
+        self._thread = None
+        self._owner = "the process that created it"
         self._held.clear()
 
 
@@ -91,11 +99,10 @@ _storage = _Storage()
 
 
 def _leave_to_parent():
-    """In a process that was forked off, objects stay what they are: those of a thread of its parent."""
+    """In a process that was forked off, objects stay what they are: those of its parent."""
     apartment = _storage.tenancy.apartment
     _storage.tenancy.apartment = _Apartment()
-    apartment._held.clear()
-    apartment.end()
+    apartment.leave_to_parent()
 
 
 os.register_at_fork(after_in_child=_leave_to_parent)

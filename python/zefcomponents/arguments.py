@@ -88,6 +88,7 @@ _TAKE = {
     layout.VT_EMPTY: lambda variant: None,
     layout.VT_NULL: lambda variant: None,
     layout.VT_I4: lambda variant: variant.long,
+    layout.VT_I8: lambda variant: variant.whole,
     layout.VT_UI1: lambda variant: variant.byte,
     layout.VT_R8: lambda variant: variant.double,
     layout.VT_BOOL: lambda variant: variant.truth != 0,
@@ -112,6 +113,12 @@ def take(variant, declared, library):
     return library._enumerated(declared, value) if declared.startswith("enum ") else value
 
 
+def _content(variant):
+    """Kind and value of a variant, to be compared with what it holds later; an object counts by its address."""
+    kind = variant.vt
+    return kind, _TAKE[kind](variant) if kind in _TAKE else variant.whole
+
+
 class Call:
     """The arguments of one call, from last to first, with what they own. Leave it with `with`."""
 
@@ -119,6 +126,7 @@ class Call:
         self._member = member
         self._variants = (VARIANT * max(len(values), 1))()
         self._references = []  # of each variable: the variable, its own variant, its type
+        self._given = []  # what was put into each
         self._values, self._declared = values, declared
 
     def __enter__(self):
@@ -148,17 +156,17 @@ class Call:
             self._references.append((value, inner, declared))
             if value.value is not None or _none_means_something(declared):
                 put(inner, value.value, declared)
+            self._given.append(_content(inner))
             variant.vt = layout.VT_BYREF | layout.VT_VARIANT
             variant.pointer = ctypes.addressof(inner)
         else:
             put(variant, value, declared)
 
     def give_back(self, library):
-        """Gives the variables what the method left in them."""
-        for variable, inner, declared in self._references:
-            value = take(inner, declared, library)
-            if value != variable.value or type(value) is not type(variable.value):
-                variable.value = value
+        """Gives the variables what the method left in them; the others keep their very values."""
+        for (variable, inner, declared), given in zip(self._references, self._given):
+            if _content(inner) != given:
+                variable.value = take(inner, declared, library)
 
 
 LEFT_OUT = object()

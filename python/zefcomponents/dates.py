@@ -9,6 +9,7 @@ import math
 _DAY_ZERO = datetime.datetime(1899, 12, 30)
 _SECONDS = 86400
 _FIRST_YEAR = 100
+_LAST_DAY = (datetime.datetime.max - _DAY_ZERO).days
 
 
 def to_number(date):
@@ -30,6 +31,8 @@ def from_number(number):
     """The datetime of a number, to the millisecond, which is what such a number can hold everywhere."""
     days = math.trunc(number)
     milliseconds = round(abs(number - days) * _SECONDS * 1000)
+    if days == _LAST_DAY:
+        milliseconds = min(milliseconds, _SECONDS * 1000 - 1)  # no day follows that its last moment could round to
     try:
         return _DAY_ZERO + datetime.timedelta(days=days, milliseconds=milliseconds)
     except OverflowError as overflow:

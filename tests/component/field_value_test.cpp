@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdlib>
 #include <cstring>
 #include <numeric>
 #include <string>
@@ -97,6 +99,11 @@ TEST_F(FieldValue, RefusesAnArrayWithoutItsData) {
   array->cDims = 1;
   array->cbElements = 1;
   array->rgsabound[0] = {1000, 0};
+  EXPECT_EQ(Store(Variant::Of(VT_ARRAY | VT_UI1, array)).result, DISP_E_TYPEMISMATCH);
+}
+TEST_F(FieldValue, RefusesAnArrayWithoutDimensions) {
+  constexpr std::size_t kHead = offsetof(SAFEARRAY, rgsabound);  // what a reader of the bounds runs past
+  auto* const array = static_cast<SAFEARRAY*>(std::calloc(1, kHead));
   EXPECT_EQ(Store(Variant::Of(VT_ARRAY | VT_UI1, array)).result, DISP_E_TYPEMISMATCH);
 }
 TEST_F(FieldValue, RefusesATableOfBytes) {

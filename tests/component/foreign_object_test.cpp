@@ -8,6 +8,35 @@
 namespace zef::test {
 namespace {
 
+/// One that gives up the client's last reference to an object in the middle of a call on it, and stands for another.
+class SpitefulStandIn final : public ForeignObject {
+ public:
+  SpitefulStandIn(IDispatch* victim, const Object& inner) : victim_(victim), inner_(inner) {}
+  HRESULT QueryInterface(REFIID riid, void** object) override {
+    victim_->Release();
+    return inner_->QueryInterface(riid, object);
+  }
+
+ private:
+  IDispatch* victim_;
+  Object inner_;
+};
+
+/// One that lets an object of the library answer, but then hands out itself.
+class BoastingStandIn final : public ForeignObject {
+ public:
+  explicit BoastingStandIn(const Object& inner) : inner_(inner) {}
+  HRESULT QueryInterface(REFIID riid, void** object) override {
+    if (inner_->QueryInterface(riid, object) == S_OK) inner_->Release();
+    *object = this;
+    AddRef();
+    return S_OK;
+  }
+
+ private:
+  Object inner_;
+};
+
 class PassedObject : public ComponentTest {
  protected:
   static Variant Of(ForeignObject& object) {
@@ -42,17 +71,36 @@ TEST_F(PassedObject, ThatStandsForOneOfTheLibraryIsTakenAsThatOne) {
   EXPECT_EQ(folder.Put("Session", Of(stand_in)).result, S_OK);
   EXPECT_EQ(folder.Get("Session").value.object(), session);
 }
-TEST_F(PassedObject, MayGiveUpTheObjectUnderTheCall) {
+TEST_F(PassedObject, ThatBoastsWithAnAnswerOfTheLibraryIsRefused) {
+  const Object session = Create("CSession");
+  BoastingStandIn boasting(session);
+  EXPECT_EQ(folder.Put("Session", Of(boasting)).result, DISP_E_TYPEMISMATCH);
+}
+
+/// The object under the call lives as long as the call, though its last reference is given up.
+class GivenUpObject : public PassedObject {
+ protected:
+  GivenUpObject() { victim->AddRef(); }
+  HRESULT PutSession(ForeignObject& spiteful) {
+    const DISPID member = folder.Number("Session");
+    folder = Object();  // what is left is the reference that is given up
+    Variant value = Of(spiteful);
+    DISPID assigned = DISPID_PROPERTYPUT;
+    DISPPARAMS parameters{&value.raw(), &assigned, 1, 1};
+    return victim->Invoke(member, IID_NULL, 0, DISPATCH_PROPERTYPUT, &parameters, nullptr, nullptr, nullptr);
+  }
   IDispatch* const victim = folder.get();
-  victim->AddRef();
-  const DISPID member = folder.Number("Session");
-  folder = Object();  // the last reference is the one that is given up
+};
+
+TEST_F(GivenUpObject, CanRefuseWhatGaveItUp) {
   SpitefulObject spiteful(victim);
-  Variant value = Of(spiteful);
-  DISPID assigned = DISPID_PROPERTYPUT;
-  DISPPARAMS parameters{&value.raw(), &assigned, 1, 1};
-  EXPECT_EQ(victim->Invoke(member, IID_NULL, 0, DISPATCH_PROPERTYPUT, &parameters, nullptr, nullptr, nullptr),
-            DISP_E_TYPEMISMATCH);
+  EXPECT_EQ(PutSession(spiteful), DISP_E_TYPEMISMATCH);
+}
+TEST_F(GivenUpObject, CanTakeWhatGaveItUp) {
+  const Object session = Create("CSession");
+  SpitefulStandIn spiteful(victim, session);
+  EXPECT_EQ(PutSession(spiteful), S_OK);
+  EXPECT_EQ(session.References(), 2u);  // this one and the one that stands in have theirs; the folder is gone
 }
 TEST_F(PassedObject, OfAnotherClassIsRefused) {
   EXPECT_EQ(folder.Put("Session", Create("CTask")).result, DISP_E_TYPEMISMATCH);

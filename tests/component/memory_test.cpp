@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <malloc.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -24,6 +25,8 @@ constexpr std::size_t kMegabyte = 1 << 20;
 /// Long enough that the limit stands between it and a second one.
 constexpr UINT kUnits = 64 * kMegabyte;
 constexpr std::size_t kLittle = 32 * kMegabyte;
+/// Enough for the fields of a record with such a text, but not for its UTF-16 in a table.
+constexpr std::size_t kWithoutItsText = 150 * kMegabyte;
 
 /// Calls for which there is no memory, each in a process of its own.
 class Memory : public testing::Test {
@@ -38,6 +41,16 @@ class Memory : public testing::Test {
     BSTR const text = SysAllocStringLen(nullptr, kUnits);
     for (UINT i = 0; i < kUnits; ++i) text[i] = u'x';
     return Variant::Of(VT_BSTR, text);
+  }
+  /// Asks for a record's table of texts ten times and drops what comes; the last result.
+  static HRESULT TableTenTimes(const Object& record) {
+    HRESULT result = S_OK;
+    for (int i = 0; i < 10; ++i) {
+      Variant table;
+      std::int32_t count = 0;
+      result = record.Call("GetFieldsArray", 1, Variant::Ref(table), Variant::Ref(VT_I4, &count)).result;
+    }
+    return result;
   }
   template <class Work>
   static std::string InAProcess(Work&& work) {
@@ -78,6 +91,18 @@ TEST_F(Memory, ThatIsShortRefusesAResult) {
               return outcome.value.kind() == VT_EMPTY ? ResultText(outcome.result) : "a result";
             }),
             "out of memory");
+}
+TEST_F(Memory, ThatIsShortLeavesNoTableBehind) {
+  EXPECT_EQ(InAProcess([] {
+              const Object note = Library::Shared().Create("CNote");
+              note.Put("Text", LongText());
+              LimitMemory(kWithoutItsText);
+              TableTenTimes(note);  // fills what the allocator keeps for itself
+              const std::size_t before = mallinfo2().uordblks;
+              const HRESULT result = TableTenTimes(note);
+              return ResultText(result) + ", " + std::to_string(mallinfo2().uordblks - before);
+            }),
+            "out of memory, 0");
 }
 
 }  // namespace

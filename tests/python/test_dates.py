@@ -34,6 +34,14 @@ class DatesTest(unittest.TestCase):
         for date in (datetime.datetime(100, 1, 1), datetime.datetime(9999, 12, 31, 23, 59, 59)):
             self.assertEqual(dates.from_number(dates.to_number(date)), date)
 
+    def test_last_moment_comes_back_without_what_is_beyond_milliseconds(self):
+        last = datetime.datetime(9999, 12, 31, 23, 59, 59, 999970)
+        self.assertEqual(dates.from_number(dates.to_number(last)), last.replace(microsecond=999000))
+
+    def test_number_of_the_year_10000_is_refused(self):
+        with self.assertRaises(ValueError):
+            dates.from_number(2958466.0)
+
     def test_year_before_100_is_refused(self):
         with self.assertRaisesRegex(ValueError, "year 99 is before 100"):
             dates.to_number(datetime.datetime(99, 12, 31))

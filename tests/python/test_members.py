@@ -1,4 +1,6 @@
+import contextlib
 import datetime
+import pathlib
 import subprocess
 import sys
 import unittest
@@ -79,6 +81,25 @@ class MethodsTest(DatabaseTest):
         self.session.LoadRootFolders(variable)
         self.assertEqual(variable.value, folders)
         self.assertGreater(len(folders), 0)
+
+    def test_variable_with_an_integer_of_64_bits_keeps_it(self):
+        variable = ByRef(2**40)
+        self.assertEqual(self.session.GetFolderIDByCriteria(variable),
+                         self.session.GetFolderIDByCriteria(str(2**40)))
+        self.assertEqual(variable.value, 2**40)
+
+    def test_variable_that_the_method_leaves_alone_keeps_its_very_value(self):
+        for value in (pathlib.Path("FLD_ID=1"), datetime.date(2024, 5, 1), bytearray(b"x")):
+            variable = ByRef(value)
+            with contextlib.suppress(Failure, TypeError):
+                self.session.GetFolderIDByCriteria(variable)
+            self.assertIs(variable.value, value)
+
+    def test_variable_of_a_refused_call_keeps_its_very_value(self):
+        for value in (pathlib.Path("x"), bytearray(b"x"), []):
+            variable = ByRef(value)
+            raised(TypeError, self.session.GetUniqueIDFromSeq, 1, variable)
+            self.assertIs(variable.value, value)
 
     def test_variable_keeps_its_value_when_the_call_is_refused(self):
         variable = ByRef("x")

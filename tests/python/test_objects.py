@@ -230,6 +230,15 @@ class ThreadsTest(LibraryTest):
         self.assertEqual(os.waitpid(child, 0)[1], 0)
         self.assertEqual(tag.ID, 0)
 
+    def test_forked_process_is_told_that_objects_of_its_parent_are_its_parents(self):
+        tag = self.create("CTag")
+        with running_thread(lambda: self.create("CTag")) as other:
+            child = os.fork()
+            if child == 0:
+                told = {str(attempt(lambda: kept.ID)) for kept in (tag, other)}
+                os._exit(0 if told == {"this CTag can only be used in the process that created it"} else 1)
+            self.assertEqual(os.waitpid(child, 0)[1], 0)
+
     def test_program_may_end_with_objects_of_any_thread(self):
         program = """
 import sys, threading, zefcomponents

@@ -117,6 +117,11 @@ class ValuesTest(RefusalTest):
             self.assertRefused(OverflowError, f"{FOLDER_ID} is out of the range of what it takes: "
                                               "an integer of 32 bits", self.session.GetFolder, number)
 
+    def test_integer_beyond_32_bits_in_a_variable_is_told(self):
+        self.assertRefused(OverflowError, "CSession.GetUniqueIDFromSeq: argument 2, lngID, is out of the range of "
+                                          "what it takes: an integer of 32 bits",
+                           self.session.GetUniqueIDFromSeq, 1, ByRef(2**31))
+
     def test_integer_beyond_64_bits_is_told(self):
         self.assertRefused(OverflowError, f"{FOLDER_ID[:-1]}: the integer is too large for the library",
                            self.session.GetFolder, -(2**70))
