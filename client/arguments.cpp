@@ -33,6 +33,7 @@ is compared with its original.
 )";
 
 constexpr char kConnectHelp[] = R"(A connection string:
+  --connect "Provider=PostgreSQL;Host=db;Database=people;User ID=ann;Password=..."
   --connect "Provider=SQLite;Data Source=people.db"
 Then a command takes no FILE, and info, create and upgrade work on what is there:
 create fills an empty database, upgrade makes no copy of it first.)";
@@ -224,7 +225,7 @@ void AddGlobalOptions(CLI::App& app, Arguments& arguments) {
            if (text.empty()) throw Failure(kWrongUse, "--connect: the connection string is empty.");
            arguments.place.connection = text;
          },
-         "A connection string in place of FILE, such as the one below")
+         "A connection string in place of FILE, such as those below")
       ->type_name("STRING");
   app.footer(kConnectHelp);
   AddText(app, "--library", arguments.library, "The library; without it the one beside zef, in ../lib, or registered",
