@@ -43,7 +43,8 @@ HRESULT Enumerator::Next(ULONG count, VARIANT* values, ULONG* fetched) {
       if (fetched != nullptr) ++*fetched;
       continue;
     }
-    if (FAILED(outcome)) {  // a failure hands out nothing
+    if (FAILED(outcome)) {  // a failure hands out nothing, and the walk stays where it was
+      position_ -= static_cast<std::int32_t>(i);
       while (i > 0) VariantClear(&values[--i]);
       if (fetched != nullptr) *fetched = 0;
     }
