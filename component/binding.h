@@ -3,6 +3,7 @@
 #include <concepts>
 #include <cstddef>
 #include <functional>
+#include <stdexcept>
 #include <string_view>
 #include <tuple>
 #include <type_traits>
@@ -12,7 +13,7 @@
 #include "component/crossing.h"
 #include "session/property.h"
 
-/// Members of a description from members of the C++ classes. Each states its types, and a C++ member of other types
+/// Members of a description from members of the C++ classes. Each states its name and types, and a C++ member of others
 /// does not compile.
 namespace zef::component {
 
@@ -202,6 +203,26 @@ struct ArgumentsOf<Result(Stated...), std::tuple<Parameters...>> {
   }
 };
 
+/// The name of a member in C++, out of how the compiler spells this function.
+template <auto Member>
+constexpr std::string_view SpelledName() {
+  constexpr std::string_view kValue = "Member = ";
+  std::string_view spelled = __PRETTY_FUNCTION__;
+  spelled.remove_prefix(spelled.find(kValue) + kValue.size());
+  spelled = spelled.substr(0, spelled.find_first_of(";]"));
+  return spelled.substr(spelled.rfind(':') + 1);
+}
+
+/// Does not compile for a row that names another member than it leads to. A free function may have any name.
+template <auto Member>
+constexpr void RequireOwnName(std::string_view name, std::string_view before = {}) {
+  if constexpr (std::is_member_pointer_v<decltype(Member)>) {
+    const std::string_view spelled = SpelledName<Member>();
+    const bool own = spelled.starts_with(before) && spelled.substr(before.size()) == name;
+    if (!own) throw std::logic_error("the row names another member");
+  }
+}
+
 /// The members of one class.
 template <class T>
 struct Members {
@@ -218,6 +239,7 @@ struct Members {
   /// A property of two C++ functions.
   template <auto Get, auto Set, class Stated>
   static constexpr Member Property(std::string_view name) {
+    RequireOwnName<Set>(name, "Set");
     Member member = ReadOnly<Get, Stated()>(name);
     member.put = &Bound<T, Set, void(Stated), typename ParametersOf<decltype(Set)>::Types>::Run;
     return member;
@@ -231,6 +253,7 @@ struct Members {
   }
   template <auto Call, class Signature, class... Names>
   static constexpr Member Function(std::string_view name, Names... arguments) {
+    RequireOwnName<Call>(name);
     using Parameters = typename ParametersOf<decltype(Call)>::Types;
     Member member{.name = name, .get = &Bound<T, Call, Signature, Parameters>::Run};
     ArgumentsOf<Signature, Parameters>::Describe(member, std::string_view(arguments)...);
@@ -255,6 +278,7 @@ struct Members {
 
   template <auto Variable, class Stated>
   static constexpr Member Variables(std::string_view name, Kind kind) {
+    RequireOwnName<Variable>(name);
     return {.name = name,
             .kind = kind,
             .type = TypeOf<Stated>(),

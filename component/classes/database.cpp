@@ -86,6 +86,8 @@ void ErrorItem(const Call& call) {
 
 Long ConnectionState(const Connection& connection) { return connection.IsOpen() ? 1 : 0; }
 Long RecordsetState(const Recordset& recordset) { return recordset.IsOpen() ? 1 : 0; }
+/// `EOF` is a macro of the language.
+bool IsAtEnd(const Recordset& recordset) { return recordset.EndOfFile(); }
 Long NumberOf(const Error& error) { return error.Number; }
 const Text& DescriptionOf(const Error& error) { return error.Description; }
 void MakeDatabase(const Connection&, const Text& connection_string) { CreateDatabase(connection_string); }
@@ -131,7 +133,7 @@ constexpr Member kRecordset[] = {
                           void(Text, Ref<Connection>, Optional<Long>, Optional<Long, 1>, Optional<Long, -1>)>(
         "Open", "Source", "ActiveConnection", "CursorType", "LockType", "Options"),
     OfRecordset::Function<&Recordset::Close, void()>("Close"),
-    OfRecordset::ReadOnly<&Recordset::EndOfFile, Boolean()>("EOF"),
+    OfRecordset::ReadOnly<&IsAtEnd, Boolean()>("EOF"),
     OfRecordset::Function<&Recordset::MoveNext, void()>("MoveNext"),
     SideMember<Fields>("Fields"),
     OfRecordset::ReadOnly<&Recordset::RecordCount, Long()>("RecordCount"),
