@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "platform/recordset.h"
 #include "tests/client/run_zef.h"
 #include "tests/support/dump.h"
 #include "tests/support/filled_database.h"
