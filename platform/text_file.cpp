@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <new>
 #include <span>
 #include <utility>
@@ -35,17 +36,13 @@ using OpenFile = std::variant<InputText, OutputFile>;
 using OpenFiles = std::map<std::int32_t, OpenFile>;
 
 /// The files of each thread, by the system's own key. A variable of the language that ends with its thread would keep
-/// the library mapped until then; a key can be given back.
+/// the library mapped until then; a key can be given back. Whatever a thread has left open is closed with it, or here.
 class FilesByThread {
  public:
   FilesByThread() {
-    if (pthread_key_create(&key_, &End) != 0) throw RunTimeError(FailureNumber::TooManyFiles);
+    if (pthread_key_create(&key_, &EndOfThread) != 0) throw RunTimeError(FailureNumber::TooManyFiles);
   }
-  /// Closes what this thread has left open. A file of another thread stays open until the process ends.
-  ~FilesByThread() {
-    End(Mine());
-    pthread_key_delete(key_);
-  }
+  ~FilesByThread() { pthread_key_delete(key_); }
   FilesByThread(const FilesByThread&) = delete;
   FilesByThread& operator=(const FilesByThread&) = delete;
 
@@ -53,21 +50,35 @@ class FilesByThread {
   OpenFiles* Mine() const { return static_cast<OpenFiles*>(pthread_getspecific(key_)); }
   OpenFiles& Begin() {
     auto files = std::make_unique<OpenFiles>();
-    if (pthread_setspecific(key_, files.get()) != 0) throw std::bad_alloc();
-    return *files.release();
+    OpenFiles& mine = *files;
+    const std::lock_guard lock(mutex_);
+    all_.emplace(&mine, std::move(files));
+    if (pthread_setspecific(key_, &mine) == 0) return mine;
+    all_.erase(&mine);
+    throw std::bad_alloc();
   }
   void End() {
-    End(Mine());
+    Close(Mine());
     pthread_setspecific(key_, nullptr);
   }
 
  private:
-  static void End(void* files) { delete static_cast<OpenFiles*>(files); }
+  static void EndOfThread(void* files);
+  void Close(OpenFiles* files) {
+    const std::lock_guard lock(mutex_);
+    all_.erase(files);
+  }
 
   pthread_key_t key_{};
+  std::mutex mutex_;
+  std::map<OpenFiles*, std::unique_ptr<OpenFiles>> all_;
 };
 
 constinit MadeOnce<FilesByThread> files_by_thread;
+
+void FilesByThread::EndOfThread(void* files) {
+  if (FilesByThread* const all = files_by_thread.IfMade()) all->Close(static_cast<OpenFiles*>(files));
+}
 
 OpenFiles* MyFiles() {
   const FilesByThread* const all = files_by_thread.IfMade();

@@ -24,7 +24,7 @@ std::string Input(std::int32_t number);
 void Print(std::int32_t number, std::string_view text);
 /// Frees the number whether or not the file could be completed.
 void CloseFile(std::int32_t number);
-/// Gives back what numbers take of the whole process, and closes what the calling thread has left open. No other thread
+/// Gives back what numbers take of the whole process, and closes what any thread has left open. No other thread
 /// may be using them; the next use begins anew.
 void ReleaseFileNumbers();
 
