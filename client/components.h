@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "ZEFComponents.hpp"
@@ -9,6 +10,11 @@
 namespace zef::client {
 
 [[noreturn]] inline void Refuse(const std::string& sentence) { throw Failure(kRefused, sentence); }
+
+// Numbers of the library's failures that are no end of the matter.
+inline constexpr std::int32_t kItemNotFound = 3265;
+inline constexpr std::int32_t kNoSuchTable = -2147217865;
+inline constexpr std::int32_t kIndexExists = -2147217868;
 
 /// Runs a step of the library; what it raises is told in its own words.
 template <class Step>

@@ -76,8 +76,6 @@ void FillInTransaction(const Connection& connection, const std::function<void()>
   connection.CommitTrans();
 }
 
-constexpr std::int32_t kNoSuchTable = -2147217865;
-
 bool HasTable(const Connection& connection, const std::string& table) {
   try {
     connection.Execute(fmt::format("SELECT Count(*) FROM [{}]", table));

@@ -17,7 +17,7 @@ inline constexpr char kGlobalHelp[] =
 
 inline constexpr char kAccountHelp[] =
     "Here --password is that of the account; the one of the database is --database-password.\n\n"
-    "Every command also takes --json and --no-colour; see zef --help.";
+    "Every command also takes --json, --connect and --no-colour; see zef --help.";
 
 template <class Target>
 CLI::Option* AddText(CLI::App& app, const char* name, Target& target, const std::string& help,

@@ -16,7 +16,7 @@ constexpr std::int32_t kForwardOnly = 0;
 constexpr std::int32_t kOptimistic = 3;
 constexpr std::int32_t kTable = 2;
 
-/// The statements that make the tables, without the first rows: those come with the copy.
+/// The schema with the tables of a version; the versions between have none, and are steps of an upgrade.
 std::string SchemaOf(const std::string& version) {
   if (version == kCurrentSchema) return kCurrentSchema;
   if (version.starts_with(std::string(kOlderSchema) + ".")) return kOlderSchema;
@@ -57,12 +57,18 @@ struct TablePair {
   const HeldSignals& signals;
 };
 
+/// A record set that new rows can be added to. Only a statement hands one out, which is then opened anew.
+Recordset OpenForAdding(const Connection& connection, const std::string& table) {
+  Recordset rows = connection.Execute(fmt::format("SELECT * FROM [{}] WHERE 0=1", table));
+  rows.Close();
+  rows.Open(table, connection, kForwardOnly, kOptimistic, kTable);
+  return rows;
+}
+
 /// Gives the number of rows.
 std::int64_t CopyRows(const TablePair& table) {
   const Recordset rows = table.from.Execute(fmt::format("SELECT * FROM [{}]", table.name));
-  const Recordset copy = table.to.Execute(fmt::format("SELECT * FROM [{}]", table.name));
-  copy.Close();
-  copy.Open(table.name, table.to, kForwardOnly, kOptimistic, kTable);
+  const Recordset copy = OpenForAdding(table.to, table.name);
   const Columns from = ColumnsOf(rows);
   Columns to = SameColumns(copy, from, table.name);
   std::int64_t count = 0;

@@ -24,10 +24,6 @@ auto InfosOf(const Records& records) {
 /// The value in the first column of the row that a record set stands at.
 inline Value FirstValue(const Recordset& rows) { return rows.Fields->Item(0)->Value; }
 
-// Numbers of failures.
-constexpr std::int32_t kItemNotFound = 3265;
-constexpr std::int32_t kNoSuchTable = -2147217865;
-
 /// The library's session, with a result for each operation that fails by raising.
 class Store::Session {
  public:

@@ -57,8 +57,6 @@ void RunStep(const Store::Session& session, const UpgradeStep& step, std::string
   session.Require((session.it.*step.run)(version, unused), "The step failed without a reason.");
 }
 
-constexpr std::int32_t kIndexExists = -2147217868;
-
 /// True if there was none of that name.
 bool AddIndex(const Connection& connection, const std::string& statement) {
   try {
