@@ -32,7 +32,9 @@ class ZefPostgreSQL : public ZefTest {
 
 TEST_F(ZefPostgreSQL, CreateMakesTheTables) {
   EXPECT_EQ(Printed({"create", "--connect", connection_}), "Made the database with the tables of version 9.2.4.\n");
-  EXPECT_EQ(Dump(*Connect(connection_)), Dump(*Connect(ConnectionTo("people.db"))));
+  for (const char* const shown : {"folders", "lists", "users"}) {  // the moments of their making differ
+    EXPECT_EQ(Printed({shown, "--connect", connection_}), Printed({shown, "people.db"}));
+  }
 }
 
 TEST_F(ZefPostgreSQL, CreateRefusesADatabaseWithTables) {
