@@ -2,15 +2,13 @@
 
 set(ZEF_ROOMS platform session calendar folders tasks addressbook notes users textviews upgrade)
 
-find_package(ICU REQUIRED COMPONENTS uc i18n)
-find_package(Boost REQUIRED)
-find_package(fmt REQUIRED)
-
 set(sources)
 foreach(room IN LISTS ZEF_ROOMS)
   file(GLOB_RECURSE room_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${room}/*.cpp" "${PROJECT_SOURCE_DIR}/${room}/*.h")
   list(APPEND sources ${room_sources})
 endforeach()
+# What touches the system has a face for each, under the same file names.
+list(FILTER sources EXCLUDE REGEX "/platform/${ZEF_OTHER_SYSTEM}/")
 if(NOT ZEF_POSTGRESQL)
   list(FILTER sources EXCLUDE REGEX "/platform/postgresql/")
 endif()

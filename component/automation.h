@@ -4,10 +4,16 @@
 /// nothing behind it but `malloc`; on Windows the system's own. Names follow the published ones, not this project's.
 #ifdef _WIN32
 
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+// Behind the first.
 #include <oaidl.h>
 #include <oleauto.h>
 #include <olectl.h>
-#include <windows.h>
+
+#undef CreateEvent  // the name of a member
 
 #else
 
@@ -388,9 +394,9 @@ inline HRESULT VariantClear(VARIANT* variant) {
   return S_OK;
 }
 
+#endif
+
 // What a library of components exports: "DllGetClassObject", and three functions of the other type.
 
 using GetClassObjectFunction = HRESULT(REFCLSID rclsid, REFIID riid, void** object);
 using LibraryFunction = HRESULT();
-
-#endif

@@ -5,6 +5,7 @@
 
 #include "component/identifiers.h"
 #include "component/invocation.h"
+#include "component/utf16.h"
 
 namespace zef::component {
 namespace {
@@ -85,7 +86,9 @@ HRESULT Face::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
 HRESULT Face::GetIDsOfNames(REFIID riid, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
   if (!(riid == IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
   if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
-  const auto text = [&](UINT i) { return names[i] == nullptr ? std::u16string_view() : std::u16string_view(names[i]); };
+  const auto text = [&](UINT i) {
+    return names[i] == nullptr ? std::u16string_view() : std::u16string_view(Utf16(names[i]));
+  };
   ids[0] = FindNumber(described_, text(0));
   const Member* const member = ids[0] == DISPID_UNKNOWN ? nullptr : FindMember(described_, ids[0]);
   bool known = member != nullptr;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "component/automation.h"
 #include "component/description.h"
 
@@ -19,5 +21,8 @@ inline constexpr GUID ClassIdentifier(const Class& described) { return Numbered(
 /// The default interface.
 inline constexpr IID InterfaceOf(const Class& described) { return Numbered(0x2b7c9e42, described.number); }
 inline constexpr GUID EnumerationIdentifier(std::uint16_t number) { return Numbered(0x2b7c9e43, number); }
+
+/// As in "{2B7C9E41-5A1E-4D3B-9C42-7E15B06F0001}".
+std::string IdentifierText(REFGUID identifier);
 
 }  // namespace zef::component

@@ -8,6 +8,7 @@
 #include <new>
 #include <type_traits>
 
+#include "component/utf16.h"
 #include "component/wide_number.h"
 #include "platform/date_parts.h"
 #include "platform/text.h"
@@ -34,7 +35,7 @@ double ShortestDouble(float single) {
   return number;
 }
 
-std::u16string_view UnitsOf(BSTR text) { return {text == nullptr ? u"" : text, SysStringLen(text)}; }
+std::u16string_view UnitsOf(BSTR text) { return {text == nullptr ? u"" : Utf16(text), SysStringLen(text)}; }
 
 std::string Utf8Of(BSTR text) {
   const std::u16string_view units = UnitsOf(text);
@@ -253,7 +254,7 @@ BSTR NewText(std::string_view text) {
     if (byte >= 0x80) {
       SysFreeString(units);
       const std::u16string wide = text::ToUtf16(text);
-      BSTR const whole = SysAllocStringLen(wide.data(), static_cast<UINT>(wide.size()));
+      BSTR const whole = SysAllocStringLen(FromUtf16(wide.data()), static_cast<UINT>(wide.size()));
       if (whole == nullptr) throw std::bad_alloc();
       return whole;
     }

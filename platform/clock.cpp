@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/date.h"
+#include "platform/local_time.h"
 
 namespace zef {
 namespace {
@@ -28,10 +29,9 @@ Date Now() {
   thread_local Date last;
   const std::time_t second = std::time(nullptr);
   if (second == last_second) return last;
-  std::tm local{};
-  localtime_r(&second, &local);
+  last = ToDate(LocalTime(second));
   last_second = second;
-  return last = ToDate(local);
+  return last;
 }
 
 ClockOverride::ClockOverride(std::function<Date()> now)

@@ -1,24 +1,18 @@
 #include "platform/file.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <algorithm>
 #include <cerrno>
-#include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <string_view>
 #include <utility>
 
+#include "platform/file_calls.h"
 #include "platform/run_time_error.h"
 
 namespace zef {
 namespace {
 
-/// One call of the system moves at most so much; a larger file takes several.
-constexpr std::size_t kLongestTransfer = std::size_t{1} << 30;
+using file_calls::Kind;
+using file_calls::StatusOf;
 
 [[noreturn]] void Refuse(FailureNumber number, const std::string& path, std::string_view reason) {
   throw RunTimeError(number, "The file '" + path + "' cannot be used: " + std::string(reason) + ".");
@@ -37,35 +31,31 @@ FailureNumber NumberOf(int error, const std::string& path) {
     case EACCES:
     case EPERM:
     case EROFS: return FailureNumber::PermissionDenied;
-    case ENOSPC:
-    case EDQUOT: return FailureNumber::DiskFull;
-    default: return FailureNumber::PathFileAccess;
+    default: return file_calls::IsFull(error) ? FailureNumber::DiskFull : FailureNumber::PathFileAccess;
   }
 }
 
 [[noreturn]] void RefuseFor(int error, const std::string& path) {
   const FailureNumber number = NumberOf(error, path);
-  const char* const reason = strerrordesc_np(error);  // in English, whatever the process's locale
-  Refuse(number, path, number == FailureNumber::PathNotFound ? "its folder does not exist" : reason);
+  Refuse(number, path, number == FailureNumber::PathNotFound ? "its folder does not exist" : file_calls::Reason(error));
 }
 
 /// The system would read a path only up to a zero character in it, and use another file.
-const char* CheckedPath(const std::string& path) {
+const std::string& CheckedPath(const std::string& path) {
   if (path.empty()) throw RunTimeError(FailureNumber::PathFileAccess, "No file is named.");
   if (path.find('\0') != std::string::npos) {
     throw RunTimeError(FailureNumber::PathFileAccess, "The name of the file holds a zero character.");
   }
-  return path.c_str();
+  return path;
 }
 
-[[noreturn]] void RefuseKind(const struct stat& status, const std::string& path) {
-  Refuse(FailureNumber::PathFileAccess, path, S_ISDIR(status.st_mode) ? "it is a folder" : "it is no regular file");
+[[noreturn]] void RefuseKind(Kind kind, const std::string& path) {
+  Refuse(FailureNumber::PathFileAccess, path, kind == Kind::Folder ? "it is a folder" : "it is no regular file");
 }
 
 void WriteAll(int file, std::span<const std::byte> content, const std::string& path) {
   while (!content.empty()) {
-    const ssize_t written = write(file, content.data(), std::min(content.size(), kLongestTransfer));
-    if (written < 0 && errno == EINTR) continue;
+    const std::ptrdiff_t written = file_calls::Write(file, content);
     if (written < 0) RefuseFor(errno, path);
     content = content.subspan(static_cast<std::size_t>(written));
   }
@@ -73,9 +63,9 @@ void WriteAll(int file, std::span<const std::byte> content, const std::string& p
 
 /// Opens or makes a file and cuts nothing off it: what it is has to be known first.
 int OpenedToWrite(const std::string& path) {
-  struct stat status {};
-  if (lstat(CheckedPath(path), &status) == 0 && !S_ISREG(status.st_mode)) RefuseKind(status, path);
-  const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  const auto status = StatusOf(CheckedPath(path));
+  if (status && status->kind != Kind::Regular) RefuseKind(status->kind, path);
+  const int file = file_calls::OpenToWrite(path);
   if (file < 0) RefuseFor(errno, path);
   return file;
 }
@@ -84,23 +74,23 @@ int OpenedToWrite(const std::string& path) {
 class Draft {
  public:
   explicit Draft(const std::string& path) : path_(path) {
-    std::string pattern = (std::filesystem::path(path).parent_path() / ".zef-XXXXXX").string();
-    file_ = mkostemp(pattern.data(), O_CLOEXEC);  // makes it private to the user
+    std::string made;
+    file_ = file_calls::MakeIn(std::filesystem::path(path).parent_path().string(), made);
     if (file_ < 0) RefuseFor(errno, path_);
-    draft_ = pattern;
+    draft_ = made;
   }
   ~Draft() {
-    if (file_ >= 0) close(file_);
-    if (!draft_.empty()) unlink(draft_.c_str());
+    if (file_ >= 0) file_calls::Close(file_);
+    if (!draft_.empty()) file_calls::Remove(draft_);
   }
   Draft(const Draft&) = delete;
   Draft& operator=(const Draft&) = delete;
 
   void Write(std::span<const std::byte> content) { WriteAll(file_, content, path_); }
   void TakePlace() {
-    if (fsync(file_) != 0) RefuseFor(errno, path_);
-    if (close(std::exchange(file_, -1)) != 0) RefuseFor(errno, path_);
-    if (rename(draft_.c_str(), path_.c_str()) != 0) RefuseFor(errno, path_);
+    if (!file_calls::Force(file_)) RefuseFor(errno, path_);
+    if (!file_calls::Close(std::exchange(file_, -1))) RefuseFor(errno, path_);
+    if (!file_calls::Rename(draft_, path_)) RefuseFor(errno, path_);
     draft_.clear();
   }
 
@@ -113,20 +103,17 @@ class Draft {
 }  // namespace
 
 InputFile::InputFile(const std::string& path) : path_(path) {
-  struct stat status {};
-  // Without waiting: a pipe that nobody writes to must not hold us up before it is refused.
-  file_ = open(CheckedPath(path), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  file_ = file_calls::OpenToRead(CheckedPath(path));
   if (file_ < 0) RefuseFor(errno, path);
-  if (fstat(file_, &status) == 0 && S_ISREG(status.st_mode)) {
-    size_ = static_cast<std::uint64_t>(status.st_size);
-    return;
-  }
-  close(file_);
-  RefuseKind(status, path);
+  const auto status = StatusOf(file_).value_or(file_calls::Status{});
+  size_ = status.size;
+  if (status.kind == Kind::Regular) return;
+  file_calls::Close(file_);
+  RefuseKind(status.kind, path);
 }
 
 InputFile::~InputFile() {
-  if (file_ >= 0) close(file_);
+  if (file_ >= 0) file_calls::Close(file_);
 }
 
 InputFile::InputFile(InputFile&& other) noexcept
@@ -135,8 +122,7 @@ InputFile::InputFile(InputFile&& other) noexcept
 std::size_t InputFile::Read(std::span<std::byte> buffer) {
   std::size_t done = 0;
   while (done < buffer.size()) {
-    const ssize_t part = read(file_, buffer.data() + done, std::min(buffer.size() - done, kLongestTransfer));
-    if (part < 0 && errno == EINTR) continue;
+    const std::ptrdiff_t part = file_calls::Read(file_, buffer.subspan(done));
     if (part < 0 && done == 0) RefuseFor(errno, path_);
     if (part <= 0) break;  // a failure is told by the next call, once the caller has what came before it
     done += static_cast<std::size_t>(part);
@@ -145,14 +131,14 @@ std::size_t InputFile::Read(std::span<std::byte> buffer) {
 }
 
 OutputFile::OutputFile(const std::string& path) : OutputFile(path, OpenedToWrite(path)) {
-  struct stat status {};
-  if (fstat(file_, &status) != 0) RefuseFor(errno, path);
-  if (!S_ISREG(status.st_mode)) RefuseKind(status, path);
-  if (ftruncate(file_, 0) != 0) RefuseFor(errno, path);
+  const auto status = StatusOf(file_);
+  if (!status) RefuseFor(errno, path);
+  if (status->kind != Kind::Regular) RefuseKind(status->kind, path);
+  if (!file_calls::Cut(file_)) RefuseFor(errno, path);
 }
 
 OutputFile::~OutputFile() {
-  if (file_ >= 0) close(file_);
+  if (file_ >= 0) file_calls::Close(file_);
 }
 
 OutputFile::OutputFile(OutputFile&& other) noexcept
@@ -161,30 +147,21 @@ OutputFile::OutputFile(OutputFile&& other) noexcept
 void OutputFile::Write(std::span<const std::byte> content) { WriteAll(file_, content, path_); }
 
 void OutputFile::Close() {
-  if (close(std::exchange(file_, -1)) != 0) RefuseFor(errno, path_);
+  if (!file_calls::Close(std::exchange(file_, -1))) RefuseFor(errno, path_);
 }
 
 bool PathExists(const std::string& path) {
-  struct stat status {};
-  if (lstat(CheckedPath(path), &status) == 0) return true;
+  if (StatusOf(CheckedPath(path))) return true;
   if (errno != ENOENT && errno != ENOTDIR) RefuseFor(errno, path);
   return false;
 }
 
 void WriteWholeFile(const std::string& path, std::span<const std::byte> content) {
-  struct stat status {};
-  const bool taken = lstat(CheckedPath(path), &status) == 0;
-  if (taken && !S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode)) {
-    RefuseKind(status, path);
-  }
+  const auto status = StatusOf(CheckedPath(path));
+  if (status && status->kind != Kind::Regular && status->kind != Kind::Link) RefuseKind(status->kind, path);
   Draft draft(path);
   draft.Write(content);
   draft.TakePlace();
-}
-
-std::string TemporaryFolder() {
-  const char* const named = std::getenv("TMPDIR");
-  return named == nullptr || *named == '\0' ? "/tmp" : named;
 }
 
 std::string PathInFolder(const std::string& folder, const std::string& name) {

@@ -1,12 +1,12 @@
 #include "platform/text.h"
 
-#include <unicode/uchar.h>
 #include <unicode/utf16.h>
 
 #include <algorithm>
 #include <cstring>
 #include <limits>
 
+#include "platform/letter_case.h"
 #include "platform/run_time_error.h"
 #include "platform/text_decoding.h"
 
@@ -100,11 +100,11 @@ bool EqualNames(std::string_view a, std::string_view b) {
 }
 
 std::string LowerCase(std::string_view text) {
-  return Mapped(text, [](UChar32 c) { return c < 0x80 ? LowerOf(c) : u_tolower(c); });
+  return Mapped(text, [](UChar32 c) { return c < 0x80 ? LowerOf(c) : LowerBeyondAscii(c); });
 }
 
 std::string UpperCase(std::string_view text) {
-  return Mapped(text, [](UChar32 c) { return c < 0x80 ? UpperOf(c) : u_toupper(c); });
+  return Mapped(text, [](UChar32 c) { return c < 0x80 ? UpperOf(c) : UpperBeyondAscii(c); });
 }
 
 std::string LowerAscii(std::string_view text) {

@@ -1,11 +1,12 @@
 #pragma once
 
-#include <unicode/uchar.h>
 #include <unicode/utf8.h>
 
 #include <cstddef>
 #include <string>
 #include <string_view>
+
+#include "platform/letter_case.h"
 
 /// Code points of UTF-8 texts. For the sources of text operations only.
 namespace zef::text {
@@ -35,7 +36,7 @@ inline UChar32 NextCodePoint(std::string_view text, std::size_t& at) {
 /// The code point without its letter case.
 inline UChar32 Folded(UChar32 c) {
   if (c < 0x80) return c >= 'A' && c <= 'Z' ? c + 32 : c;
-  return u_foldCase(c, U_FOLD_CASE_DEFAULT);
+  return FoldedBeyondAscii(c);
 }
 
 inline UChar32 NextFolded(std::string_view text, std::size_t& at) { return Folded(NextCodePoint(text, at)); }

@@ -90,7 +90,7 @@ struct Carried<Rows> {
 
 inline void PutBytes(VARIANT& variant, const Bytes& bytes) {
   if (bytes.size() > 0x7FFFFFFF) throw std::bad_alloc();
-  const SAFEARRAYBOUND bound{static_cast<ULONG>(bytes.size()), 0};
+  SAFEARRAYBOUND bound{static_cast<ULONG>(bytes.size()), 0};
   variant.parray = SafeArrayCreate(VT_UI1, 1, &bound);
   if (variant.parray == nullptr) throw std::bad_alloc();
   if (!bytes.empty()) std::memcpy(variant.parray->pvData, bytes.data(), bytes.size());

@@ -12,5 +12,6 @@
 #include "ZEFComponents/library.h"
 #include "ZEFComponents/object.h"
 #include "ZEFComponents/property.h"
+#include "ZEFComponents/registered.h"
 #include "ZEFComponents/text.h"
 #include "ZEFComponents/values.h"

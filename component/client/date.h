@@ -10,6 +10,7 @@
 #include <ctime>
 
 #include "ZEFComponents/failure.h"
+#include "ZEFComponents/local_time.h"
 
 namespace zef {
 inline namespace automation {
@@ -96,9 +97,7 @@ struct Date {
 
 /// The local date and time in whole seconds. A leap second counts as the second before it.
 inline Date Now() {
-  const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
+  const std::tm local = LocalTime(std::time(nullptr));
   const std::chrono::year_month_day day(std::chrono::year(local.tm_year + 1900),
                                         std::chrono::month(static_cast<unsigned>(local.tm_mon + 1)),
                                         std::chrono::day(static_cast<unsigned>(local.tm_mday)));

@@ -1,19 +1,12 @@
 #pragma once
 
-#include <dlfcn.h>
-
-#include <cinttypes>
-#include <cstdio>
-#include <fstream>
 #include <string>
-#include <string_view>
 
 #include "ZEFComponents/automation.h"
-#include "ZEFComponents/carried.h"
 #include "ZEFComponents/failure.h"
-#include "ZEFComponents/registry.h"
+#include "ZEFComponents/module.h"
 
-/// Finding and loading the library.
+/// Loading the library.
 namespace zef {
 inline namespace automation {
 
@@ -22,11 +15,11 @@ class Library {
  public:
   /// Raises 53 with the system's own reason if the file cannot be loaded or is no library of components.
   explicit Library(const std::string& path) {
-    void* const handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (handle == nullptr) throw Failure(kFileNotFound, std::string("The library cannot be loaded: ") + dlerror());
-    get_class_object_ = reinterpret_cast<GetClassObjectFunction*>(dlsym(handle, "DllGetClassObject"));
+    const Module loaded = LoadModule(path);
+    if (loaded == nullptr) throw Failure(kFileNotFound, "The library cannot be loaded: " + ModuleFailure());
+    get_class_object_ = FunctionIn<GetClassObjectFunction>(loaded, "DllGetClassObject");
     if (get_class_object_ != nullptr) return;
-    dlclose(handle);
+    UnloadModule(loaded);
     throw Failure(kFileNotFound, path + " is no library of components.");
   }
 
@@ -50,67 +43,6 @@ class Library {
  private:
   GetClassObjectFunction* get_class_object_;
 };
-
-/// Where a class is registered; empty without a folder of components.
-inline std::string EntryPath(std::string_view name) {
-  const std::string folder = ComponentsFolder();
-  return folder.empty() ? folder : folder + "/" + std::string(name);
-}
-
-/// What stands behind a key in the entry of a class; empty if nothing does.
-inline std::string EntryValue(std::string_view name, std::string_view key) {
-  std::ifstream entry(EntryPath(name));
-  for (std::string line; std::getline(entry, line);) {
-    if (line.starts_with(key)) return line.substr(key.size());
-  }
-  return {};
-}
-
-[[noreturn]] inline void RaiseNotRegistered(std::string_view name) {
-  throw Failure(kCannotCreateObject,
-                std::string(name) + " is not registered; register its library first, as in \"zef register\".");
-}
-
-/// The path of the library that a class is registered for. Raises 429 if it is not registered.
-inline std::string RegisteredLibrary(std::string_view name) {
-  std::string path = EntryValue(name, "InprocServer32=");
-  if (!path.starts_with('/')) RaiseNotRegistered(name);
-  return path;
-}
-
-/// The identifier of a registered class. Raises 429 if it is not registered.
-inline GUID RegisteredIdentifier(std::string_view name) {
-  const std::string text = EntryValue(name, "CLSID=");
-  GUID identifier{};
-  auto& tail = identifier.Data4;
-  const int read = std::sscanf(text.c_str(),
-                               "{%8" SCNx32 "-%4" SCNx16 "-%4" SCNx16 "-%2" SCNx8 "%2" SCNx8 "-%2" SCNx8 "%2" SCNx8
-                               "%2" SCNx8 "%2" SCNx8 "%2" SCNx8 "%2" SCNx8 "}",
-                               &identifier.Data1, &identifier.Data2, &identifier.Data3, &tail[0], &tail[1], &tail[2],
-                               &tail[3], &tail[4], &tail[5], &tail[6], &tail[7]);
-  if (read != 11) RaiseNotRegistered(name);
-  return identifier;
-}
-
-/// Loads the library that a class is registered for. Raises 429 if it is not registered; 53, with the paths of the
-/// entry and of the library, if that is gone or cannot be loaded.
-inline Library LoadRegistered(std::string_view name) {
-  const std::string path = RegisteredLibrary(name);
-  try {
-    return Library(path);
-  } catch (const Failure& failure) {
-    throw Failure(failure.number(), "The entry " + EntryPath(name) + " names the library " + path +
-                                        ", which cannot be used; register it from where it is now. " + failure.what());
-  }
-}
-
-/// A new object of a registered class, as in `CreateObject<CSession>()`. The registry is read at the first object of
-/// each class. Raises 429 if the class is not registered, 53 if its library is gone or cannot be loaded.
-template <class C>
-C CreateObject() {
-  static const Library library = LoadRegistered(C::kProgrammaticName);
-  return library.Create<C>();
-}
 
 }  // namespace automation
 }  // namespace zef

@@ -10,8 +10,8 @@
 
 #include "ZEFComponents/call.h"
 #include "ZEFComponents/elements.h"
-#include "ZEFComponents/library.h"
 #include "ZEFComponents/property.h"
+#include "ZEFComponents/registered.h"
 
 /// Objects whose class is not known before the program runs: members by name.
 namespace zef {
@@ -90,7 +90,7 @@ class Object {
   }
   DISPID Number(std::string_view name) const {
     RequireObject(get());
-    std::u16string units = ToUtf16(name);
+    Units units = ToUtf16(name);
     LPOLESTR text = units.data();
     DISPID number = DISPID_UNKNOWN;
     const HRESULT outcome = get()->GetIDsOfNames(IID_NULL, &text, 1, 0, &number);
@@ -104,10 +104,7 @@ class Object {
 
 /// A new object of a registered class by its name, as in `CreateObject("ZEFComponents.CSession")`. The registry is read
 /// at each call. Raises 429 if the class is not registered, 53 if its library is gone or cannot be loaded.
-inline Object CreateObject(std::string_view name) {
-  const GUID identifier = RegisteredIdentifier(name);
-  return Object(LoadRegistered(name).Create(identifier));
-}
+inline Object CreateObject(std::string_view name) { return Object(CreateNamed(name)); }
 
 }  // namespace automation
 }  // namespace zef

@@ -12,6 +12,10 @@
 namespace zef {
 inline namespace automation {
 
+/// Texts of the library: UTF-16 in the character type of the system.
+using Units = std::basic_string<OLECHAR>;
+using UnitsView = std::basic_string_view<OLECHAR>;
+
 inline void AppendUtf8(std::string& text, char32_t point) {
   const auto add = [&](char32_t bits) { text += static_cast<char>(bits); };
   if (point < 0x80) {
@@ -31,20 +35,20 @@ inline void AppendUtf8(std::string& text, char32_t point) {
   }
 }
 
-inline std::string ToUtf8(std::u16string_view units) {
+inline std::string ToUtf8(UnitsView units) {
   std::string text(units.size(), '\0');
   std::size_t ascii = 0;
   for (; ascii < units.size() && units[ascii] < 0x80; ++ascii) text[ascii] = static_cast<char>(units[ascii]);
   if (ascii == units.size()) return text;
   text.resize(ascii);
   for (std::size_t i = ascii; i < units.size(); ++i) {
-    const char16_t unit = units[i];
+    const OLECHAR unit = units[i];
     const bool pair =
         unit >= 0xD800 && unit < 0xDC00 && i + 1 < units.size() && units[i + 1] >= 0xDC00 && units[i + 1] < 0xE000;
     if (pair) {
       AppendUtf8(text, 0x10000 + ((unit & 0x3FFu) << 10 | (units[++i] & 0x3FFu)));
     } else {
-      AppendUtf8(text, unit >= 0xD800 && unit < 0xE000 ? U'\uFFFD' : unit);
+      AppendUtf8(text, unit >= 0xD800 && unit < 0xE000 ? U'\uFFFD' : char32_t{unit});
     }
   }
   return text;
@@ -73,22 +77,22 @@ inline char32_t NextPoint(std::string_view text, std::size_t& at) {
 }
 
 /// Appends to `units`, which has room for as many units as the text has bytes; the number written.
-inline std::size_t WriteUtf16(std::string_view text, char16_t* units) {
+inline std::size_t WriteUtf16(std::string_view text, OLECHAR* units) {
   std::size_t written = 0;
   for (std::size_t at = 0; at < text.size();) {
     const char32_t point = NextPoint(text, at);
     if (point < 0x10000) {
-      units[written++] = static_cast<char16_t>(point);
+      units[written++] = static_cast<OLECHAR>(point);
     } else {
-      units[written++] = static_cast<char16_t>(0xD800 + ((point - 0x10000) >> 10));
-      units[written++] = static_cast<char16_t>(0xDC00 + ((point - 0x10000) & 0x3FF));
+      units[written++] = static_cast<OLECHAR>(0xD800 + ((point - 0x10000) >> 10));
+      units[written++] = static_cast<OLECHAR>(0xDC00 + ((point - 0x10000) & 0x3FF));
     }
   }
   return written;
 }
 
-inline std::u16string ToUtf16(std::string_view text) {
-  std::u16string units(text.size(), u'\0');
+inline Units ToUtf16(std::string_view text) {
+  Units units(text.size(), OLECHAR{});
   units.resize(WriteUtf16(text, units.data()));
   return units;
 }

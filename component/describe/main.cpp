@@ -16,16 +16,16 @@ void Write(const std::string& path, const std::string& text) {
 
 }  // namespace
 
-/// Writes what is made from the description of the classes: the type library's text, the sections of the library, and
-/// the header for clients.
+/// Writes what is made from the description of the classes: the type library's text, the resources of the library, and
+/// the header for clients. TYPES names the file that the library shows as its type library.
 int main(int argc, char** argv) {
-  if (argc != 4) {
-    std::fputs("Usage: zef_describe IDL RESOURCES HEADER\n", stderr);
+  if (argc != 5) {
+    std::fputs("Usage: zef_describe IDL RESOURCES HEADER TYPES\n", stderr);
     return 2;
   }
   try {
     Write(argv[1], zef::component::TypeLibraryText());
-    Write(argv[2], zef::component::ResourcesText(argv[1]));
+    Write(argv[2], zef::component::ResourcesText(argv[4]));
     Write(argv[3], zef::component::ClientHeaderText());
     return 0;
   } catch (const std::exception& failure) {

@@ -4,8 +4,9 @@
 
 namespace zef::component {
 
-/// An assembler file with the sections by which a host looks at the library without running it: "TYPELIB", the text in
-/// the file `type_library`; "_IID_CSESSION" to "_IID_CUSERS", 16 bytes each; "VERSION".
+/// A source with what a host reads of the library without running it: "TYPELIB", the content of the file
+/// `type_library`; "_IID_CSESSION" to "_IID_CUSERS", 16 bytes each; the version block. On Linux an assembler file, made
+/// of sections, on Windows a resource script.
 std::string ResourcesText(const std::string& type_library);
 
 }  // namespace zef::component

@@ -1,9 +1,8 @@
 #include "platform/sqlite/sqlite_backup.h"
 
-#include <unistd.h>
-
 #include <memory>
 
+#include "platform/file_calls.h"
 #include "platform/sqlite/sqlite_error.h"
 
 namespace zef {
@@ -42,7 +41,7 @@ void BackUpDatabaseFile(const std::string& from, const std::string& password, co
     CopyPages(source.get(), copy.get(), progress);
   } catch (...) {
     copy.reset();  // takes its journal along
-    unlink(to.c_str());
+    file_calls::Remove(to);
     throw;
   }
 }

@@ -1,15 +1,12 @@
 #include "platform/sqlite/sqlite_file.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstring>
+#include <filesystem>
 #include <fstream>
 
+#include "platform/file_calls.h"
 #include "platform/sqlite/sqlite_error.h"
 
 namespace zef {
@@ -21,18 +18,17 @@ namespace {
 std::string Quoted(const std::string& path) { return "'" + path + "'"; }
 
 void CheckPath(const std::string& path) {
-  struct stat status {};
   if (path.empty()) Unusable("No database file is named.");
   if (path.find('\0') != std::string::npos) Unusable("The name of the database file holds a zero character.");
-  if (stat(path.c_str(), &status) != 0) {
+  const auto status = file_calls::StatusBehindLinks(path);
+  if (!status) {
     if (errno == EACCES) Unusable("The database file " + Quoted(path) + " cannot be reached: permission denied.");
     Unusable("The database file " + Quoted(path) + " does not exist.");
   }
-  if (S_ISDIR(status.st_mode)) Unusable(Quoted(path) + " is a folder, not a database file.");
-  if (!S_ISREG(status.st_mode)) Unusable(Quoted(path) + " is not a regular file.");
-  if (access(path.c_str(), R_OK) != 0)
-    Unusable("The database file " + Quoted(path) + " cannot be read: permission denied.");
-  if (access(path.c_str(), W_OK) != 0) Unusable("The database file " + Quoted(path) + " is read-only.");
+  if (status->kind == file_calls::Kind::Folder) Unusable(Quoted(path) + " is a folder, not a database file.");
+  if (status->kind != file_calls::Kind::Regular) Unusable(Quoted(path) + " is not a regular file.");
+  if (!file_calls::MayRead(path)) Unusable("The database file " + Quoted(path) + " cannot be read: permission denied.");
+  if (!file_calls::MayWrite(path)) Unusable("The database file " + Quoted(path) + " is read-only.");
 }
 
 enum class Kind { Plain, Encrypted, Other };
@@ -42,7 +38,7 @@ enum class Kind { Plain, Encrypted, Other };
 Kind KindOf(const std::string& path) {
   constexpr std::string_view kMagic("SQLite format 3\0", 16);
   std::array<char, 100> header{};
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(std::filesystem::path(path), std::ios::binary);
   file.read(header.data(), header.size());
   const auto size = static_cast<std::size_t>(file.gcount());
   if (std::string_view(header.data(), std::min(size, kMagic.size())) == kMagic) return Kind::Plain;
@@ -102,12 +98,12 @@ DatabaseHandle OpenDatabaseFile(const std::string& path, const std::string& pass
 }
 
 DatabaseHandle OpenNewDatabaseFile(const std::string& path, const std::string& password) {
-  const int file = open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  const int file = file_calls::MakeNew(path);
   if (file < 0) {
     throw RunTimeError(FailureNumber::PathFileAccess,
-                       "The file " + Quoted(path) + " cannot be made: " + std::strerror(errno) + ".");
+                       "The file " + Quoted(path) + " cannot be made: " + file_calls::Reason(errno) + ".");
   }
-  close(file);
+  file_calls::Close(file);
   DatabaseHandle db = OpenHandle(path, SQLITE_OPEN_READWRITE);
   SetPassword(db.get(), password);
   return db;

@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <string>
 
-#include "component/client/registry.h"
+#include "component/client/posix/registry.h"
 #include "component/identifiers.h"
 #include "platform/file.h"
 #include "platform/run_time_error.h"
@@ -90,13 +90,6 @@ HRESULT ForEachEntry(std::span<const Class* const> classes, Step&& step) noexcep
 }
 
 }  // namespace
-
-std::string IdentifierText(REFGUID identifier) {
-  const auto& tail = identifier.Data4;
-  return fmt::format("{{{:08X}-{:04X}-{:04X}-{:02X}{:02X}-{:02X}{:02X}{:02X}{:02X}{:02X}{:02X}}}", identifier.Data1,
-                     identifier.Data2, identifier.Data3, tail[0], tail[1], tail[2], tail[3], tail[4], tail[5], tail[6],
-                     tail[7]);
-}
 
 HRESULT Register(std::span<const Class* const> classes) noexcept {
   return ForEachEntry(classes,

@@ -1,0 +1,21 @@
+# The system that is built for, with what of it is linked, and the libraries of others that the rooms stand on, apart
+# from the database engines.
+
+if(WIN32)
+  set(ZEF_SYSTEM windows)
+  set(ZEF_OTHER_SYSTEM posix)
+  set(ZEF_SYSTEM_LIBRARIES ole32 oleaut32 uuid)
+  set(ZEF_RESOURCES_LANGUAGE rc)
+  set(ZEF_TYPES_LANGUAGE tlb)
+  include(WindowsLibraries)
+else()
+  set(ZEF_SYSTEM posix)
+  set(ZEF_OTHER_SYSTEM windows)
+  set(ZEF_SYSTEM_LIBRARIES ${CMAKE_DL_LIBS})
+  set(ZEF_RESOURCES_LANGUAGE S)
+  set(ZEF_TYPES_LANGUAGE idl)
+  find_package(ICU REQUIRED COMPONENTS uc i18n)
+  find_package(Boost REQUIRED)
+  find_package(fmt REQUIRED)
+  find_package(CLI11 REQUIRED)
+endif()

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "component/description.h"
+
+/// What the description's text is made of. Systems differ in how a default interface is declared.
+namespace zef::component {
+
+/// What differs around the interfaces.
+struct IdlForm {
+  std::string_view imports;      ///< at the beginning
+  std::string_view interface_;   ///< what a default interface is called
+  std::string_view enumeration;  ///< in front of the name of one
+  std::string_view no_text;      ///< what stands for a text that may be left out or changed
+};
+extern const IdlForm kIdlForm;
+
+/// The default interface of a class.
+std::string InterfaceText(const Class& described);
+
+std::string Uuid(REFGUID identifier);
+/// "[id(0x60030001)", with what else stands in these brackets.
+std::string HeadText(DISPID number, std::string_view side);
+std::string TypeText(const Type& type);
+std::string ArgumentsText(const Member& member);
+
+}  // namespace zef::component

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+
+namespace zef::component {
+
+/// Where this library was loaded from.
+std::string LibraryPath();
+
+}  // namespace zef::component
