@@ -1,6 +1,6 @@
 #pragma once
 
-#include <csignal>
+#include <memory>
 
 namespace zef::client {
 
@@ -17,8 +17,8 @@ class HeldSignals {
   void StopIfAsked() const;
 
  private:
-  sigset_t held_;
-  sigset_t before_;
+  struct State;
+  std::unique_ptr<State> state_;
 };
 
 }  // namespace zef::client

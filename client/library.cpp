@@ -7,13 +7,12 @@
 
 #include "ZEFComponents.hpp"
 #include "client/failure.h"
+#include "client/program.h"
 
 namespace zef::client {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr char kFileName[] = "libZEFComponents.so";
 
 std::string& NamedFile() {
   static std::string file;
@@ -24,8 +23,8 @@ std::string& NamedFile() {
 std::string Existing(const std::string& named) {
   std::error_code missing;
   const fs::path path = fs::canonical(named, missing);
-  if (!missing) return path;
-  throw Failure(kRefused, fmt::format("There is no library '{}'.", fs::absolute(named).lexically_normal().native()));
+  if (!missing) return path.string();
+  throw Failure(kRefused, fmt::format("There is no library '{}'.", fs::absolute(named).lexically_normal().string()));
 }
 
 /// The registered library; empty if there is none.
@@ -50,15 +49,15 @@ void UseLibrary(std::string file) { NamedFile() = std::move(file); }
 std::string LibraryFile() {
   if (!NamedFile().empty()) return Existing(NamedFile());
   std::error_code unknown;
-  const fs::path folder = fs::read_symlink("/proc/self/exe", unknown).parent_path();
+  const fs::path folder = ProgramFile().parent_path();
   const fs::path library_folder = (folder / ZEF_LIBRARY_FOLDER).lexically_normal();
   for (const fs::path& place : {folder, library_folder}) {
-    if (fs::exists(place / kFileName, unknown)) return place / kFileName;
+    if (fs::exists(place / kLibraryFileName, unknown)) return (place / kLibraryFileName).string();
   }
   std::string library = Registered();
   if (!library.empty()) return library;
   throw Failure(kRefused, fmt::format("The library {} is neither in '{}' nor in '{}', and none is registered.",
-                                      kFileName, folder.native(), library_folder.native()));
+                                      kLibraryFileName, folder.string(), library_folder.string()));
 }
 
 }  // namespace zef::client

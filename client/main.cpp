@@ -11,6 +11,7 @@
 #include "client/failure.h"
 #include "client/library.h"
 #include "client/printable.h"
+#include "client/program.h"
 #include "client/style.h"
 
 namespace {
@@ -43,7 +44,7 @@ int Complain(int status, const char* sentence) {
 
 int main(int count, char** words) {
   try {
-    Print(Answer({words + (count > 0 ? 1 : 0), words + count}));
+    Print(Answer(ProgramWords(count, words)));
     return kDone;
   } catch (const Failure& failure) {
     return Complain(failure.status(), failure.what());

@@ -42,7 +42,7 @@ void RequireFreePlace(const fs::path& place) {
   for (const char* const ending : kLogEndings) {
     const fs::path log = WithEnding(place, ending);
     if (!NameIsTaken(log)) continue;
-    Refuse(fmt::format("'{}' is left over from another database; remove it first.", log.native()));
+    Refuse(fmt::format("'{}' is left over from another database; remove it first.", log.string()));
   }
 }
 
@@ -110,7 +110,7 @@ void MakeFile(const DatabasePlace& place, const Fill& fill) {
   RequireFreePlace(place.file);
   const HeldSignals signals;  // goes last, when the temporary file is gone
   const TemporaryFile temporary(place.file);
-  Telling([&] { MakeInFile({.file = temporary.path(), .password = place.password}, fill, signals); });
+  Telling([&] { MakeInFile({.file = temporary.path().string(), .password = place.password}, fill, signals); });
   signals.StopIfAsked();
   PlaceFile(temporary.path(), place.file);
 }

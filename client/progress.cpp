@@ -1,11 +1,10 @@
 #include "client/progress.h"
 
 #include <fmt/core.h>
-#include <unistd.h>
 
 #include <cstdio>
 
-#include "client/style.h"
+#include "client/terminal.h"
 
 namespace zef::client {
 namespace {
@@ -14,7 +13,7 @@ constexpr char kClearLine[] = "\r\x1b[K";
 
 }  // namespace
 
-Progress::Progress() : on_terminal_(isatty(STDERR_FILENO) == 1 && !TerminalIsPlain()) {}
+Progress::Progress() : on_terminal_(ErrorsAreTerminal() && !TerminalIsPlain()) {}
 
 Progress::~Progress() {
   if (!shown_.empty()) fmt::print(stderr, "{}", kClearLine);

@@ -1,11 +1,11 @@
 #include "client/style.h"
 
 #include <fmt/format.h>
-#include <sys/ioctl.h>
-#include <unistd.h>
 
 #include <array>
 #include <cstdlib>
+
+#include "client/terminal.h"
 
 namespace zef::client {
 namespace {
@@ -20,16 +20,9 @@ std::string Styled(std::string_view text, Emphasis emphasis, bool colour) {
   return fmt::format("\x1b[{}m{}\x1b[0m", kCodes[static_cast<std::size_t>(emphasis)], text);
 }
 
-bool TerminalIsPlain() {
-  const char* const terminal = std::getenv("TERM");
-  return terminal == nullptr || std::string_view(terminal) == "dumb";
-}
-
 Screen TerminalScreen() {
-  if (isatty(STDOUT_FILENO) != 1) return {};
-  winsize size{};
-  const bool known = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0;
-  return {!TerminalIsPlain() && std::getenv("NO_COLOR") == nullptr, known ? size.ws_col : std::size_t{0}};
+  if (!OutputIsTerminal()) return {};
+  return {!TerminalIsPlain() && std::getenv("NO_COLOR") == nullptr, TerminalWidth()};
 }
 
 }  // namespace zef::client

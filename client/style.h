@@ -12,9 +12,6 @@ enum class Emphasis { None, Heading, Marked, Today, Faint };
 /// The text with the terminal's codes for an emphasis around it, or as it is without colour.
 std::string Styled(std::string_view text, Emphasis emphasis, bool colour);
 
-/// True for a terminal that understands no codes.
-bool TerminalIsPlain();
-
 /// Where an answer is shown.
 struct Screen {
   bool colour = false;

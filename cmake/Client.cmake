@@ -2,6 +2,7 @@
 # components by their header alone and loads their library when it makes the first object.
 
 file(GLOB_RECURSE client_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/client/*.cpp" "${PROJECT_SOURCE_DIR}/client/*.h")
+list(FILTER client_sources EXCLUDE REGEX "/client/${ZEF_OTHER_SYSTEM}/")
 set(client_main "${PROJECT_SOURCE_DIR}/client/main.cpp")
 list(REMOVE_ITEM client_sources "${client_main}")
 set(client_units ${client_sources})

@@ -2,7 +2,7 @@
 
 file(GLOB component_sources CONFIGURE_DEPENDS
   "${PROJECT_SOURCE_DIR}/component/*.cpp" "${PROJECT_SOURCE_DIR}/component/*.h" "${PROJECT_SOURCE_DIR}/component/classes/*.cpp"
-  "${PROJECT_SOURCE_DIR}/component/${ZEF_SYSTEM}/*.cpp")
+  "${PROJECT_SOURCE_DIR}/component/${ZEF_SYSTEM}/*.cpp" "${PROJECT_SOURCE_DIR}/component/${ZEF_SYSTEM}/*.S")
 set(component_exports "${PROJECT_SOURCE_DIR}/component/exports.cpp")
 list(REMOVE_ITEM component_sources "${component_exports}")
 add_library(zefcomponent STATIC ${component_sources})

@@ -5,7 +5,8 @@ set -eu
 WINEPREFIX=${ZEF_WINE_PREFIX:-$(cd "$(dirname "$0")/.." && pwd)/build/windows/wine}
 WINEDEBUG=-all
 WINEDLLOVERRIDES="mscoree,mshtml="  # asks for no downloads
-export WINEPREFIX WINEDEBUG WINEDLLOVERRIDES
+LC_ALL=C.UTF-8  # words of the command line are UTF-8
+export LC_ALL WINEPREFIX WINEDEBUG WINEDLLOVERRIDES
 # Programs that start at once would each make the environment.
 mkdir -p "$WINEPREFIX"
 [ -e "$WINEPREFIX/system.reg" ] || flock "$WINEPREFIX" /usr/lib/wine/wine64 wineboot.exe --init >/dev/null 2>&1

@@ -5,6 +5,7 @@
 
 #include "component/identifiers.h"
 #include "component/invocation.h"
+#include "component/typed_face.h"
 #include "component/utf16.h"
 
 namespace zef::component {
@@ -49,6 +50,7 @@ Face::Face(const Class& described, Object object) : described_(described), objec
   void*& first = described_.outside(object_.address);
   next_ = static_cast<Face*>(first);
   first = this;
+  BindEarly(*this);
 }
 
 Face::~Face() {
@@ -73,14 +75,14 @@ bool Face::Answers(REFIID riid) {
 
 HRESULT Face::GetTypeInfoCount(UINT* count) {
   if (count == nullptr) return E_POINTER;
-  *count = 0;
+  *count = TypeInfoCount();
   return S_OK;
 }
 
-HRESULT Face::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
+HRESULT Face::GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) {
   if (info == nullptr) return E_POINTER;
   *info = nullptr;
-  return DISP_E_BADINDEX;
+  return index < TypeInfoCount() ? TypeInfoOf(described_, locale, info) : DISP_E_BADINDEX;
 }
 
 HRESULT Face::GetIDsOfNames(REFIID riid, LPOLESTR* names, UINT count, LCID, DISPID* ids) {

@@ -28,8 +28,8 @@ class Mapping {
 };
 
 struct Tables {
-  Mapping lower{LCMAP_LOWERCASE};
-  Mapping upper{LCMAP_UPPERCASE};
+  Mapping lower{LCMAP_LOWERCASE | LCMAP_LINGUISTIC_CASING};
+  Mapping upper{LCMAP_UPPERCASE | LCMAP_LINGUISTIC_CASING};
 };
 
 const Tables& Shared() {
@@ -42,11 +42,12 @@ const Tables& Shared() {
 std::int32_t LowerBeyondAscii(std::int32_t c) { return Shared().lower.Of(c); }
 std::int32_t UpperBeyondAscii(std::int32_t c) { return Shared().upper.Of(c); }
 
-/// By way of the capital letter, for some have two small ones. The small i without a dot shares its capital with
-/// another letter, and is one of its own.
+/// By way of the capital letter, for some have two small ones. The capital I with a dot and the small one without share
+/// their other case with the usual letter, and are letters of their own.
 std::int32_t FoldedBeyondAscii(std::int32_t c) {
+  constexpr std::int32_t kDottedI = 0x130;
   constexpr std::int32_t kDotlessI = 0x131;
-  return c == kDotlessI ? c : LowerBeyondAscii(UpperBeyondAscii(c));
+  return c == kDottedI || c == kDotlessI ? c : LowerBeyondAscii(UpperBeyondAscii(c));
 }
 
 }  // namespace zef::text

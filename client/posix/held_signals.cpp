@@ -1,5 +1,7 @@
 #include "client/held_signals.h"
 
+#include <csignal>
+
 #include "client/failure.h"
 
 namespace zef::client {
@@ -9,13 +11,18 @@ constexpr int kEnding[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
 
 }  // namespace
 
-HeldSignals::HeldSignals() {
-  sigemptyset(&held_);
-  for (const int signal : kEnding) sigaddset(&held_, signal);
-  sigprocmask(SIG_BLOCK, &held_, &before_);
+struct HeldSignals::State {
+  sigset_t held;
+  sigset_t before;
+};
+
+HeldSignals::HeldSignals() : state_(std::make_unique<State>()) {
+  sigemptyset(&state_->held);
+  for (const int signal : kEnding) sigaddset(&state_->held, signal);
+  sigprocmask(SIG_BLOCK, &state_->held, &state_->before);
 }
 
-HeldSignals::~HeldSignals() { sigprocmask(SIG_SETMASK, &before_, nullptr); }
+HeldSignals::~HeldSignals() { sigprocmask(SIG_SETMASK, &state_->before, nullptr); }
 
 void HeldSignals::StopIfAsked() const {
   sigset_t pending;
