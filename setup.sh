@@ -1,12 +1,15 @@
 #!/usr/bin/env bash
 # Installs what building needs and the machine lacks (Debian 12). With everything there it does nothing and needs no
-# network. Usage: setup.sh [build|test|bench|fuzz|ci], each group with those it rests on; no argument means all of them.
+# network. Usage: setup.sh [build|test|bench|fuzz|windows|ci], each group with those it rests on; no argument means all of
+# them but windows.
 set -euo pipefail
 
 packages_build=(cmake g++ ninja-build ccache pkg-config libicu-dev libboost-dev libfmt-dev libcli11-dev libpq-dev)
 packages_test=(libgtest-dev libgmock-dev sqlite3 python3 valgrind postgresql-15)
 packages_bench=(libbenchmark-dev libical-dev)
 packages_fuzz=(clang-14 libclang-rt-14-dev)
+# No libpq and no ICU can be had for the cross compiler; libwine-dev has the texts that a type library imports.
+packages_windows=(g++-mingw-w64-x86-64-posix mingw-w64-tools wine64 libwine-dev googletest)
 packages_ci=(clang-format clang-tidy libsqlite3-dev)
 
 wanted_packages() {
@@ -17,8 +20,9 @@ wanted_packages() {
     test) wanted+=("${packages_test[@]}") ;;
     bench) wanted+=("${packages_bench[@]}") ;;
     fuzz) wanted+=("${packages_fuzz[@]}") ;;
+    windows) wanted+=("${packages_windows[@]}") ;;
     ci | all) wanted+=("${packages_test[@]}" "${packages_bench[@]}" "${packages_fuzz[@]}" "${packages_ci[@]}") ;;
-    *) echo "setup.sh: unknown group \"$1\"; known are build, test, bench, fuzz, ci" >&2; return 2 ;;
+    *) echo "setup.sh: unknown group \"$1\"; known are build, test, bench, fuzz, windows, ci" >&2; return 2 ;;
   esac
   printf '%s\n' "${wanted[@]}"
 }

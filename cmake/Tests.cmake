@@ -3,10 +3,11 @@
 
 enable_testing()
 include(GoogleTest)
-find_package(GTest REQUIRED)
+include(${ZEF_SYSTEM}/TestSources)
 
 file(GLOB_RECURSE support_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/support/*.cpp")
 list(REMOVE_ITEM support_sources ${tool_sources})
+zef_keep_tests_of_this_system(support_sources)
 add_library(zef_test_base INTERFACE)
 target_link_libraries(zef_test_base INTERFACE zefcore zefschema GTest::gmock zef_warnings)
 include(TestServer)
@@ -16,12 +17,14 @@ if(support_sources)
 endif()
 
 file(GLOB folders LIST_DIRECTORIES TRUE RELATIVE "${PROJECT_SOURCE_DIR}/tests" CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/*")
-list(REMOVE_ITEM folders support clients)  # tests of clients link nothing of the library: see ClientTests.cmake
+# Tests of clients and of one system alone: see ClientTests.cmake of each system.
+list(REMOVE_ITEM folders support clients windows ${ZEF_FOLDERS_OF_OTHER_SYSTEMS})
 foreach(folder IN LISTS folders)
   file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp" "${PROJECT_SOURCE_DIR}/tests/${folder}/*.c")
   if(NOT ZEF_TEST_SERVER)
     list(FILTER test_sources EXCLUDE REGEX "/postgresql/")
   endif()
+  zef_keep_tests_of_this_system(test_sources)
   if(NOT test_sources)
     continue()
   endif()

@@ -9,5 +9,6 @@ static_assert(sizeof(OLECHAR) == sizeof(char16_t));
 
 inline const char16_t* Utf16(const OLECHAR* text) { return reinterpret_cast<const char16_t*>(text); }
 inline const OLECHAR* FromUtf16(const char16_t* text) { return reinterpret_cast<const OLECHAR*>(text); }
+inline OLECHAR* FromUtf16(char16_t* text) { return reinterpret_cast<OLECHAR*>(text); }
 
 }  // namespace zef::component

@@ -2,14 +2,17 @@
 
 #include <stdexcept>
 
+#include "component/utf16.h"
 #include "platform/text.h"
 
 namespace zef::test {
 namespace {
 
-std::u16string_view UnitsOf(BSTR text) { return {text == nullptr ? u"" : text, SysStringLen(text)}; }
+std::u16string_view UnitsOf(BSTR text) { return {text == nullptr ? u"" : component::Utf16(text), SysStringLen(text)}; }
 
-BSTR NewText(std::u16string_view units) { return SysAllocStringLen(units.data(), static_cast<UINT>(units.size())); }
+BSTR NewText(std::u16string_view units) {
+  return SysAllocStringLen(component::FromUtf16(units.data()), static_cast<UINT>(units.size()));
+}
 
 std::string TakeText(BSTR text) {
   std::string taken = text::ToUtf8(UnitsOf(text));
@@ -79,7 +82,7 @@ ULONG Object::References() const {
 
 DISPID Object::Number(std::string_view name) const {
   std::u16string units = text::ToUtf16(name);
-  LPOLESTR names[] = {units.data()};
+  LPOLESTR names[] = {component::FromUtf16(units.data())};
   DISPID number = 0;
   object_->GetIDsOfNames(IID_NULL, names, 1, 0, &number);
   return number;

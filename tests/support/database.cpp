@@ -1,6 +1,6 @@
 #include "tests/support/database.h"
 
-#include <stdlib.h>
+#include <random>
 
 #include "platform/engine.h"
 #include "platform/recordset.h"
@@ -12,9 +12,10 @@
 namespace zef::test {
 
 TemporaryFolder::TemporaryFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "zef-test-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) throw RunTimeError(FailureNumber::PathFileAccess, "no temporary folder");
-  path_ = name;
+  std::random_device random;
+  do {
+    path_ = std::filesystem::temp_directory_path() / ("zef-test-" + std::to_string(random()));
+  } while (!std::filesystem::create_directory(path_));
 }
 
 TemporaryFolder::~TemporaryFolder() {

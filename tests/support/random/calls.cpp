@@ -6,6 +6,7 @@
 
 #include "component/classes.h"
 #include "component/identifiers.h"
+#include "component/utf16.h"
 #include "tests/support/random/choices.h"
 #include "tests/support/random/objects.h"
 #include "tests/support/random/values.h"
@@ -178,7 +179,7 @@ class Driver {
     for (std::size_t i = 0; i < names.size(); ++i) {
       const std::string_view text = values_.Name();
       names[i].assign(text.begin(), text.end());
-      pointers[i] = choices_.OneIn(16) ? nullptr : names[i].data();
+      pointers[i] = choices_.OneIn(16) ? nullptr : component::FromUtf16(names[i].data());
     }
     std::array<DISPID, 3> numbers{};
     LPOLESTR* const asked = choices_.OneIn(16) ? nullptr : pointers.data();

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "component/utf16.h"
+
 namespace zef::test {
 namespace {
 
@@ -110,11 +112,12 @@ Variant RandomValues::Array() {
   const VARTYPE kind = choices_.Of(kKinds);
   const auto array_kind = static_cast<VARTYPE>(VT_ARRAY | kind);
   if (choices_.OneIn(8)) return Variant::Of(array_kind, static_cast<SAFEARRAY*>(nullptr));
-  const SAFEARRAYBOUND bounds[] = {{static_cast<ULONG>(choices_.Below(5)), 0},
-                                   {static_cast<ULONG>(choices_.Below(3)), 1}};
-  SAFEARRAY* const array = SafeArrayCreate(kind, choices_.OneIn(2) ? 1 : 2, bounds);
-  if (kind == VT_BSTR && SafeArrayElements(array) > 0) {
-    static_cast<BSTR*>(array->pvData)[0] = SysAllocString(u"text");
+  SAFEARRAYBOUND bounds[] = {{static_cast<ULONG>(choices_.Below(5)), 0}, {static_cast<ULONG>(choices_.Below(3)), 1}};
+  const UINT dimensions = choices_.OneIn(2) ? 1 : 2;
+  SAFEARRAY* const array = SafeArrayCreate(kind, dimensions, bounds);
+  const bool has_elements = bounds[0].cElements > 0 && (dimensions == 1 || bounds[1].cElements > 0);
+  if (kind == VT_BSTR && has_elements) {
+    static_cast<BSTR*>(array->pvData)[0] = SysAllocString(component::FromUtf16(u"text"));
   }
   return Variant::Of(array_kind, array);
 }

@@ -1,0 +1,2 @@
+
+If Failures = 0 Then WScript.Echo "passed"
