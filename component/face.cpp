@@ -73,6 +73,11 @@ bool Face::Answers(REFIID riid) {
   return riid == IID_IUnknown || riid == IID_IDispatch || riid == InterfaceOf(described_);
 }
 
+HRESULT Face::QueryInterface(REFIID riid, void** object) {
+  const HRESULT outcome = Counted::QueryInterface(riid, object);
+  return outcome == E_NOINTERFACE ? FurtherInterface(*this, riid, object) : outcome;
+}
+
 HRESULT Face::GetTypeInfoCount(UINT* count) {
   if (count == nullptr) return E_POINTER;
   *count = TypeInfoCount();

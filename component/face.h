@@ -19,6 +19,7 @@ class Face final : public Counted<Face, IDispatch> {
   const Class& Described() const { return described_; }
   Object Shown() const { return object_; }
 
+  HRESULT QueryInterface(REFIID riid, void** object) override;
   HRESULT GetTypeInfoCount(UINT* count) override;
   HRESULT GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
   HRESULT GetIDsOfNames(REFIID riid, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override;

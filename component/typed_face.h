@@ -17,4 +17,7 @@ UINT TypeInfoCount();
 /// The description of the default interface of a class, or DISP_E_BADINDEX where there is none.
 HRESULT TypeInfoOf(const Class& described, LCID locale, ITypeInfo** info);
 
+/// An interface beside the default one, with a reference; E_NOINTERFACE, and a null pointer, if there is none.
+HRESULT FurtherInterface(Face& face, REFIID riid, void** object);
+
 }  // namespace zef::component

@@ -7,4 +7,9 @@ void BindEarly(Face&) {}
 UINT TypeInfoCount() { return 0; }
 HRESULT TypeInfoOf(const Class&, LCID, ITypeInfo**) { return DISP_E_BADINDEX; }
 
+HRESULT FurtherInterface(Face&, REFIID, void** object) {
+  *object = nullptr;
+  return E_NOINTERFACE;
+}
+
 }  // namespace zef::component

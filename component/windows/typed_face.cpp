@@ -50,6 +50,28 @@ struct Table {
   std::array<const void*, kDispatchEntries + kMostEarlyEntries> functions{};
 };
 
+/// Says that early calls leave their failure in the error object of the thread. Clients look there only if it does.
+class ErrorSupport final : public Counted<ErrorSupport, ISupportErrorInfo> {
+ public:
+  explicit ErrorSupport(Face& face) : face_(face) { face_.AddRef(); }
+
+  /// It is a side of the face, which alone has an identity.
+  HRESULT QueryInterface(REFIID riid, void** object) override {
+    return riid == IID_ISupportErrorInfo ? Counted::QueryInterface(riid, object) : face_.QueryInterface(riid, object);
+  }
+  HRESULT InterfaceSupportsErrorInfo(REFIID riid) override {
+    return riid == InterfaceOf(face_.Described()) ? S_OK : S_FALSE;
+  }
+
+ private:
+  friend class Counted<ErrorSupport, ISupportErrorInfo>;
+
+  ~ErrorSupport() { face_.Release(); }
+  static bool Answers(REFIID riid) { return riid == IID_ISupportErrorInfo; }
+
+  Face& face_;
+};
+
 }  // namespace
 
 void BindEarly(Face& face) {
@@ -71,6 +93,13 @@ HRESULT TypeInfoOf(const Class& described, LCID, ITypeInfo** info) try {
   return E_OUTOFMEMORY;
 } catch (...) {
   return E_UNEXPECTED;
+}
+
+HRESULT FurtherInterface(Face& face, REFIID riid, void** object) {
+  *object = nullptr;
+  if (riid != IID_ISupportErrorInfo) return E_NOINTERFACE;
+  *object = static_cast<ISupportErrorInfo*>(new (std::nothrow) ErrorSupport(face));
+  return *object == nullptr ? E_OUTOFMEMORY : S_OK;
 }
 
 }  // namespace zef::component

@@ -197,6 +197,18 @@ TEST_F(EarlyBinding, AFailureIsACodeAndAnErrorObject) {
   EXPECT_EQ(description.Utf8(), "Subscript out of range");
 }
 
+TEST_F(EarlyBinding, AnObjectSaysThatItHasErrorObjects) {
+  Held<ISupportErrorInfo> support;
+  ASSERT_EQ(session->QueryInterface(IID_ISupportErrorInfo, reinterpret_cast<void**>(&support)), S_OK);
+  EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(_CSession)), S_OK);
+  EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(_CFolder)), S_FALSE);
+  Held<IUnknown> through_it;
+  Held<IUnknown> identity;
+  support->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&through_it));
+  session->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(&identity));
+  EXPECT_EQ(through_it.get(), identity.get());
+}
+
 TEST_F(EarlyBinding, AResultWithoutAPlaceIsRefused) { EXPECT_EQ(session->get_UserID(nullptr), E_POINTER); }
 
 TEST_F(EarlyBinding, AnObjectDescribesItsType) {
