@@ -10,7 +10,7 @@ add_subdirectory("${googletest}" "${PROJECT_BINARY_DIR}/googletest" EXCLUDE_FROM
 
 # What tests of other systems include: headers of these, and helpers that stand on them.
 set(foreign_includes
-  "#include [<\"](unistd\\.h|fcntl\\.h|dlfcn\\.h|elf\\.h|sys/|unicode/ucol|tests/support/process|tests/client/run_zef)")
+  "#include [<\"](unistd\\.h|fcntl\\.h|dlfcn\\.h|elf\\.h|sys/|unicode/ucol|tests/support/(process|open_file)|tests/notes/attachement_fixture|tests/client/run_zef)")
 
 function(zef_keep_tests_of_this_system list)
   set(kept)
