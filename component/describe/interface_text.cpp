@@ -8,9 +8,10 @@ namespace zef::component {
 namespace {
 
 std::string DefaultText(const Argument& argument) {
+  if (argument.type.by_reference && !kIdlForm.references_have_defaults) return "";
   switch (argument.type.kind) {
     case VT_I4: return fmt::format(", defaultvalue({})", argument.default_number);
-    case VT_BSTR: return std::string(argument.type.by_reference ? kIdlForm.no_text : ", defaultvalue(\"\")");
+    case VT_BSTR: return ", defaultvalue(\"\")";
     default: return ", defaultvalue(0)";
   }
 }

@@ -11,10 +11,10 @@ namespace zef::component {
 
 /// What differs around the interfaces.
 struct IdlForm {
-  std::string_view imports;      ///< at the beginning
-  std::string_view interface_;   ///< what a default interface is called
-  std::string_view enumeration;  ///< in front of the name of one
-  std::string_view no_text;      ///< what stands for a text that may be left out or changed
+  std::string_view imports;       ///< at the beginning
+  std::string_view interface_;    ///< what a default interface is called
+  std::string_view enumeration;   ///< in front of the name of one
+  bool references_have_defaults;  ///< what is left out and may be changed has a value that stands for it
 };
 extern const IdlForm kIdlForm;
 

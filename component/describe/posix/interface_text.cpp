@@ -31,7 +31,7 @@ std::string MemberText(const Member& member, std::size_t place) {
 
 }  // namespace
 
-const IdlForm kIdlForm{"", "dispinterface", "enum ", ", defaultvalue(\"\")"};
+const IdlForm kIdlForm{"", "dispinterface", "enum ", true};
 
 std::string InterfaceText(const Class& described) {
   std::string text =

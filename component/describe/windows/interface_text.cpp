@@ -35,7 +35,7 @@ std::string MemberText(const Member& member, std::size_t place) {
 
 }  // namespace
 
-const IdlForm kIdlForm{"import \"oaidl.idl\";\n", "interface", "", ""};
+const IdlForm kIdlForm{"import \"oaidl.idl\";\n", "interface", "", false};
 
 std::string InterfaceText(const Class& described) {
   std::string text =
