@@ -8,6 +8,7 @@
 #include "ZEFComponents/date.h"
 #include "ZEFComponents/date_text.h"
 #include "ZEFComponents/elements.h"
+#include "ZEFComponents/entry.h"
 #include "ZEFComponents/failure.h"
 #include "ZEFComponents/given.h"
 #include "ZEFComponents/library.h"
