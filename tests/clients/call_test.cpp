@@ -124,12 +124,7 @@ TEST_F(CallTest, IntegerBeyond32BitsIsRefusedAsAValue) {
 }
 
 TEST_F(CallTest, ColumnTakesWhatAColumnHolds) {
-  const Connection connection = session_.conDBConnection;
-  connection.Execute("CREATE TABLE T (T_Number Long, T_Text Memo)");
-  const Recordset records = connection.Execute("SELECT * FROM T");
-  records.Close();
-  records.Open("SELECT * FROM T", connection, 1, 3);
-  records.AddNew();
+  const Recordset records = NewRow("T_Number Long, T_Text Memo");
   const Fields fields = records.Fields;
   fields.Item("T_Number").Value = 7L;
   fields.Item("T_Text").Value = std::string_view("O'Neil");
@@ -141,12 +136,7 @@ TEST_F(CallTest, ColumnTakesWhatAColumnHolds) {
 TEST_F(CallTest, BytesOfAColumnComeBack) {
   Bytes content;
   for (int i = 0; i < 1000; ++i) content.push_back(static_cast<std::byte>(i));
-  const Connection connection = session_.conDBConnection;
-  connection.Execute("CREATE TABLE T (T_Bytes LongBinary)");
-  const Recordset records = connection.Execute("SELECT * FROM T");
-  records.Close();
-  records.Open("SELECT * FROM T", connection, 1, 3);
-  records.AddNew();
+  const Recordset records = NewRow("T_Bytes LongBinary");
   records.Fields->Item("T_Bytes").Value = content;
   records.Update();
   EXPECT_EQ(Selected("SELECT T_Bytes FROM T"), Value(content));
