@@ -22,10 +22,7 @@ namespace fs = std::filesystem;
 
 /// Calls one of the library's functions.
 HRESULT CallLibrary(const std::string& library, const char* function) {
-  void* const handle = dlopen(library.c_str(), RTLD_NOW | RTLD_LOCAL);
-  if (handle == nullptr) {
-    throw Failure(kRefused, fmt::format("The library cannot be loaded: {}", dlerror()));
-  }
+  void* const handle = OpenLibrary(library);
   auto* const call = reinterpret_cast<LibraryFunction*>(dlsym(handle, function));
   const bool known = call != nullptr && dlsym(handle, "DllGetClassObject") != nullptr;
   const HRESULT result = known ? call() : S_OK;
@@ -72,13 +69,9 @@ bool IsThere(const std::string& entry) {
   return fs::exists(fs::symlink_status(EntryPath(entry), unknown));
 }
 
-/// Why the system does not let an entry be changed; 0 if it seems to.
-int Obstacle(const fs::path& entry) {
-  std::error_code unknown;
-  if (fs::is_directory(fs::symlink_status(entry, unknown))) return EISDIR;
-  if (access(entry.c_str(), R_OK) != 0 && errno != ENOENT) return errno;
-  fs::path folder = entry.parent_path();
-  while (access(folder.c_str(), W_OK | X_OK) != 0) {
+/// What keeps files in a folder, or in one that is to be made, from being made and removed; 0 if nothing is seen.
+int ObstacleIn(fs::path folder) {
+  while (access((folder / ".").c_str(), W_OK | X_OK) != 0) {  // with the point, a file in its place is told
     if (errno != ENOENT) return errno;
     folder = folder.parent_path();  // it is to be made there
   }
@@ -86,12 +79,23 @@ int Obstacle(const fs::path& entry) {
   return statvfs(folder.c_str(), &disk) == 0 && disk.f_bavail == 0 ? ENOSPC : 0;
 }
 
-/// The library says no more than that it has failed.
-[[noreturn]] void TellObstacle(const char* what) {
-  for (const char* name : kCreatableClasses) {
+/// What is seen to stand in the way of an entry; empty if nothing does.
+std::string Obstacle(const fs::path& entry) {
+  std::error_code unknown;
+  const fs::file_status status = fs::symlink_status(entry, unknown);
+  if (fs::is_directory(status)) return std::strerror(EISDIR);
+  if (const int error = ObstacleIn(entry.parent_path()); error != 0) return std::strerror(error);
+  if (!fs::exists(status)) return {};
+  if (!fs::is_regular_file(fs::status(entry, unknown))) return "It is no regular file";
+  return access(entry.c_str(), R_OK) == 0 ? std::string() : std::strerror(errno);
+}
+
+/// The library says no more than that it has failed. `undone` are the classes whose entries are not as they should be.
+[[noreturn]] void TellUndone(const char* what, const std::vector<std::string>& undone) {
+  for (const std::string& name : undone) {
     const std::string entry = EntryPath(name);
-    if (const int error = Obstacle(entry); error != 0) {
-      throw Failure(kRefused, fmt::format("The entry '{}' cannot be {}: {}.", entry, what, std::strerror(error)));
+    if (const std::string obstacle = Obstacle(entry); !obstacle.empty()) {
+      throw Failure(kRefused, fmt::format("The entry '{}' cannot be {}: {}.", entry, what, obstacle));
     }
   }
   throw Failure(kRefused, fmt::format("Not every entry in '{}' could be {}.", ComponentsFolder(), what));
@@ -103,7 +107,9 @@ RegistryChange EnterClasses() {
   const std::string library = LibraryPath();
   RequireNameable(library);
   RegistryChange change{library, RegistryFolder().string(), {}};
-  if (FAILED(CallLibrary(library, "DllRegisterServer"))) TellObstacle("written");
+  if (FAILED(CallLibrary(library, "DllRegisterServer"))) {
+    TellUndone("written", EntriesThat([&](const std::string& name) { return !Names(name, library); }));
+  }
   change.classes = EntriesThat([&](const std::string& name) { return Names(name, library); });
   return change;
 }
@@ -112,7 +118,7 @@ RegistryChange RemoveClasses() {
   const std::string library = LibraryPath();
   RegistryChange change{library, RegistryFolder().string(), {}};
   const std::vector<std::string> before = EntriesThat(IsThere);
-  if (FAILED(CallLibrary(library, "DllUnregisterServer"))) TellObstacle("removed");
+  if (FAILED(CallLibrary(library, "DllUnregisterServer"))) TellUndone("removed", EntriesThat(IsThere));
   const std::vector<std::string> after = EntriesThat(IsThere);
   std::set_difference(before.begin(), before.end(), after.begin(), after.end(), std::back_inserter(change.classes));
   return change;

@@ -16,7 +16,8 @@ if(support_sources)
 endif()
 
 file(GLOB folders LIST_DIRECTORIES TRUE RELATIVE "${PROJECT_SOURCE_DIR}/tests" CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/*")
-list(REMOVE_ITEM folders support clients)  # tests of clients link nothing of the library: see ClientTests.cmake
+# Tests of clients link nothing of the library, and rows are only compiled: see ClientTests.cmake and RowTests.cmake.
+list(REMOVE_ITEM folders support clients rows)
 foreach(folder IN LISTS folders)
   file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp" "${PROJECT_SOURCE_DIR}/tests/${folder}/*.c")
   if(NOT ZEF_TEST_SERVER)

@@ -48,17 +48,18 @@ std::string Entry(const Class& described, const std::string& library) {
                      kVersion);
 }
 
-/// The text of an entry; empty if there is none.
-std::string ReadEntry(const std::string& path) {
-  if (!PathExists(path)) return {};
+/// True if there is an entry of the class. What can be none is a failure, and however long it is, its head is enough.
+bool IsEntryOf(const Class& described, const std::string& path) {
+  if (!PathExists(path)) return false;
+  const std::string head = Identification(described);
+  std::string text(head.size(), '\0');
   InputFile file(path);
-  std::string text(file.size(), '\0');
   text.resize(file.Read(std::as_writable_bytes(std::span(text))));
-  return text;
+  return text == head;
 }
 
 void RemoveEntry(const Class& described, const std::filesystem::path& path) {
-  if (!ReadEntry(path).starts_with(Identification(described))) return;
+  if (!IsEntryOf(described, path)) return;
   if (unlink(path.c_str()) != 0 && errno != ENOENT) throw RunTimeError(FailureNumber::PathFileAccess);
 }
 

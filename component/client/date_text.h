@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <string_view>
 
@@ -35,6 +36,8 @@ inline std::string ToText(Date date) {
   const bool both = day_text[0] != 0 && time_text[0] != 0;
   return std::string(day_text) + (both ? " " : "") + time_text;
 }
+
+inline std::ostream& operator<<(std::ostream& out, Date date) { return out << ToText(date); }
 
 /// How `ParseDate` reads.
 namespace date_text {

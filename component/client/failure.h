@@ -29,6 +29,7 @@ class Failure : public std::runtime_error {
   std::string source_;
 };
 
+inline constexpr std::int32_t kOverflow = 6;
 inline constexpr std::int32_t kTypeMismatch = 13;
 inline constexpr std::int32_t kFileNotFound = 53;
 inline constexpr std::int32_t kObjectNotSet = 91;

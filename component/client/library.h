@@ -2,28 +2,38 @@
 
 #include <dlfcn.h>
 
-#include <cinttypes>
-#include <cstdio>
-#include <fstream>
+#include <filesystem>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "ZEFComponents/automation.h"
 #include "ZEFComponents/carried.h"
+#include "ZEFComponents/entry.h"
 #include "ZEFComponents/failure.h"
-#include "ZEFComponents/registry.h"
 
-/// Finding and loading the library.
+/// Loading the library, and creating objects.
 namespace zef {
 inline namespace automation {
+
+/// Loads a library, whose handle the caller closes. Raises 53 with the system's own reason if it cannot be loaded.
+inline void* OpenLibrary(const std::string& path) {
+  std::error_code unknown;
+  const std::filesystem::file_status status = std::filesystem::status(path, unknown);
+  if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {  // a pipe would hold us up
+    throw Failure(kFileNotFound, "The library cannot be loaded: " + path + " is no regular file");
+  }
+  void* const handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+  if (handle == nullptr) throw Failure(kFileNotFound, std::string("The library cannot be loaded: ") + dlerror());
+  return handle;
+}
 
 /// A loaded library of components. It stays loaded.
 class Library {
  public:
   /// Raises 53 with the system's own reason if the file cannot be loaded or is no library of components.
   explicit Library(const std::string& path) {
-    void* const handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (handle == nullptr) throw Failure(kFileNotFound, std::string("The library cannot be loaded: ") + dlerror());
+    void* const handle = OpenLibrary(path);
     get_class_object_ = reinterpret_cast<GetClassObjectFunction*>(dlsym(handle, "DllGetClassObject"));
     if (get_class_object_ != nullptr) return;
     dlclose(handle);
@@ -50,47 +60,6 @@ class Library {
  private:
   GetClassObjectFunction* get_class_object_;
 };
-
-/// Where a class is registered; empty without a folder of components.
-inline std::string EntryPath(std::string_view name) {
-  const std::string folder = ComponentsFolder();
-  return folder.empty() ? folder : folder + "/" + std::string(name);
-}
-
-/// What stands behind a key in the entry of a class; empty if nothing does.
-inline std::string EntryValue(std::string_view name, std::string_view key) {
-  std::ifstream entry(EntryPath(name));
-  for (std::string line; std::getline(entry, line);) {
-    if (line.starts_with(key)) return line.substr(key.size());
-  }
-  return {};
-}
-
-[[noreturn]] inline void RaiseNotRegistered(std::string_view name) {
-  throw Failure(kCannotCreateObject,
-                std::string(name) + " is not registered; register its library first, as in \"zef register\".");
-}
-
-/// The path of the library that a class is registered for. Raises 429 if it is not registered.
-inline std::string RegisteredLibrary(std::string_view name) {
-  std::string path = EntryValue(name, "InprocServer32=");
-  if (!path.starts_with('/')) RaiseNotRegistered(name);
-  return path;
-}
-
-/// The identifier of a registered class. Raises 429 if it is not registered.
-inline GUID RegisteredIdentifier(std::string_view name) {
-  const std::string text = EntryValue(name, "CLSID=");
-  GUID identifier{};
-  auto& tail = identifier.Data4;
-  const int read = std::sscanf(text.c_str(),
-                               "{%8" SCNx32 "-%4" SCNx16 "-%4" SCNx16 "-%2" SCNx8 "%2" SCNx8 "-%2" SCNx8 "%2" SCNx8
-                               "%2" SCNx8 "%2" SCNx8 "%2" SCNx8 "%2" SCNx8 "}",
-                               &identifier.Data1, &identifier.Data2, &identifier.Data3, &tail[0], &tail[1], &tail[2],
-                               &tail[3], &tail[4], &tail[5], &tail[6], &tail[7]);
-  if (read != 11) RaiseNotRegistered(name);
-  return identifier;
-}
 
 /// Loads the library that a class is registered for. Raises 429 if it is not registered; 53, with the paths of the
 /// entry and of the library, if that is gone or cannot be loaded.

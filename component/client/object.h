@@ -1,6 +1,7 @@
 #pragma once
 
 #include <concepts>
+#include <cstddef>
 #include <functional>
 #include <iterator>
 #include <memory>
@@ -10,31 +11,37 @@
 
 #include "ZEFComponents/call.h"
 #include "ZEFComponents/elements.h"
+#include "ZEFComponents/given.h"
 #include "ZEFComponents/library.h"
-#include "ZEFComponents/property.h"
 
 /// Objects whose class is not known before the program runs: members by name.
 namespace zef {
 inline namespace automation {
 
+struct Nothing {
+  IDispatch* get() const { return nullptr; }
+};
+
 /// The argument as it goes over: texts, integers, Booleans, enumerations, dates, rows and objects as what they are,
-/// anything else as a `Value`. A variable in `std::ref` is one that the member may change.
+/// a property as its value, anything else as a `Value`. A variable in `std::ref` is one that the member may change.
 template <class T>
 auto Passed(std::reference_wrapper<T> variable) {
   return InOut<T>(variable.get());
 }
 template <class T>
 auto Passed(const T& value) {
-  constexpr bool kIsItself = std::same_as<T, int> || std::same_as<T, bool> || std::is_enum_v<T> ||
-                             std::same_as<T, Date> || std::same_as<T, Rows> || requires {
-    value.get()->Release();
-  };
-  if constexpr (std::convertible_to<const T&, std::string_view>) {
-    return In<std::string>(std::string_view(Text(value)));
+  constexpr bool kIsItself =
+      OtherInteger<T> || kIsOneOf<T, std::int32_t, bool, Date, Rows> || std::is_enum_v<T> || AnyObject<T>;
+  if constexpr (AnyProperty<T>) {
+    return Passed(value.get());
+  } else if constexpr (std::is_null_pointer_v<T>) {
+    return In<Nothing>(Nothing());
   } else if constexpr (kIsItself) {
     return In<T>(value);
+  } else if constexpr (std::convertible_to<const T&, std::string_view>) {
+    return In<std::string>(std::string_view(Text(value)));
   } else {
-    return In<Value>(Value(value));
+    return In<Value>(AnyValue(value));
   }
 }
 
@@ -44,13 +51,12 @@ auto Passed(const T& value) {
 class Object {
  public:
   Object() = default;
+  Object(std::nullptr_t) {}
   /// Takes over a reference.
   explicit Object(IDispatch* owned) : object_(owned, Release) {}
   /// The object behind a typed class, or one without a type.
   template <class C>
-  requires requires(const C& object) {
-    { object.get() } -> std::same_as<IDispatch*>;
-  }
+  requires AnyObject<C>
   explicit Object(const C& typed) : Object(typed.get()) {
     if (typed) typed.get()->AddRef();
   }

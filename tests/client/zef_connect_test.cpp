@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <fstream>
+
 #include "platform/engine.h"
 #include "tests/client/run_zef.h"
 
@@ -46,6 +48,17 @@ TEST_F(ZefConnectTest, ComplaintNeverShowsThePassword) {
 TEST_F(ZefConnectTest, UnknownProviderIsRefused) {
   EXPECT_EQ(Complaint(1, {"info", "--connect", "Provider=Nobody"}), "zef: The provider cannot be found.\n");
 }
+
+#ifdef ZEF_POSTGRESQL
+TEST_F(ZefConnectTest, MissingClientLibraryOfTheServerIsTold) {
+  std::ofstream(File("libpq.so.5")) << "no library";
+  const std::vector<std::string> words{"LD_LIBRARY_PATH=" + folder().string(), ZEF_BINARY, "info", "--connect",
+                                       "Provider=PostgreSQL;Host=none;Database=none"};
+  const Ended run = RunProgram(folder(), "env", words);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, StartsWith("zef: The client library of the server cannot be loaded: " + folder().string()));
+}
+#endif
 
 TEST_F(ZefConnectTest, EmptyStringIsWrongUse) {
   EXPECT_EQ(Complaint(2, {"info", "--connect", ""}), "zef: --connect: the connection string is empty.\n");

@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <cstdlib>
 #include <fstream>
@@ -102,7 +103,7 @@ TEST_F(ZefRegisterTest, FolderThatCannotBeWrittenIsTold) {
   std::ofstream(folder_.path() / "components") << "a file in its place";
   const Ended ended = Zef({"register"});
   EXPECT_EQ(ended.status, 1);
-  EXPECT_EQ(ended.err, "zef: The entry '" + (Components() / "ZEFComponents.CSession").string() +
+  EXPECT_EQ(ended.err, "zef: The entry '" + (Components() / "ZEFComponents.CAlarm").string() +
                            "' cannot be written: Not a directory.\n");
 }
 
@@ -123,6 +124,23 @@ TEST_F(ZefRegisterTest, EntryThatCannotBeRemovedIsTold) {
   EXPECT_EQ(ended.err, "zef: The entry '" + (Components() / "ZEFComponents.CTask").string() +
                            "' cannot be removed: Is a directory.\n");
   EXPECT_EQ(Count(), 1u);
+}
+
+TEST_F(ZefRegisterTest, EntryThatIsAPipeIsTold) {
+  fs::create_directories(Components());
+  const fs::path entry = Components() / "ZEFComponents.CTask";
+  mkfifo(entry.c_str(), 0600);
+  EXPECT_EQ(Zef({"register"}).err,
+            "zef: The entry '" + entry.string() + "' cannot be written: It is no regular file.\n");
+  EXPECT_EQ(Zef({"unregister"}).err,
+            "zef: The entry '" + entry.string() + "' cannot be removed: It is no regular file.\n");
+}
+
+TEST_F(ZefRegisterTest, EntryThatStandsInNobodysWayIsNotBlamed) {
+  fs::create_directories(Components() / "ZEFComponents.CTask");
+  std::ofstream(Components() / "ZEFComponents.CAlarm") << "text";
+  fs::permissions(Components() / "ZEFComponents.CAlarm", fs::perms::none);
+  EXPECT_THAT(Zef({"register"}).err, HasSubstr("ZEFComponents.CTask' cannot be written: Is a directory."));
 }
 
 TEST_F(ZefRegisterTest, WithoutAnyFolderItIsRefused) {

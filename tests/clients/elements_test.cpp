@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <string>
+#include <vector>
+
 #include "tests/clients/loaded.h"
 
 namespace zef::test {
@@ -19,6 +22,13 @@ TEST_F(ElementsTest, ComeInOrder) {
 
 TEST_F(ElementsTest, OfAnEmptyCollectionAreNone) {
   for (auto folder : Built().Create<CFolders>()) ADD_FAILURE() << folder.Name;
+}
+
+TEST_F(ElementsTest, OfAPropertyAreWalked) {
+  const Recordset records = session_.conDBConnection->Execute("SELECT FLD_ID, FLD_Name FROM Folders");
+  std::vector<std::string> names;
+  for (auto field : records.Fields) names.push_back(field.Name);
+  EXPECT_THAT(names, testing::ElementsAre("FLD_ID", "FLD_Name"));
 }
 
 TEST_F(ElementsTest, CanBeChanged) {

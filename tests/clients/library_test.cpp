@@ -1,5 +1,6 @@
 #include <dlfcn.h>
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <cstdlib>
 #include <fstream>
@@ -90,6 +91,41 @@ TEST_F(RegistryTest, StaleEntryRaises53WithBothPaths) {
   EXPECT_EQ(failure.number(), 53);
   EXPECT_THAT(failure.what(), HasSubstr(EntryPath("ZEFComponents.CNote")));
   EXPECT_THAT(failure.what(), HasSubstr("/gone/libZEFComponents.so"));
+}
+
+TEST_F(RegistryTest, WhatCannotBeAnEntryIsTold) {
+  const std::string entry = EntryPath("ZEFComponents.CNote");
+  const auto told = [&](const auto& make) {
+    std::filesystem::remove(entry);
+    make();
+    const Failure failure = Raised([] { CreateObject("ZEFComponents.CNote"); });
+    EXPECT_EQ(failure.number(), 429);
+    return std::string(failure.what());
+  };
+  const std::string no_file = "The entry " + entry + " cannot be read: It is no regular file.";
+  EXPECT_EQ(told([&] { std::filesystem::create_directory(entry); }), no_file);
+  EXPECT_EQ(told([&] { mkfifo(entry.c_str(), 0600); }), no_file);
+  EXPECT_EQ(told([&] { std::filesystem::create_symlink("/dev/zero", entry); }), no_file);
+  EXPECT_EQ(told([&] { std::ofstream(entry) << std::string(0x10001, 'x'); }),
+            "The entry " + entry + " cannot be read: It is too long for an entry.");
+  EXPECT_THAT(told([&] { std::filesystem::create_symlink(entry, entry); }),
+              HasSubstr("cannot be read: Too many levels of symbolic links"));
+}
+
+TEST_F(RegistryTest, LongestEntryIsRead) {
+  std::ofstream(EntryPath("ZEFComponents.CNote")) << std::string(0x10000 - 17, 'x') << "\nInprocServer32=/a";
+  EXPECT_EQ(Raised([] { RegisteredLibrary("ZEFComponents.CNote"); }).number(), 429) << "one byte too long";
+  std::ofstream(EntryPath("ZEFComponents.CNote")) << std::string(0x10000 - 18, 'x') << "\nInprocServer32=/a";
+  EXPECT_EQ(RegisteredLibrary("ZEFComponents.CNote"), "/a");
+}
+
+TEST_F(RegistryTest, LibraryThatIsAPipeRaises53) {
+  const std::string pipe = (folder_ / "pipe.so").string();
+  mkfifo(pipe.c_str(), 0600);
+  Name(pipe);
+  const Failure failure = Raised([] { Library(RegisteredLibrary("ZEFComponents.CNote")); });
+  EXPECT_EQ(failure.number(), 53);
+  EXPECT_THAT(failure.what(), HasSubstr(pipe + " is no regular file"));
 }
 
 TEST_F(RegistryTest, FailedCreationCanBeTriedAgain) {

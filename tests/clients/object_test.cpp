@@ -32,6 +32,61 @@ TEST_F(ObjectTest, ValueHoldsAnyPropertyButAnObject) {
   EXPECT_EQ(Raised([&] { contact.Get("Session"); }).number(), 13);
 }
 
+TEST_F(ObjectTest, IntegerOfAnyTypeIsTakenInTheRangeOf32Bits) {
+  contact.Let("FolderID", 7L);
+  EXPECT_EQ(contact.Get<long>("FolderID"), 7);
+  contact.Let("FolderID", std::int64_t{-2147483648});
+  EXPECT_EQ(contact.Get<std::int64_t>("FolderID"), -2147483648);
+  contact.Let("FolderID", std::size_t{2147483647});
+  EXPECT_EQ(contact.Get<std::size_t>("FolderID"), 2147483647u);
+}
+
+TEST_F(ObjectTest, IntegerOutOfRangeIsRefused) {
+  contact.Let("FolderID", 7);
+  EXPECT_EQ(Raised([&] { contact.Let("FolderID", std::int64_t{2147483648}); }).number(), DISP_E_OVERFLOW);
+  EXPECT_EQ(Raised([&] { contact.Let("FolderID", 4294967295u); }).number(), DISP_E_OVERFLOW);
+  EXPECT_EQ(contact.Get<int>("FolderID"), 7);
+}
+
+TEST_F(ObjectTest, ResultThatTheTypeAskedForCannotHoldRaises6) {
+  contact.Let("FolderID", 70000);
+  EXPECT_EQ(Raised([&] { contact.Get<short>("FolderID"); }).number(), 6);
+  contact.Let("FolderID", -1);
+  EXPECT_EQ(Raised([&] { contact.Get<unsigned>("FolderID"); }).number(), 6);
+}
+
+TEST_F(ObjectTest, VariableInARefMayBeOfAnyIntegerType) {
+  long id = 0;
+  EXPECT_EQ(session.Call<int>("GetUniqueIDFromSeq", 1, std::ref(id)), 1);
+  EXPECT_GT(id, 0);
+}
+
+TEST_F(ObjectTest, PropertyOfATypedClassIsTakenAsItsValue) {
+  CFolder folder = session_.GetFolder(1);
+  CEvent event = session_.CreateEvent();
+  const Object user(Built().Create<CUser>());
+  user.Set("Session", event.Session);
+  EXPECT_EQ(user.Get<Object>("Session"), session);
+  contact.Let("FirstName", folder.Name);
+  contact.Let("FolderID", folder.ID);
+  contact.Let("BirthDate", folder.DateLastUpdate);
+  EXPECT_EQ(contact.Get<std::string>("FirstName"), folder.Name);
+  EXPECT_EQ(contact.Get<int>("FolderID"), folder.ID);
+  EXPECT_EQ(contact.Get<Date>("BirthDate"), folder.DateLastUpdate);
+}
+
+TEST_F(ObjectTest, NullPointerIsNothing) {
+  const Object user(Built().Create<CUser>());
+  user.Set("Session", session);
+  user.Set("Session", nullptr);
+  EXPECT_TRUE(user.Get<Object>("Session") == nullptr);
+}
+
+TEST_F(ObjectTest, ColumnIsReadAsTheTypeThatItHolds) {
+  const Object records = session.Get<Object>("conDBConnection").Call<Object>("Execute", "SELECT 1.5 AS A FROM Folders");
+  EXPECT_EQ(records.Get<Object>("Fields").Get<Object>("Item", 0).Get<double>("Value"), 1.5);
+}
+
 TEST_F(ObjectTest, NameIsTakenInAnyLetterCase) {
   contact.Let("FOLDERID", 7);
   EXPECT_EQ(contact.Get<std::int32_t>("folderid"), 7);
@@ -59,12 +114,7 @@ TEST_F(ObjectTest, VariableInARefGetsWhatTheMemberLeavesInIt) {
 }
 
 TEST_F(ObjectTest, NullAndBytesGoIntoAColumn) {
-  const Object connection = session.Get<Object>("conDBConnection");
-  connection.Call("Execute", "CREATE TABLE T (T_Bytes LongBinary, T_Text Memo)");
-  const Object records = connection.Call<Object>("Execute", "SELECT * FROM T");
-  records.Call("Close");
-  records.Call("Open", "SELECT * FROM T", connection, 1, 3);
-  records.Call("AddNew");
+  const Object records(NewRow("T_Bytes LongBinary, T_Text Memo"));
   const Object fields = records.Get<Object>("Fields");
   const Bytes content{std::byte{1}, std::byte{0}};
   fields.Get<Object>("Item", 0).Let("Value", content);

@@ -48,6 +48,9 @@ TEST(LibraryFile, RunsNoCodeOfItsOwnWhenItIsLoaded) {
 TEST(LibraryFile, BringsItsDatabaseEngineAlong) {
   for (const std::string& needed : File().Needed()) EXPECT_EQ(needed.find("sqlite"), std::string::npos) << needed;
 }
+TEST(LibraryFile, NeedsNothingOfAServerToWorkOnAFile) {
+  for (const std::string& needed : File().Needed()) EXPECT_EQ(needed.find("libpq"), std::string::npos) << needed;
+}
 TEST(LibraryFile, HoldsItsVersion) {
   EXPECT_EQ(File().Section("VERSION"),
             "Language=040904B0\nFileVersion=9.02.0001\nProductVersion=9.02.0001\nProductName=ZEFComponents\n"

@@ -180,6 +180,20 @@ TEST_F(Registration, ThatCannotBeUndoneInOnePlaceIsUndoneInTheOthers) {
   EXPECT_EQ(Unregister(), SELFREG_E_CLASS);
   EXPECT_EQ(Files(), 1u);
 }
+TEST_F(Registration, IsNotHeldUpByAPipeInThePlaceOfAnEntry) {
+  fs::create_directory(components);
+  mkfifo(Entry("CTask").c_str(), 0600);
+  EXPECT_EQ(Register(), SELFREG_E_CLASS);
+  EXPECT_EQ(Unregister(), SELFREG_E_CLASS);
+  EXPECT_TRUE(fs::is_fifo(Entry("CTask")));
+  EXPECT_EQ(Files(), 1u);
+}
+TEST_F(Registration, OfAnyLengthIsUndone) {
+  Register();
+  fs::resize_file(Entry("CTask"), std::uintmax_t{1} << 40);
+  EXPECT_EQ(Unregister(), S_OK);
+  EXPECT_EQ(Files(), 0u);
+}
 TEST_F(Registration, FailsInAFolderThatCannotBeWritten) {
   fs::create_directory(components);
   chmod(components.c_str(), 0500);

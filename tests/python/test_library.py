@@ -1,6 +1,7 @@
 import concurrent.futures
 import ctypes
 import enum
+import errno
 import os
 import pathlib
 import shutil
@@ -148,6 +149,29 @@ class RegistrationTest(unittest.TestCase):
         self.assertEqual(failure.number, 53)
         self.assertIn(str(entry), failure.description)
         self.assertIn("/gone/libZEFComponents.so", failure.description)
+
+    def test_what_cannot_be_an_entry_is_told(self):
+        entry = self.folder / "components" / "ZEFComponents.CTag"
+        for make, reason in (
+            (entry.mkdir, "It is no regular file"),
+            (lambda: os.mkfifo(entry), "It is no regular file"),
+            (lambda: entry.symlink_to("/dev/zero"), "It is no regular file"),
+            (lambda: entry.write_bytes(bytes(0x10001)), "It is too long for an entry"),
+            (lambda: entry.symlink_to(entry), os.strerror(errno.ELOOP)),
+        ):
+            with self.subTest(reason):
+                entry.rmdir() if entry.is_dir() else entry.unlink()
+                make()
+                failure = raised(Failure, zefcomponents.CreateObject, "ZEFComponents.CTag")
+                self.assertEqual((failure.number, failure.description),
+                                 (429, f"The entry {entry} cannot be read: {reason}."))
+
+    def test_path_may_have_the_line_ends_of_other_systems_in_it(self):
+        folder = self.folder / "a\u2028b\x0bc"
+        folder.mkdir()
+        copied = shutil.copy(LIBRARY, folder)
+        self.assertEqual(ctypes.CDLL(copied).DllRegisterServer(), 0)
+        self.assertEqual(zefcomponents.RegisteredLibrary("ZEFComponents.CTag"), os.path.realpath(copied))
 
     def test_second_copy_of_the_library_serves_its_own_objects(self):
         copied = self.folder / "libcopy.so"
