@@ -34,7 +34,7 @@ add_library(ZEFComponents SHARED "${component_exports}" "${ZEF_RESOURCES}")
 set_source_files_properties("${ZEF_RESOURCES}" PROPERTIES OBJECT_DEPENDS "${ZEF_IDL}")
 target_link_libraries(ZEFComponents PRIVATE zefcomponent zef_warnings)
 set(exports "${PROJECT_SOURCE_DIR}/cmake/exports.map")
-target_link_options(ZEFComponents PRIVATE "-Wl,--version-script=${exports}" "-Wl,--no-undefined")
+target_link_options(ZEFComponents PRIVATE "-Wl,--version-script=${exports}" $<$<NOT:$<BOOL:${ZEF_FUZZ}>>:-Wl,--no-undefined>)
 set_target_properties(ZEFComponents PROPERTIES
   VERSION "${ZEF_FILE_VERSION}" SOVERSION "${ZEF_FILE_VERSION}" LINK_DEPENDS "${exports}"
   LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}")

@@ -56,8 +56,8 @@ Result Connection::Run(const Command& command) {
 }
 
 Ref<Recordset> Connection::Execute(const std::string& text, std::int32_t /*options*/) {
+  auto recordset = MakeRef<Recordset>();  // first: nothing may fail once the statement has done its work
   Result result = Run({.text = text});
-  auto recordset = MakeRef<Recordset>();
   if (result.cursor) recordset->Attach(Ref<Connection>(this), std::move(result.cursor));
   return recordset;
 }

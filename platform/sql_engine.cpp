@@ -9,7 +9,6 @@
 namespace zef {
 namespace {
 
-constexpr std::size_t kIdleStatements = 4;
 constexpr int kMostRecent = 4;
 /// Behind the shape of a plan's key stand the options that it was compiled for.
 constexpr std::size_t kOptionBytes = 3;
@@ -33,8 +32,10 @@ Ref<Plan> PlanCache::Find(std::string_view key) {
 }
 
 void PlanCache::Add(const std::string& key, Ref<Plan> plan) {
-  entries_.push_front({key, std::move(plan)});
-  by_key_[entries_.front().key] = entries_.begin();
+  std::list<Entry> added;
+  added.push_front({key, std::move(plan)});
+  by_key_.emplace(added.front().key, added.begin());
+  entries_.splice(entries_.begin(), added);
   if (entries_.size() <= capacity_) return;
   by_key_.erase(entries_.back().key);
   entries_.pop_back();
@@ -63,8 +64,9 @@ void SqlEngine::AbandonCursors() {
 }
 
 const sql::TableInfo* SqlEngine::FindTable(std::string_view name) {
-  const auto [entry, fresh] = tables_.try_emplace(text::LowerCase(name));
-  if (fresh) entry->second = Describe(name);
+  std::string key = text::LowerCase(name);
+  auto entry = tables_.find(key);
+  if (entry == tables_.end()) entry = tables_.emplace(std::move(key), Describe(name)).first;
   return entry->second.columns.empty() ? nullptr : &entry->second;
 }
 
@@ -107,7 +109,7 @@ bool SqlEngine::Lease::MakeReady(const Command& command) try {
 
 void SqlEngine::GiveBack(Plan& plan, std::unique_ptr<PreparedStatement> statement) {
   statement->Reset();
-  if (plan.idle.size() < kIdleStatements) plan.idle.push_back(std::move(statement));
+  if (plan.idle.size() < Plan::kMostIdle) plan.idle.push_back(std::move(statement));
 }
 
 Ref<Plan> SqlEngine::KnownPlan(const Command& command) {

@@ -40,8 +40,12 @@ class PreparedStatement {
 
 /// The worked-out form of all statements of one shape.
 struct Plan : RefCounted<Plan> {
-  explicit Plan(sql::CompiledStatement statement) : shape(std::move(statement)) {}
+  static constexpr std::size_t kMostIdle = 4;
+
+  explicit Plan(sql::CompiledStatement statement) : shape(std::move(statement)) { idle.reserve(kMostIdle); }
+
   RowShape shape;
+  /// Statements that wait for their next run. There is room for all, so that giving one back cannot fail.
   std::vector<std::unique_ptr<PreparedStatement>> idle;
 };
 
