@@ -139,7 +139,7 @@ Ref<Plan> SqlEngine::NewPlan(const Command& command) try {
   if (tables_version_ < 0) tables_version_ = SchemaVersion();
   sql::CompiledStatement compiled = CompileShape(command.options);
   // Tables were described one by one and maybe long ago; only an unchanged number tells that they still hold.
-  if (SchemaVersion() != tables_version_) return nullptr;
+  if (!TablesUnchanged()) return nullptr;
   auto plan = MakeRef<Plan>(std::move(compiled));
   if (plan->shape.statement().cacheable) plans_.Add(shape_.key, plan);
   return plan;
@@ -183,10 +183,6 @@ Result SqlEngine::Execute(const Command& command) {
   for (int attempt = 0; attempt < kSchemaRetries; ++attempt) {
     Ref<Plan> plan = KnownPlan(command);
     if (!plan && sql::IsSchemaChange(command.text)) return ExecuteSchemaChange(command);
-    if (plan && !Current(*plan)) {
-      Forget();
-      plan.reset();
-    }
     if (!plan) plan = NewPlan(command);
     if (plan && RunUnlessChanged(plan, command, result)) return result;
     Forget();

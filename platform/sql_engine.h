@@ -85,9 +85,9 @@ class SqlEngine : public Engine, protected sql::Catalog {
   /// A number that changes with every change of any table's columns or indexes, by whichever client.
   virtual std::int64_t SchemaVersion() = 0;
   virtual void ChangeSchema(const sql::SchemaChange& change) = 0;
-  /// Asked before a plan that was kept is used: false if the tables have changed since. An engine whose statements tell
-  /// so themselves, by `SchemaChanged`, has no need to look.
-  virtual bool Current(const Plan& /*plan*/) { return true; }
+  /// Asked for a plan that was just worked out: false if the tables have changed meanwhile. An engine whose new
+  /// statements find that out by themselves and fail, see `FailsForChangedTables`, has no need to look.
+  virtual bool TablesUnchanged() { return SchemaVersion() == tables_version_; }
   /// True if a failure may come from tables that have changed since the statement was worked out, for an engine whose
   /// statements do not tell so by `SchemaChanged`.
   virtual bool FailsForChangedTables(const RunTimeError& /*failure*/) const { return false; }
@@ -99,6 +99,8 @@ class SqlEngine : public Engine, protected sql::Catalog {
   /// Raises if a statement must not run now, as in a transaction that the engine has undone by itself.
   virtual void RequireUsable() const = 0;
 
+  /// The number that `SchemaVersion` gave before the first table was described.
+  std::int64_t TablesVersion() const { return tables_version_; }
   /// Forgets everything worked out from the tables' columns.
   void Forget();
   /// Lets running cursors take their rows into memory; called before anything is written.

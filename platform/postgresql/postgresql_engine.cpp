@@ -57,7 +57,8 @@ PostgresqlEngine::~PostgresqlEngine() {
 }
 
 std::unique_ptr<PreparedStatement> PostgresqlEngine::Prepare(const sql::CompiledStatement& statement) {
-  return std::make_unique<PostgresqlStatement>(connection_, statement, "zef" + std::to_string(++statements_));
+  return std::make_unique<PostgresqlStatement>(connection_, statement, "zef" + std::to_string(++statements_),
+                                               RequireTablesVersion(TablesVersion()));
 }
 
 void PostgresqlEngine::RequireUsable() const {

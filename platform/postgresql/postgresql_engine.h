@@ -36,6 +36,7 @@ class PostgresqlEngine final : public SqlEngine {
   std::unique_ptr<PreparedStatement> Prepare(const sql::CompiledStatement& statement) override;
   sql::TableInfo Describe(std::string_view table) override;
   std::int64_t SchemaVersion() override;
+  bool TablesUnchanged() override { return true; }
   void ChangeSchema(const sql::SchemaChange& change) override;
   bool FailureEndsTransaction() const override { return true; }
   bool StatementsAreTransactions() const override { return true; }

@@ -15,8 +15,12 @@ constexpr std::size_t kPortionBytes = std::size_t{4} << 20;
 }  // namespace
 
 PostgresqlStatement::PostgresqlStatement(ServerConnection& connection, const sql::CompiledStatement& compiled,
-                                         std::string name)
-    : connection_(connection), compiled_(compiled), name_(std::move(name)), parameters_(compiled.parameters) {}
+                                         std::string name, std::string check)
+    : connection_(connection),
+      compiled_(compiled),
+      name_(std::move(name)),
+      check_(std::move(check)),
+      parameters_(compiled.parameters) {}
 
 PostgresqlStatement::~PostgresqlStatement() {
   if (prepared_) connection_.Deallocate(name_);
@@ -31,6 +35,7 @@ void PostgresqlStatement::Start() {
   const bool select = compiled_.kind == sql::CompiledStatement::Kind::Select;
   rows_written_ = 0;
   row_id_.reset();
+  if (!prepared_) connection_.Defer(check_);
   connection_.Start({name_, prepared_ ? nullptr : &compiled_.text, parameters_, select});
   prepared_ = started_ = delivering_ = true;
 }

@@ -103,6 +103,7 @@ ResultHandle ServerConnection::Query(const std::string& text, const std::vector<
 }
 
 void ServerConnection::RunScript(const std::string& text) {
+  ++round_trips_;
   const ResultHandle result(PQexec(connection_.get(), text.c_str()));
   if (IsFailure(result.get())) throw PostgresqlFailure(connection_.get(), result.get());
 }
