@@ -198,11 +198,23 @@ bool SqlEngine::RunUnlessChanged(const Ref<Plan>& plan, const Command& command, 
   return false;
 }
 
+/// The transaction around one statement.
+struct SqlEngine::OfStatement {
+  SqlEngine& engine;
+  bool reads;
+  const sql::CompileOptions& options;
+
+  void BeginTrans() { engine.BeginStatement(reads, options); }
+  void CommitTrans() { engine.CommitTrans(); }
+  void RollbackTrans() { engine.RollbackTrans(); }
+};
+
 bool SqlEngine::Run(const Ref<Plan>& plan, const Command& command, Result& result) {
   const bool reads = plan->shape.statement().kind == sql::CompiledStatement::Kind::Select;
   if (!reads) DetachCursors();
   const bool outside = TransactionDepth() == 0;
-  TransactionGuard<Engine> own(*this, outside ? !reads && !StatementsAreTransactions() : FailureEndsTransaction());
+  OfStatement transaction{*this, reads, command.options};
+  TransactionGuard own(transaction, outside ? !reads && !StatementsAreTransactions() : FailureEndsTransaction());
   Lease lease(*this, *plan);
   if (!lease.MakeReady(command)) return false;
   const PreparedStatement::Step step = lease.statement().Next();

@@ -92,8 +92,9 @@ class SqlEngine : public Engine, protected sql::Catalog {
   /// statements do not tell so by `SchemaChanged`.
   virtual bool FailsForChangedTables(const RunTimeError& /*failure*/) const { return false; }
   /// True for an engine in which a failure makes the running transaction unusable: it runs each statement in a nested
-  /// one.
+  /// one, which `BeginStatement` opens.
   virtual bool FailureEndsTransaction() const { return false; }
+  virtual void BeginStatement(bool /*reads*/, const sql::CompileOptions& /*options*/) { BeginTrans(); }
   /// True for an engine in which a writing statement outside of a transaction is one by itself.
   virtual bool StatementsAreTransactions() const { return false; }
   /// Raises if a statement must not run now, as in a transaction that the engine has undone by itself.
@@ -114,6 +115,7 @@ class SqlEngine : public Engine, protected sql::Catalog {
   friend class SqlCursor;
 
   class Lease;
+  struct OfStatement;
 
   /// The plan that is kept for a statement, or null; reads the statement's shape.
   Ref<Plan> KnownPlan(const Command& command);

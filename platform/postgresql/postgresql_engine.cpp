@@ -20,6 +20,8 @@ constexpr const char* kSettings =
     " set_config('DateStyle', 'ISO, MDY', false), set_config('standard_conforming_strings', 'on', false),"
     " set_config('client_min_messages', 'warning', false), set_config('jit', 'off', false)";
 
+const std::string kBegin = "BEGIN";
+
 std::int64_t NumberIn(const PGresult* result) {
   std::int64_t number = 0;
   const std::string_view text(PQgetvalue(result, 0, 0));
@@ -81,18 +83,50 @@ std::optional<std::vector<std::string>> PostgresqlEngine::Relationships(std::str
   return RelationshipsOf(connection_, table);
 }
 
-void PostgresqlEngine::BeginTrans() {
+/// Going back to a savepoint lets go of rows that were locked since.
+bool PostgresqlEngine::Unchanged(const Deeds& since, bool locks_count) const {
+  return since.writes == deeds_.writes && (!locks_count || since.locks == deeds_.locks);
+}
+
+void PostgresqlEngine::Begin(bool locks_count) {
   RequireUsable();
-  connection_.Defer(depth_ == 0 ? "BEGIN" : "SAVEPOINT " + Savepoint());
-  ++depth_;
+  Level level{.before = deeds_, .trips_before = connection_.round_trips()};
+  const std::string savepoint = Savepoint(levels_.size());
+  if (levels_.empty()) {
+    connection_.Defer(kBegin);
+  } else if (Unchanged(levels_.back().before, locks_count)) {
+    level.own = false;
+  } else {
+    const bool still_there = Unchanged(released_, locks_count) && connection_.TakeBack("RELEASE " + savepoint);
+    if (!still_there) connection_.Defer("SAVEPOINT " + savepoint);
+  }
+  levels_.push_back(level);
+}
+
+void PostgresqlEngine::BeginTrans() { Begin(true); }
+
+/// A row that was locked to be written is written under the savepoint that it was locked under: the server goes to
+/// great lengths for one that two of them have changed.
+void PostgresqlEngine::BeginStatement(bool reads, const sql::CompileOptions& options) {
+  Begin(!options.by_row_id);
+  if (!reads) ++deeds_.writes;
+  if (options.lock_rows) ++deeds_.locks;
+}
+
+/// What leads back to the beginning of the innermost level.
+Commands PostgresqlEngine::Undoing() const {
+  std::size_t level = levels_.size() - 1;
+  while (!levels_[level].own) --level;
+  if (level == 0) return {"ROLLBACK", kBegin};
+  return {"ROLLBACK TO " + Savepoint(level)};
 }
 
 void PostgresqlEngine::CommitTrans() {
-  if (depth_ == 0) throw RunTimeError(FailureNumber::NoTransaction);
+  if (levels_.empty()) throw RunTimeError(FailureNumber::NoTransaction);
   RequireUsable();
-  if (depth_ == 1) {
-    const ResultHandle ended = connection_.TakeBack("BEGIN") ? nullptr : connection_.Query("COMMIT");
-    --depth_;
+  if (levels_.size() == 1) {
+    const ResultHandle ended = connection_.TakeBack(kBegin) ? nullptr : connection_.Query("COMMIT");
+    levels_.pop_back();
     schema_changed_ = false;
     // The server answers the end of a transaction that had failed in this way.
     if (ended && std::string_view(PQcmdStatus(ended.get())) != "COMMIT") {
@@ -100,24 +134,34 @@ void PostgresqlEngine::CommitTrans() {
     }
     return;
   }
-  --depth_;
-  if (!connection_.TakeBack("SAVEPOINT " + Savepoint())) connection_.Defer("RELEASE " + Savepoint());
+  connection_.UndoLateFailureBy(Undoing());
+  const Level level = levels_.back();
+  levels_.pop_back();
+  const std::string savepoint = Savepoint(levels_.size());
+  if (!level.own || connection_.TakeBack("SAVEPOINT " + savepoint)) return;
+  connection_.Defer("RELEASE " + savepoint);
+  released_ = level.before;
 }
 
 void PostgresqlEngine::RollbackTrans() {
-  if (depth_ == 0) throw RunTimeError(FailureNumber::NoTransaction);
-  --depth_;
-  const bool unsent = connection_.TakeBack(depth_ == 0 ? "BEGIN" : "SAVEPOINT " + Savepoint());
+  if (levels_.empty()) throw RunTimeError(FailureNumber::NoTransaction);
+  const Commands undoing = Undoing();
+  const Level level = levels_.back();
+  levels_.pop_back();
+  const std::string savepoint = Savepoint(levels_.size());
+  const bool outermost = levels_.empty();
+  const bool unsent = level.own ? connection_.TakeBack(outermost ? kBegin : "SAVEPOINT " + savepoint)
+                                : connection_.round_trips() == level.trips_before;
   if (!unsent && !connection_.lost()) {
-    if (depth_ == 0) {
+    if (outermost) {
       connection_.Query("ROLLBACK");
     } else {
-      connection_.Defer("ROLLBACK TO " + Savepoint());
-      connection_.Defer("RELEASE " + Savepoint());
+      for (const std::string& command : undoing) connection_.Defer(command);
+      if (level.own) connection_.Defer("RELEASE " + savepoint);
     }
   }
   if (schema_changed_) Forget();
-  if (depth_ == 0) schema_changed_ = false;
+  if (outermost) schema_changed_ = false;
 }
 
 std::int64_t PostgresqlEngine::SchemaVersion() {
@@ -129,6 +173,7 @@ sql::TableInfo PostgresqlEngine::Describe(std::string_view table) { return Descr
 void PostgresqlEngine::ChangeSchema(const sql::SchemaChange& change) {
   TransactionGuard<Engine> guard(*this);
   schema_changed_ = true;
+  ++deeds_.writes;
   connection_.Query("SELECT pg_advisory_xact_lock(hashtext('zef tables'), hashtext(current_schema()))");
   ApplySchemaChange(connection_, change);
   guard.Commit();

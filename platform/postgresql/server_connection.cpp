@@ -72,6 +72,7 @@ void ServerConnection::PassOver(int results) {
 /// Reads to the end of the round trip, so that the next one can begin.
 void ServerConnection::End() {
   delivering_ = false;
+  undo_late_failure_.clear();
   while (!lost()) {
     const ResultHandle result(PQgetResult(connection_.get()));
     if (result && PQresultStatus(result.get()) == PGRES_PIPELINE_SYNC) break;
@@ -79,15 +80,17 @@ void ServerConnection::End() {
   PQexitPipelineMode(connection_.get());
 }
 
-/// A statement that fails while its rows come has failed the transaction around it, too. What was to release its
-/// savepoint has not been sent, since nothing is while rows come.
+/// Whoever begins a statement undoes it if it fails at once. One that fails while its rows come, and with it the
+/// transaction around it, is nobody's any more.
 void ServerConnection::Fail(const PGresult* result) {
-  constexpr std::string_view kRelease = "RELEASE ";
-  const bool released = !deferred_.empty() && deferred_.front().starts_with(kRelease);
-  if (released) deferred_.insert(deferred_.begin(), "ROLLBACK TO " + deferred_.front().substr(kRelease.size()));
+  deferred_.insert(deferred_.begin(), undo_late_failure_.begin(), undo_late_failure_.end());
   const RunTimeError failure = PostgresqlFailure(connection_.get(), result);
   End();
   throw failure;
+}
+
+void ServerConnection::UndoLateFailureBy(Commands commands) {
+  if (delivering_ && undo_late_failure_.empty()) undo_late_failure_ = std::move(commands);
 }
 
 ResultHandle ServerConnection::Query(const std::string& text, const std::vector<std::string>& parameters, Form form) {

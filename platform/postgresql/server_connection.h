@@ -19,6 +19,8 @@ struct ClearResult {
 };
 using ResultHandle = std::unique_ptr<PGresult, ClearResult>;
 
+using Commands = std::vector<std::string>;
+
 /// A conversation with the server. Commands that deliver nothing wait for the next statement and go with it, so that
 /// each statement takes one round trip. At most one statement delivers its rows at a time.
 class ServerConnection {
@@ -30,6 +32,8 @@ class ServerConnection {
   void Defer(std::string command);
   /// Takes the command that was deferred last back; false if it is another one, or was sent already.
   bool TakeBack(std::string_view command);
+  /// While a statement still delivers rows: what is sent before all that waits should one of these rows fail.
+  void UndoLateFailureBy(Commands commands);
   /// Forgets a prepared statement once it can be done in passing.
   void Deallocate(const std::string& name);
 
@@ -72,8 +76,9 @@ class ServerConnection {
 
   ConnectionHandle connection_;
   std::function<void()> make_room_;
-  std::vector<std::string> deferred_;
-  std::vector<std::string> deallocated_;
+  Commands deferred_;
+  Commands deallocated_;
+  Commands undo_late_failure_;
   int ahead_ = 0;  ///< results before those of the statement itself
   bool delivering_ = false;
   std::int64_t round_trips_ = 0;
