@@ -1,7 +1,10 @@
 #include "platform/postgresql/postgresql_engine.h"
 
+#include <fmt/format.h>
+
 #include <charconv>
 #include <string_view>
+#include <utility>
 
 #include "platform/ignoring_failures.h"
 #include "platform/postgresql/postgresql_error.h"
@@ -14,13 +17,19 @@
 namespace zef {
 namespace {
 
-/// The settings that the engine counts on, and the version of the database's support, in one round trip.
-constexpr const char* kSettings =
-    "SELECT obj_description(to_regnamespace('zef')::oid, 'pg_namespace'), set_config('lock_timeout', '5s', false),"
-    " set_config('DateStyle', 'ISO, MDY', false), set_config('standard_conforming_strings', 'on', false),"
-    " set_config('client_min_messages', 'warning', false), set_config('jit', 'off', false)";
-
-const std::string kBegin = "BEGIN";
+/// The settings that the engine counts on, for the connection or for a transaction.
+std::string Settings(bool of_transaction) {
+  constexpr std::pair<const char*, const char*> kSettings[] = {{"lock_timeout", "5s"},
+                                                               {"DateStyle", "ISO, MDY"},
+                                                               {"standard_conforming_strings", "on"},
+                                                               {"client_min_messages", "warning"},
+                                                               {"jit", "off"}};
+  std::string text;
+  for (const auto& [name, value] : kSettings) {
+    text += fmt::format("{}set_config('{}', '{}', {})", text.empty() ? "" : ", ", name, value, of_transaction);
+  }
+  return text;
+}
 
 std::int64_t NumberIn(const PGresult* result) {
   std::int64_t number = 0;
@@ -31,17 +40,22 @@ std::int64_t NumberIn(const PGresult* result) {
 
 }  // namespace
 
-PostgresqlEngine::PostgresqlEngine(ConnectionHandle connection)
-    : connection_(std::move(connection), [this] { DetachCursors(); }) {
+PostgresqlEngine::PostgresqlEngine(ConnectionHandle connection, bool pools_transactions)
+    : pools_transactions_(pools_transactions),
+      connection_(
+          std::move(connection), [this] { DetachCursors(); }, pools_transactions ? "SELECT " + Settings(true) : "") {
   if (connection_.Setting("server_encoding") != "UTF8") {
     throw RunTimeError(FailureNumber::FileUnusable, "The database on the server does not hold UTF-8 texts.");
   }
   PrepareDatabase();
 }
 
-/// Clients that come first at the same time wait for one another.
+/// The version of the database's support and the settings come in one round trip. Clients that come first at the same
+/// time wait for one another.
 void PostgresqlEngine::PrepareDatabase() {
-  if (NumberIn(connection_.Query(kSettings).get()) >= kSupportVersion) return;
+  std::string first = "SELECT obj_description(to_regnamespace('zef')::oid, 'pg_namespace')";
+  if (!pools_transactions_) first += ", " + Settings(false);
+  if (NumberIn(connection_.Query(first).get()) >= kSupportVersion) return;
   try {
     connection_.RunScript("BEGIN;" + SupportStatements() + "COMMIT");
   } catch (const RunTimeError& failure) {
@@ -59,8 +73,8 @@ PostgresqlEngine::~PostgresqlEngine() {
 }
 
 std::unique_ptr<PreparedStatement> PostgresqlEngine::Prepare(const sql::CompiledStatement& statement) {
-  return std::make_unique<PostgresqlStatement>(connection_, statement, "zef" + std::to_string(++statements_),
-                                               RequireTablesVersion(TablesVersion()));
+  const std::string name = pools_transactions_ ? "" : "zef" + std::to_string(++statements_);
+  return std::make_unique<PostgresqlStatement>(connection_, statement, name, RequireTablesVersion(TablesVersion()));
 }
 
 void PostgresqlEngine::RequireUsable() const {
@@ -180,11 +194,11 @@ void PostgresqlEngine::ChangeSchema(const sql::SchemaChange& change) {
 }
 
 std::unique_ptr<Engine> OpenPostgresql(const ConnectionString& connection) {
-  return std::make_unique<PostgresqlEngine>(ConnectToServer(connection));
+  return std::make_unique<PostgresqlEngine>(ConnectToServer(connection), PoolsTransactions(connection));
 }
 
 void CreatePostgresql(const ConnectionString& connection) {
-  ServerConnection asked(ConnectToServer(connection), [] {});
+  ServerConnection asked(ConnectToServer(connection), [] {}, {});
   const ResultHandle tables = asked.Query(
       "SELECT count(*) FROM pg_class WHERE relnamespace = to_regnamespace(quote_ident(current_schema())) AND relkind IN"
       " ('r', 'p', 'v', 'm', 'f')");

@@ -20,7 +20,9 @@ namespace zef {
 /// clients' locks end after 5 s.
 class PostgresqlEngine final : public SqlEngine {
  public:
-  explicit PostgresqlEngine(ConnectionHandle connection);
+  /// With `pools_transactions` nothing is kept on the connection from one transaction to the next: no setting, no
+  /// prepared statement.
+  PostgresqlEngine(ConnectionHandle connection, bool pools_transactions);
   ~PostgresqlEngine() override;
 
   std::optional<std::vector<std::string>> Relationships(std::string_view table) override;
@@ -64,6 +66,7 @@ class PostgresqlEngine final : public SqlEngine {
   void Begin(bool locks_count);
   Commands Undoing() const;
 
+  const bool pools_transactions_;
   ServerConnection connection_;
   PostgresqlDialect dialect_;
   std::vector<Level> levels_;

@@ -23,7 +23,7 @@ PostgresqlStatement::PostgresqlStatement(ServerConnection& connection, const sql
       parameters_(compiled.parameters) {}
 
 PostgresqlStatement::~PostgresqlStatement() {
-  if (prepared_) connection_.Deallocate(name_);
+  if (prepared_ && !name_.empty()) connection_.Deallocate(name_);
 }
 
 /// Whatever `lasting` says: values are sent before the first row is waited for.
@@ -36,7 +36,8 @@ void PostgresqlStatement::Start() {
   rows_written_ = 0;
   row_id_.reset();
   if (!prepared_) connection_.Defer(check_);
-  connection_.Start({name_, prepared_ ? nullptr : &compiled_.text, parameters_, select});
+  const bool known = prepared_ && !name_.empty();
+  connection_.Start({name_, known ? nullptr : &compiled_.text, parameters_, select});
   prepared_ = started_ = delivering_ = true;
 }
 
@@ -69,6 +70,12 @@ void PostgresqlStatement::TakeRest() {
   while (delivering_) Take(connection_.Next());
 }
 
+/// A `*` of a statement that is read anew for each run takes in columns that a table has got meanwhile.
+bool PostgresqlStatement::ColumnsHaveChanged() const {
+  const std::size_t expected = compiled_.columns.size() + (compiled_.hidden_row_id ? 1 : 0);
+  return name_.empty() && static_cast<std::size_t>(PQnfields(Row())) != expected;
+}
+
 PreparedStatement::Step PostgresqlStatement::Next() {
   try {
     if (!started_) {
@@ -83,6 +90,7 @@ PreparedStatement::Step PostgresqlStatement::Next() {
     throw;
   }
   if (at_ >= portion_.size()) return Step::Done;
+  if (ColumnsHaveChanged()) return Step::SchemaChanged;
   // A value that is fetched takes a round trip of its own, so no more rows may be on their way.
   if (!compiled_.later.empty()) TakeRest();
   return Step::Row;

@@ -16,8 +16,11 @@ bool IsFailure(const PGresult* result) {
 
 }  // namespace
 
-ServerConnection::ServerConnection(ConnectionHandle connection, std::function<void()> make_room)
-    : connection_(std::move(connection)), make_room_(std::move(make_room)) {}
+ServerConnection::ServerConnection(ConnectionHandle connection, std::function<void()> make_room,
+                                   std::string for_each_transaction)
+    : connection_(std::move(connection)),
+      make_room_(std::move(make_room)),
+      for_each_transaction_(std::move(for_each_transaction)) {}
 
 std::string_view ServerConnection::Setting(const char* name) const {
   const char* const value = PQparameterStatus(connection_.get(), name);
@@ -48,10 +51,20 @@ void ServerConnection::Open() {
   Sent(PQenterPipelineMode(connection_.get()));
   deferred_.insert(deferred_.end(), deallocated_.begin(), deallocated_.end());
   deallocated_.clear();
-  ahead_ = static_cast<int>(deferred_.size());
+  ahead_ = 0;
+  const bool inside = PQtransactionStatus(connection_.get()) != PQTRANS_IDLE;
+  const bool begins = !deferred_.empty() && deferred_.front() == kBegin;
+  if (!inside && !begins) SendAhead(for_each_transaction_);
   for (const std::string& command : std::exchange(deferred_, {})) {
-    Sent(PQsendQueryParams(connection_.get(), command.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0));
+    SendAhead(command);
+    if (command == kBegin) SendAhead(for_each_transaction_);
   }
+}
+
+void ServerConnection::SendAhead(const std::string& command) {
+  if (command.empty()) return;
+  Sent(PQsendQueryParams(connection_.get(), command.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0));
+  ++ahead_;
 }
 
 void ServerConnection::Sync() {

@@ -21,12 +21,16 @@ using ResultHandle = std::unique_ptr<PGresult, ClearResult>;
 
 using Commands = std::vector<std::string>;
 
+/// Begins a transaction.
+inline constexpr const char* kBegin = "BEGIN";
+
 /// A conversation with the server. Commands that deliver nothing wait for the next statement and go with it, so that
 /// each statement takes one round trip. At most one statement delivers its rows at a time.
 class ServerConnection {
  public:
   /// `make_room` is called before anything is sent while a statement still delivers rows, and takes those elsewhere.
-  ServerConnection(ConnectionHandle connection, std::function<void()> make_room);
+  /// `for_each_transaction` goes with the first statement of every transaction; empty for none.
+  ServerConnection(ConnectionHandle connection, std::function<void()> make_room, std::string for_each_transaction);
 
   /// Lets a command go with the next statement.
   void Defer(std::string command);
@@ -43,7 +47,8 @@ class ServerConnection {
   /// Runs several statements that are one text, outside of a transaction.
   void RunScript(const std::string& text);
 
-  /// A prepared statement to be run; with a text it is prepared first.
+  /// A prepared statement to be run; with a text it is prepared first. The empty name is that of a statement that the
+  /// server forgets with the next one.
   struct Run {
     const std::string& name;
     const std::string* text;
@@ -68,6 +73,7 @@ class ServerConnection {
 
  private:
   void Open();
+  void SendAhead(const std::string& command);
   void Sent(int code) const;
   void Sync();
   void PassOver(int results);
@@ -76,6 +82,7 @@ class ServerConnection {
 
   ConnectionHandle connection_;
   std::function<void()> make_room_;
+  std::string for_each_transaction_;
   Commands deferred_;
   Commands deallocated_;
   Commands undo_late_failure_;
