@@ -1,7 +1,11 @@
 # The benchmarks: the library against the same work written by hand over the engine, and the recurrence rules against
 # an independent calendar library.
 
-file(GLOB bench_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/bench/*.cpp")
+file(GLOB_RECURSE bench_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/bench/*.cpp")
+list(FILTER bench_sources EXCLUDE REGEX "/bench/client/")
+if(NOT ZEF_POSTGRESQL)
+  list(FILTER bench_sources EXCLUDE REGEX "/postgresql/")
+endif()
 if(NOT bench_sources)
   message(FATAL_ERROR "ZEF_BENCH is on and bench/ holds no source")
 endif()
@@ -23,3 +27,7 @@ endforeach()
 add_dependencies(zef_bench zef_come_and_go)
 target_compile_definitions(zef_bench PRIVATE "ZEF_COME_AND_GO=\"$<TARGET_FILE:zef_come_and_go>\"")
 set_target_properties(zef_bench zef_come_and_go PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}")
+if(ZEF_POSTGRESQL)
+  target_link_libraries(zef_bench PRIVATE PostgreSQL::PostgreSQL)
+  target_compile_definitions(zef_bench PRIVATE ZEF_BENCH_SERVER)
+endif()

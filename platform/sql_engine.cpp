@@ -141,7 +141,7 @@ Ref<Plan> SqlEngine::NewPlan(const Command& command) try {
   if (tables_version_ < 0) tables_version_ = SchemaVersion();
   sql::CompiledStatement compiled = CompileShape(command.options);
   // Tables were described one by one and maybe long ago; only an unchanged number tells that they still hold.
-  if (SchemaVersion() != tables_version_) return nullptr;
+  if (!TablesUnchanged()) return nullptr;
   auto plan = MakeRef<Plan>(std::move(compiled));
   if (plan->shape.statement().cacheable) plans_.Add(shape_.key, plan);
   return plan;
@@ -185,10 +185,6 @@ Result SqlEngine::Execute(const Command& command) {
   for (int attempt = 0; attempt < kSchemaRetries; ++attempt) {
     Ref<Plan> plan = KnownPlan(command);
     if (!plan && sql::IsSchemaChange(command.text)) return ExecuteSchemaChange(command);
-    if (plan && !Current(*plan)) {
-      Forget();
-      plan.reset();
-    }
     if (!plan) plan = NewPlan(command);
     if (plan && RunUnlessChanged(plan, command, result)) return result;
     Forget();
@@ -204,11 +200,23 @@ bool SqlEngine::RunUnlessChanged(const Ref<Plan>& plan, const Command& command, 
   return false;
 }
 
+/// The transaction around one statement.
+struct SqlEngine::OfStatement {
+  SqlEngine& engine;
+  bool reads;
+  const sql::CompileOptions& options;
+
+  void BeginTrans() { engine.BeginStatement(reads, options); }
+  void CommitTrans() { engine.CommitTrans(); }
+  void RollbackTrans() { engine.RollbackTrans(); }
+};
+
 bool SqlEngine::Run(const Ref<Plan>& plan, const Command& command, Result& result) {
   const bool reads = plan->shape.statement().kind == sql::CompiledStatement::Kind::Select;
   if (!reads) DetachCursors();
   const bool outside = TransactionDepth() == 0;
-  TransactionGuard<Engine> own(*this, outside ? !reads && !StatementsAreTransactions() : FailureEndsTransaction());
+  OfStatement transaction{*this, reads, command.options};
+  TransactionGuard own(transaction, outside ? !reads && !StatementsAreTransactions() : FailureEndsTransaction());
   Lease lease(*this, *plan);
   if (!lease.MakeReady(command)) return false;
   const PreparedStatement::Step step = lease.statement().Next();

@@ -24,6 +24,8 @@ constexpr std::array<Option, 7> kOptions = {{{"Host", "host"},
                                              {"SSL Mode", "sslmode"},
                                              {"Root Certificate", "sslrootcert"}}};
 
+constexpr std::string_view kPooling = "Transaction Pooling";
+
 [[noreturn]] void Refuse(const std::string& what) {
   throw RunTimeError(FailureNumber::StatementError, "The connection string is refused: " + what);
 }
@@ -66,8 +68,17 @@ void IgnoreNotice(void*, const char*) {}
 
 }  // namespace
 
+bool PoolsTransactions(const ConnectionString& connection) {
+  RequireOnce(connection, kPooling);
+  const std::string given = text::LowerAscii(connection.Get(kPooling));
+  if (given == "yes" || given == "true") return true;
+  if (given.empty() || given == "no" || given == "false") return false;
+  Refuse("the key 'Transaction Pooling' is Yes or No.");
+}
+
 ConnectionHandle ConnectToServer(const ConnectionString& connection) {
-  connection.Require({"Provider", "Host", "Port", "Database", "User ID", "Password", "SSL Mode", "Root Certificate"});
+  connection.Require(
+      {"Provider", "Host", "Port", "Database", "User ID", "Password", "SSL Mode", "Root Certificate", kPooling});
   RequireOnce(connection, "Provider");
   for (const Option& option : kOptions) RequireOnce(connection, option.key);
   RequireValue(connection, "Host");

@@ -105,10 +105,11 @@ void ExpressionWriter::RequireComparable(const Expr& expr, const Operand& left, 
   RaiseAt(FailureNumber::TypesDoNotConvert, "The types of the values that are compared do not convert", expr.place);
 }
 
-/// The text of a value that is compared with another one: beside a date, a number is the date that it counts.
+/// The text of a value that is compared with another one: beside a date, a number is the date that it counts. Anything
+/// else stays as it is, since an index knows only the bare column.
 std::string ExpressionWriter::Beside(const Operand& other, const Operand& operand) const {
   const bool counts = other.type == Type::Date && IsNumber(operand.type);
-  return Cast(operand, counts ? Type::Date : operand.type, Binding::Sum);
+  return counts ? Cast(operand, Type::Date, Binding::Sum) : Bracketed(operand, Binding::Sum);
 }
 
 /// `right` is an operand or a list in brackets.

@@ -133,7 +133,11 @@ ServerDatabase::~ServerDatabase() {
   }
 }
 
-std::string ServerDatabase::ConnectionString() const { return ConnectionTo(name_); }
+std::string ServerDatabase::ConnectionString() const {
+  const std::string pooler = Environment("ZEF_TEST_POOLER");
+  if (pooler.empty()) return ConnectionTo(name_);
+  return "Provider=PostgreSQL;Host=" + pooler + ";Database=" + name_ + ";User ID=zef;Transaction Pooling=Yes";
+}
 
 std::string ServerDatabase::Ask(const std::string& text) const { return Answer(ConnectTo(name_).get(), text); }
 

@@ -10,7 +10,7 @@ bool OnServer();
 
 /// A database of its own on the tests' server, which goes away with it. The server is the one whose folder stands in
 /// ZEF_TEST_ON_SERVER or ZEF_TEST_SERVER; without these, one is started for this process. Only where the server's
-/// programs are known.
+/// programs are known. With a folder in ZEF_TEST_POOLER connections go through the pooler there.
 class ServerDatabase {
  public:
   /// With the tables and first rows of a schema version, or with none for the empty text.

@@ -17,6 +17,30 @@ TEST_F(RoundTripsPostgreSQL, AKnownSelectTakesOne) {
   EXPECT_EQ(TripsOf([&] { Execute("SELECT * FROM Numbers WHERE N=2"); }), 1);
 }
 
+TEST_F(RoundTripsPostgreSQL, ASelectOfANewShapeTakesOne) {
+  EXPECT_EQ(TripsOf([&] { Execute("SELECT Word FROM Numbers WHERE N<2"); }), 1);
+}
+
+TEST_F(RoundTripsPostgreSQL, ATableThatIsNotKnownTakesOneMore) {
+  Execute("CREATE TABLE Words (Word Text(10))");
+  Execute("SELECT * FROM Numbers");
+  EXPECT_EQ(TripsOf([&] { Execute("SELECT * FROM Words"); }), 2);
+}
+
+TEST_F(RoundTripsPostgreSQL, ANewShapeOnChangedTablesTakesFourMore) {
+  Connect()->Execute("ALTER TABLE Numbers ADD COLUMN Other Long");
+  EXPECT_EQ(TripsOf([&] { Execute("SELECT Word FROM Numbers WHERE N<2"); }), 5);
+}
+
+TEST_F(RoundTripsPostgreSQL, ANewShapeOnChangedTablesLeavesTheTransactionUsable) {
+  connection_->BeginTrans();
+  Text("SELECT 1 AS One");
+  Connect()->Execute("ALTER TABLE Numbers ADD COLUMN Other Long");
+  Execute("UPDATE Numbers SET Word='uno',Other=1 WHERE N=1");
+  connection_->CommitTrans();
+  EXPECT_EQ(Text("SELECT Other FROM Numbers WHERE N=1"), "1");
+}
+
 TEST_F(RoundTripsPostgreSQL, AKnownChangeOutsideATransactionTakesOne) {
   EXPECT_EQ(TripsOf([&] { Execute("UPDATE Numbers SET Word='uno' WHERE N=1"); }), 1);
 }
