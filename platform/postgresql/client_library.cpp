@@ -50,6 +50,9 @@ int PQconnectionNeedsPassword(const PGconn* connection) {
 const char* PQparameterStatus(const PGconn* connection, const char* name) {
   return PassOn<&PQparameterStatus>(__func__, connection, name);
 }
+PGTransactionStatusType PQtransactionStatus(const PGconn* connection) {
+  return PassOn<&PQtransactionStatus>(__func__, connection);
+}
 PQnoticeProcessor PQsetNoticeProcessor(PGconn* connection, PQnoticeProcessor processor, void* argument) {
   return PassOn<&PQsetNoticeProcessor>(__func__, connection, processor, argument);
 }
@@ -85,6 +88,7 @@ char* PQcmdStatus(PGresult* result) { return PassOn<&PQcmdStatus>(__func__, resu
 char* PQcmdTuples(PGresult* result) { return PassOn<&PQcmdTuples>(__func__, result); }
 std::size_t PQresultMemorySize(const PGresult* result) { return PassOn<&PQresultMemorySize>(__func__, result); }
 int PQntuples(const PGresult* result) { return PassOn<&PQntuples>(__func__, result); }
+int PQnfields(const PGresult* result) { return PassOn<&PQnfields>(__func__, result); }
 Oid PQftype(const PGresult* result, int column) { return PassOn<&PQftype>(__func__, result, column); }
 int PQgetisnull(const PGresult* result, int row, int column) {
   return PassOn<&PQgetisnull>(__func__, result, row, column);
