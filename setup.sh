@@ -4,7 +4,7 @@
 set -euo pipefail
 
 packages_build=(cmake g++ ninja-build ccache pkg-config libicu-dev libboost-dev libfmt-dev libcli11-dev libpq-dev)
-packages_test=(libgtest-dev libgmock-dev sqlite3 python3 valgrind postgresql-15)
+packages_test=(libgtest-dev libgmock-dev sqlite3 python3 valgrind postgresql-15 openssl)
 packages_bench=(libbenchmark-dev libical-dev postgresql-15)
 packages_fuzz=(clang-14 libclang-rt-14-dev)
 packages_ci=(clang-format clang-tidy libsqlite3-dev)

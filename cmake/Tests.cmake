@@ -12,7 +12,7 @@ target_link_libraries(zef_test_base INTERFACE zefcore zefschema GTest::gmock zef
 include(TestServer)
 if(support_sources)
   add_library(zef_test_support STATIC ${support_sources})
-  target_link_libraries(zef_test_support PUBLIC zef_test_base zef_test_server zef_test_tools)
+  target_link_libraries(zef_test_support PUBLIC zef_test_base zef_test_tools)
 endif()
 
 file(GLOB folders LIST_DIRECTORIES TRUE RELATIVE "${PROJECT_SOURCE_DIR}/tests" CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/*")

@@ -55,13 +55,29 @@ std::string SslMode(std::string_view given) {
   Refuse("the key 'SSL Mode' is disable, allow, prefer, require, verify-ca or verify-full.");
 }
 
+/// What a person can do about a failed connection, by what libpq says of it.
+struct Advice {
+  std::string_view words;
+  std::string_view sentence;
+};
+constexpr std::array<Advice, 2> kAdvice = {
+    {{"certificate verify failed", " The server's certificate comes from nobody whom 'Root Certificate' names."},
+     {", no encryption", " The server may demand encryption: see the key 'SSL Mode'."}}};
+
+std::string AdviceFor(const std::string& words) {
+  for (const Advice& advice : kAdvice) {
+    if (words.find(advice.words) != std::string::npos) return std::string(advice.sentence);
+  }
+  return {};
+}
+
 /// libpq's own words of a failed connection name hosts, users and databases, and no password.
 [[noreturn]] void RaiseNotConnected(PGconn* connection) {
   const std::string words = ReadableSentence(connection == nullptr ? "" : PQerrorMessage(connection));
   const bool password = connection != nullptr && (PQconnectionNeedsPassword(connection) != 0 ||
                                                   words.find("password authentication failed") != std::string::npos);
   if (password) throw RunTimeError(FailureNumber::PasswordRefused, "The server refused the user or the password.");
-  throw RunTimeError(FailureNumber::FileUnusable, "The server cannot be connected to: " + words);
+  throw RunTimeError(FailureNumber::FileUnusable, "The server cannot be connected to: " + words + AdviceFor(words));
 }
 
 void IgnoreNotice(void*, const char*) {}

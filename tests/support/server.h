@@ -20,6 +20,11 @@ class ServerDatabase {
   ServerDatabase& operator=(const ServerDatabase&) = delete;
 
   std::string ConnectionString() const;
+  /// The same over the network, where the server talks encrypted only. The host is "localhost", for which its
+  /// certificate is made out, or "127.0.0.1".
+  std::string NetworkConnectionString(const std::string& host) const;
+  /// The file of a certificate: "root.crt" of who has signed the server's, "stranger.crt" of who has not.
+  static std::string Certificate(const std::string& name);
   /// The first value that a statement of the server's own language gives, as another program sees it.
   std::string Ask(const std::string& text) const;
   /// Ends all connections to the database from the server's side.
