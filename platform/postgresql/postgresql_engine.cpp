@@ -60,6 +60,11 @@ std::unique_ptr<PreparedStatement> PostgresqlEngine::Prepare(const sql::Compiled
   return std::make_unique<PostgresqlStatement>(connection_, statement, "zef" + std::to_string(++statements_));
 }
 
+/// Goes with the statement that needs it, which sees what those before in the turn have committed.
+void PostgresqlEngine::TakeTurn(std::string_view turn) {
+  connection_.Defer("SELECT pg_advisory_xact_lock(hashtext(current_schema()), hashtext('" + std::string(turn) + "'))");
+}
+
 void PostgresqlEngine::RequireUsable() const {
   if (connection_.lost()) throw ConnectionLost();
 }

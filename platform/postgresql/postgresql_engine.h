@@ -40,6 +40,8 @@ class PostgresqlEngine final : public SqlEngine {
   bool FailureEndsTransaction() const override { return true; }
   bool StatementsAreTransactions() const override { return true; }
   bool FailsForChangedTables(const RunTimeError& failure) const override;
+  bool TransactionsMeet() const override { return true; }
+  void TakeTurn(std::string_view turn) override;
   void RequireUsable() const override;
 
  private:
