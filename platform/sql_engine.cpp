@@ -1,5 +1,7 @@
 #include "platform/sql_engine.h"
 
+#include <algorithm>
+
 #include "platform/sql/convert.h"
 #include "platform/sql/parser.h"
 #include "platform/sql_cursor.h"
@@ -11,9 +13,15 @@ namespace {
 
 constexpr int kMostRecent = 4;
 /// Behind the shape of a plan's key stand the options that it was compiled for.
-constexpr std::size_t kOptionBytes = 3;
+constexpr std::size_t kOptionBytes = 4;
 /// Another client that changes the schema again and again must not keep us here for ever.
 constexpr int kSchemaRetries = 50;
+
+bool IsSelect(std::string_view statement) {
+  constexpr std::string_view kSelect = "SELECT";
+  const std::size_t first = std::min(statement.find_first_not_of(" \t\r\n"), statement.size());
+  return text::EqualNames(statement.substr(first, kSelect.size()), kSelect);
+}
 
 }  // namespace
 
@@ -117,6 +125,7 @@ Ref<Plan> SqlEngine::KnownPlan(const Command& command) {
     shape_.key += command.options.updatable ? 'u' : ' ';
     shape_.key += command.options.lock_rows ? 'l' : ' ';
     shape_.key += command.options.by_row_id ? 'r' : ' ';
+    shape_.key += command.options.lock_found ? 'f' : ' ';
     return plans_.Find(shape_.key);
   };
   if (sql::GuessShape(command.text, shape_)) {
@@ -179,8 +188,16 @@ Result SqlEngine::ExecuteSchemaChange(const Command& command) {
   return {};
 }
 
-Result SqlEngine::Execute(const Command& command) {
+/// A record set that was opened for reading only locks nothing.
+Command SqlEngine::InTransaction(Command command) const {
+  constexpr std::int32_t kReadOnly = 1;
+  command.options.lock_found = IsSelect(command.text) && command.request.lock_type != kReadOnly;
+  return command;
+}
+
+Result SqlEngine::Execute(const Command& given) {
   RequireUsable();
+  const Command command = TransactionsMeet() && TransactionDepth() > 0 ? InTransaction(given) : given;
   Result result;
   for (int attempt = 0; attempt < kSchemaRetries; ++attempt) {
     Ref<Plan> plan = KnownPlan(command);
@@ -217,6 +234,7 @@ bool SqlEngine::Run(const Ref<Plan>& plan, const Command& command, Result& resul
   const bool outside = TransactionDepth() == 0;
   OfStatement transaction{*this, reads, command.options};
   TransactionGuard own(transaction, outside ? !reads && !StatementsAreTransactions() : FailureEndsTransaction());
+  if (!command.turn.empty()) TakeTurn(command.turn);
   Lease lease(*this, *plan);
   if (!lease.MakeReady(command)) return false;
   const PreparedStatement::Step step = lease.statement().Next();

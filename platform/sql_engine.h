@@ -101,6 +101,10 @@ class SqlEngine : public Engine, protected sql::Catalog {
   virtual void BeginStatement(bool /*reads*/, const sql::CompileOptions& /*options*/) { BeginTrans(); }
   /// True for an engine in which a writing statement outside of a transaction is one by itself.
   virtual bool StatementsAreTransactions() const { return false; }
+  /// True for an engine whose transactions run side by side: a row that one reads by its key is then locked.
+  virtual bool TransactionsMeet() const { return false; }
+  /// Waits for a turn and keeps it until the transaction ends, for an engine whose transactions run side by side.
+  virtual void TakeTurn(std::string_view /*turn*/) {}
   /// Raises if a statement must not run now, as in a transaction that the engine has undone by itself.
   virtual void RequireUsable() const = 0;
 
@@ -134,6 +138,7 @@ class SqlEngine : public Engine, protected sql::Catalog {
   const Value& Given(const sql::ParameterPlan& plan, const Command& command, sql::StatementClock& clock,
                      Value& scratch) const;
   Result ExecuteSchemaChange(const Command& command);
+  Command InTransaction(Command command) const;
 
   sql::Shape shape_;              ///< of the statement that is being executed
   std::vector<Value> converted_;  ///< its values after conversion; they outlive the run

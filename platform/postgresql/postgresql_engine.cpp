@@ -77,6 +77,11 @@ std::unique_ptr<PreparedStatement> PostgresqlEngine::Prepare(const sql::Compiled
   return std::make_unique<PostgresqlStatement>(connection_, statement, name, RequireTablesVersion(TablesVersion()));
 }
 
+/// Goes with the statement that needs it, which sees what those before in the turn have committed.
+void PostgresqlEngine::TakeTurn(std::string_view turn) {
+  connection_.Defer("SELECT pg_advisory_xact_lock(hashtext(current_schema()), hashtext('" + std::string(turn) + "'))");
+}
+
 void PostgresqlEngine::RequireUsable() const {
   if (connection_.lost()) throw ConnectionLost();
 }
@@ -200,10 +205,11 @@ std::unique_ptr<Engine> OpenPostgresql(const ConnectionString& connection) {
 void CreatePostgresql(const ConnectionString& connection) {
   ServerConnection asked(ConnectToServer(connection), [] {}, {});
   const ResultHandle tables = asked.Query(
-      "SELECT count(*) FROM pg_class WHERE relnamespace = to_regnamespace(quote_ident(current_schema())) AND relkind IN"
-      " ('r', 'p', 'v', 'm', 'f')");
-  if (NumberIn(tables.get()) > 0) {
-    throw RunTimeError(FailureNumber::PathFileAccess, "The database on the server holds tables already.");
+      "SELECT relname FROM pg_class WHERE relnamespace = to_regnamespace(quote_ident(current_schema())) AND relkind IN"
+      " ('r', 'p', 'v', 'm', 'f') ORDER BY oid LIMIT 1");
+  if (PQntuples(tables.get()) > 0) {
+    const std::string table(PQgetvalue(tables.get(), 0, 0));
+    throw RunTimeError(FailureNumber::PathFileAccess, "The database is not empty: it has a table '" + table + "'.");
   }
   OpenPostgresql(connection);
 }

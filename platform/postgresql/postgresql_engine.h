@@ -45,6 +45,8 @@ class PostgresqlEngine final : public SqlEngine {
   void BeginStatement(bool reads, const sql::CompileOptions& options) override;
   bool StatementsAreTransactions() const override { return true; }
   bool FailsForChangedTables(const RunTimeError& failure) const override;
+  bool TransactionsMeet() const override { return true; }
+  void TakeTurn(std::string_view turn) override;
   void RequireUsable() const override;
 
  private:

@@ -10,6 +10,9 @@ class RoundTripsPostgreSQL : public ServerTest {
     Execute("INSERT INTO Numbers (N,Word) VALUES (1,'one')");
     Execute("SELECT * FROM Numbers WHERE N=1");
     Execute("UPDATE Numbers SET Word='x' WHERE N=0");
+    connection_->BeginTrans();
+    Execute("SELECT * FROM Numbers WHERE N=1");  // another statement there: it locks the row
+    connection_->CommitTrans();
   }
 };
 
