@@ -79,6 +79,7 @@ std::unique_ptr<PreparedStatement> PostgresqlEngine::Prepare(const sql::Compiled
 
 /// Goes with the statement that needs it, which sees what those before in the turn have committed.
 void PostgresqlEngine::TakeTurn(std::string_view turn) {
+  ++deeds_.locks;
   connection_.Defer("SELECT pg_advisory_xact_lock(hashtext(current_schema()), hashtext('" + std::string(turn) + "'))");
 }
 
@@ -129,7 +130,7 @@ void PostgresqlEngine::BeginTrans() { Begin(true); }
 void PostgresqlEngine::BeginStatement(bool reads, const sql::CompileOptions& options) {
   Begin(!options.by_row_id);
   if (!reads) ++deeds_.writes;
-  if (options.lock_rows) ++deeds_.locks;
+  if (options.lock_rows || options.lock_found) ++deeds_.locks;
 }
 
 /// What leads back to the beginning of the innermost level.
