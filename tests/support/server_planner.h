@@ -20,7 +20,7 @@ namespace zef::test {
 class ServerPlanner final : sql::Catalog {
  public:
   explicit ServerPlanner(const std::string& connection_string)
-      : connection_(ConnectToServer(ParseConnectionString(connection_string)), [] {}) {
+      : connection_(ConnectToServer(ParseConnectionString(connection_string)), [] {}, {}) {
     connection_.Query("SET enable_seqscan = off");
     connection_.Query("SET plan_cache_mode = force_generic_plan");
   }
