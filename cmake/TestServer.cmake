@@ -52,14 +52,16 @@ function(zef_discover_server_tests target folder)
   if(NOT ZEF_TEST_SERVER)
     return()
   endif()
-  set(on_server
-    WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300 FIXTURES_REQUIRED server)
   gtest_discover_tests(${target}
     TEST_PREFIX "${folder}." TEST_FILTER "*PostgreSQL*" TEST_LIST ${target}_on_server
-    ${on_server} ENVIRONMENT "ZEF_TEST_SERVER=${ZEF_TEST_SERVER_FOLDER}")
+    WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" DISCOVERY_TIMEOUT 60
+    PROPERTIES TIMEOUT 300 FIXTURES_REQUIRED server ENVIRONMENT "ZEF_TEST_SERVER=${ZEF_TEST_SERVER_FOLDER}")
   if(folder IN_LIST ZEF_ROOMS_ON_SERVER)
-    gtest_discover_tests(${target}
-      TEST_PREFIX "postgresql.${folder}." TEST_FILTER "-*PostgreSQL*:${ZEF_FILE_TESTS}" TEST_LIST ${target}_room_on_server
-      ${on_server} ENVIRONMENT "ZEF_TEST_ON_SERVER=${ZEF_TEST_SERVER_FOLDER}")
+    # One process for the room: to start one for each test would take longer than the tests.
+    add_test(NAME postgresql.${folder}
+      COMMAND ${target} "--gtest_filter=-*PostgreSQL*:${ZEF_FILE_TESTS}" --gtest_brief=1
+      WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
+    set_tests_properties(postgresql.${folder} PROPERTIES
+      TIMEOUT 900 COST 500 FIXTURES_REQUIRED server ENVIRONMENT "ZEF_TEST_ON_SERVER=${ZEF_TEST_SERVER_FOLDER}")
   endif()
 endfunction()
