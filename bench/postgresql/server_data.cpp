@@ -46,7 +46,7 @@ constexpr char kSequences[] =
     "UPDATE Sequences SET SEQ_Value={} WHERE SEQ_ID=12";
 
 std::string ConnectionTo(const std::string& database) {
-  return "Provider=PostgreSQL;Host=" + ServerFolder() + ";Database=" + database + ";User ID=zef";
+  return "Provider=PostgreSQL;Host=" + ServerFolder() + ";Database=" + database + ";User ID=tester";
 }
 
 void MakeTables(const std::string& place) {

@@ -66,7 +66,7 @@ const std::string& Port() {
 }
 
 std::string ConnectionTo(const std::string& database, const std::string& host = Folder()) {
-  return "Provider=PostgreSQL;Host=" + host + ";Port=" + Port() + ";Database=" + database + ";User ID=zef";
+  return "Provider=PostgreSQL;Host=" + host + ";Port=" + Port() + ";Database=" + database + ";User ID=tester";
 }
 
 /// The first value of what a command gives, or the empty text.
@@ -79,7 +79,7 @@ std::string Answer(PGconn* connection, const std::string& text) {
 }
 
 Handle ConnectTo(const std::string& database) {
-  const std::string options = " user=zef options=-cclient_min_messages=error";
+  const std::string options = " user=tester options=-cclient_min_messages=error";
   return {PQconnectdb(("host=" + Folder() + " port=" + Port() + " dbname=" + database + options).c_str()), &PQfinish};
 }
 
@@ -147,7 +147,7 @@ ServerDatabase::~ServerDatabase() {
 std::string ServerDatabase::ConnectionString() const {
   const std::string pooler = Environment("ZEF_TEST_POOLER");
   if (pooler.empty()) return ConnectionTo(name_);
-  return "Provider=PostgreSQL;Host=" + pooler + ";Database=" + name_ + ";User ID=zef;Transaction Pooling=Yes";
+  return "Provider=PostgreSQL;Host=" + pooler + ";Database=" + name_ + ";User ID=tester;Transaction Pooling=Yes";
 }
 
 std::string ServerDatabase::NetworkConnectionString(const std::string& host) const { return ConnectionTo(name_, host); }

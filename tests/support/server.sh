@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# A PostgreSQL server of the tests' own: a cluster in a folder, for user "zef" without a password. It is reached by a
+# A PostgreSQL server of the tests' own: a cluster in a folder, for user "tester" without a password. It is reached by a
 # socket in the folder, and over the network of this machine encrypted only, where user "guarded" has the password "open
 # sesame"; the file "port" holds the port of both, and root.crt is who has signed its certificate. Usage: server.sh start FOLDER [PROCESS] | stop FOLDER
 # With PROCESS given ("parent" for who calls) the server ends by itself once that process is gone, so that interrupted
@@ -90,7 +90,7 @@ start() {
   give_to_user "$folder"
   make_data_folder
   cd /
-  as_user "$programs/initdb" --no-sync --username=zef --auth=trust --encoding=UTF8 --locale=C -D "$folder/data" >/dev/null
+  as_user "$programs/initdb" --no-sync --username=tester --auth=trust --encoding=UTF8 --locale=C -D "$folder/data" >/dev/null
   make_encryption
   make_guarded_user
   start_on_free_port

@@ -10,7 +10,7 @@ class PasswordPostgreSQL : public ServerTest {
  protected:
   std::optional<RunTimeError> RefusalWith(const std::string& password) const {
     std::string connection_string = database_.NetworkConnectionString("127.0.0.1");
-    connection_string.replace(connection_string.find("User ID=zef"), 11, "User ID=guarded") += password;
+    connection_string.replace(connection_string.find("User ID=tester"), 14, "User ID=guarded") += password;
     return Raised([&] { Connection().Open(connection_string); });
   }
 };
