@@ -119,13 +119,19 @@ struct Property : ReadOnlyProperty<T, Id> {
     return *this = other.get();
   }
 
-  // Of texts and integers, as a read and a let.
+  // Of texts and integers, as a read and a let. A sum that does not fit raises DISP_E_OVERFLOW.
 
-  template <class V = T>
-  requires(kIsOneOf<V, std::string, std::int32_t>) Property& operator+=(Given value) { return *this = *this + value; }
+  template <std::same_as<std::string> V = T>
+  Property& operator+=(Given text) {
+    return *this = *this + text;
+  }
+  template <std::same_as<std::int32_t> V = T>
+  Property& operator+=(Given value) {
+    return *this = Wide() + value;
+  }
   template <std::same_as<std::int32_t> V = T>
   Property& operator-=(Given value) {
-    return *this = *this - value;
+    return *this = Wide() - value;
   }
   template <std::same_as<std::int32_t> V = T>
   Property& operator|=(Given bits) {
@@ -135,6 +141,9 @@ struct Property : ReadOnlyProperty<T, Id> {
   Property& operator&=(Given bits) {
     return *this = *this & bits;
   }
+
+ private:
+  std::int64_t Wide() const { return this->get(); }
 };
 
 }  // namespace automation
