@@ -55,13 +55,10 @@ struct ReadOnlyProperty {
       return Pointed<T>{get()};
     }
   }
-  /// The elements of a collection. The object that has the property must stay until the walk has begun.
-  template <class C = T>
-  requires(AnyObject<C>&& requires(const C& collection) { collection.begin(); }) auto begin() const {
-    return get().begin();
-  }
-  template <class C = T>
-  requires(AnyObject<C>&& requires(const C& collection) { collection.end(); }) auto end() const { return get().end(); }
+  /// To walk over a collection write `.get()`, as in `for (auto error : connection.Errors.get())`: `for` does not keep
+  /// what the property belongs to, so the property itself might be gone before the walk begins.
+  void begin() const = delete;
+  void end() const = delete;
 
   // Numbers compare by themselves.
 
