@@ -1,16 +1,16 @@
 #include "component/registration.h"
 
-#include <dlfcn.h>
 #include <fmt/format.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 #include "component/client/registry.h"
 #include "component/identifiers.h"
+#include "component/library_path.h"
 #include "platform/file.h"
 #include "platform/run_time_error.h"
 
@@ -19,20 +19,22 @@ namespace {
 
 constexpr char kVersion[] = "9.2";
 
-/// Where this library was loaded from, without links; empty if that cannot be found out.
-std::string LibraryPath() {
-  static const char anchor = 0;
-  Dl_info info;
-  if (dladdr(&anchor, &info) == 0 || info.dli_fname == nullptr) return {};
-  std::error_code failed;
-  return std::filesystem::canonical(info.dli_fname, failed).string();
+/// False if the loader would look for another path, since it replaces these words.
+bool IsLoadable(std::string_view path) {
+  for (const char* word : {"ORIGIN", "LIB", "PLATFORM"}) {
+    for (const char* before : {"$", "${"}) {
+      if (path.find(std::string(before) + word) != std::string_view::npos) return false;
+    }
+  }
+  return true;
 }
 
-/// Raises if there is none that an entry, which is made of lines, can name.
+/// Raises if there is none that an entry, which is made of lines, can name for a client to load.
 std::string NameableLibraryPath() {
   std::string path = LibraryPath();
   if (path.empty()) throw RunTimeError(FailureNumber::FileNotFound);
-  if (path.find_first_of("\r\n") != std::string::npos) throw RunTimeError(FailureNumber::PathFileAccess);
+  const bool is_one_line = path.find_first_of("\r\n") == std::string::npos;
+  if (!is_one_line || !IsLoadable(path)) throw RunTimeError(FailureNumber::PathFileAccess);
   return path;
 }
 

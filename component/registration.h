@@ -16,7 +16,7 @@ std::string IdentifierText(REFGUID identifier);
 
 /// Enters all classes under the path of this very library, each file in one step; the entries of another copy are
 /// replaced. SELFREG_E_CLASS if one cannot be written; the others are, and a repetition completes them. None is if the
-/// path has a line break.
+/// path has a line break or a word that the loader replaces, such as "$ORIGIN".
 HRESULT Register(std::span<const Class* const> classes) noexcept;
 /// Removes what `Register` writes, whichever copy wrote it; an entry that is missing, or that another library made
 /// under the name, is no failure and stays. SELFREG_E_CLASS if one cannot be removed; the others are.

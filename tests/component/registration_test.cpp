@@ -123,6 +123,39 @@ TEST_F(Registration, OfAPathWithALineBreakFails) {
     EXPECT_EQ(Files(), 0u);
   }
 }
+/// What registering a library gives that is loaded by its bare name from a working folder, once that is another one.
+HRESULT RegisterAfterLeaving(const fs::path& loaded_in, const fs::path& left_for) {
+  Process process([&] {
+    fs::current_path(loaded_in);
+    const Library library("./lib.so");
+    fs::current_path(left_for);
+    return std::to_string(library.RegisterServer());
+  });
+  return std::stoi(process.Result());
+}
+TEST_F(Registration, OfALibraryLoadedByARelativePathNamesItsVeryFile) {
+  for (const char* name : {"one", "other"}) {
+    fs::create_directory(folder.path() / name);
+    fs::copy_file(LibraryPath(), folder.path() / name / "lib.so");
+  }
+  EXPECT_EQ(RegisterAfterLeaving(folder.path() / "one", folder.path() / "other"), S_OK);
+  EXPECT_EQ(Lines(Entry("CTask"))[1], "InprocServer32=" + fs::canonical(folder.path() / "one" / "lib.so").string());
+}
+TEST_F(Registration, OfAPathInWhichTheLoaderReplacesWordsFails) {
+  for (const char* name : {"d$LIB", "${ORIGIN}", "$PLATFORM"}) {
+    fs::create_directory(folder.path() / name);
+    fs::copy_file(LibraryPath(), folder.path() / name / "lib.so");
+    EXPECT_TRUE(FAILED(RegisterAfterLeaving(folder.path() / name, folder.path()))) << name;
+    EXPECT_EQ(Files(), 0u);
+  }
+}
+TEST_F(Registration, OfAPathWithASpaceOrADollarNamesIt) {
+  fs::create_directory(folder.path() / "a $b");
+  const fs::path copied = folder.path() / "a $b" / "lib (deleted)";
+  fs::copy_file(LibraryPath(), copied);
+  EXPECT_EQ(Library(copied).RegisterServer(), S_OK);
+  EXPECT_EQ(Lines(Entry("CTask"))[1], "InprocServer32=" + fs::canonical(copied).string());
+}
 TEST_F(Registration, KeepsTheFilesOfOthers) {
   fs::create_directory(components);
   Write(components / "Other.CTask", "CLSID={1}\n");
