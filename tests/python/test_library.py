@@ -62,7 +62,8 @@ class LoadingTest(unittest.TestCase):
 
     def test_foreign_files_are_told(self):
         with tempfile.TemporaryDirectory() as folder:
-            for content in (b"", b"text", b"\x7fELF\x02\x01" + bytes(58), pathlib.Path(LIBRARY).read_bytes()[:5000]):
+            for content in (b"", b"text", b"\x7fELF\x02\x01" + bytes(58),
+                            b"\x7fELF\x02\x01" + bytes(34) + b"\xff" * 22, pathlib.Path(LIBRARY).read_bytes()[:5000]):
                 file = pathlib.Path(folder, "foreign.so")
                 file.write_bytes(content)
                 failure = raised(Failure, zefcomponents.Load, file)
@@ -143,12 +144,24 @@ class RegistrationTest(unittest.TestCase):
                 self.assertEqual(raised(Failure, zefcomponents.CreateObject, "ZEFComponents.CTag").number, 429)
 
     def test_stale_entry_names_itself_and_the_library(self):
-        entry = self.folder / "components" / "ZEFComponents.CTag"
-        entry.write_text(entry.read_text().replace(os.path.realpath(LIBRARY), "/gone/libZEFComponents.so"))
+        cut, pipe = self.folder / "cut.so", self.folder / "pipe.so"
+        cut.write_bytes(pathlib.Path(LIBRARY).read_bytes()[:5000])
+        os.mkfifo(pipe)
+        for library in ("/gone/libZEFComponents.so", "/etc/passwd", str(cut), str(pipe)):
+            for name, create in (("CSession", lambda _: zefcomponents.Load()), ("CTag", zefcomponents.CreateObject)):
+                with self.subTest(library, name=name):
+                    entry = self.folder / "components" / f"ZEFComponents.{name}"
+                    entry.write_text(f"InprocServer32={library}\n")
+                    failure = raised(Failure, create, f"ZEFComponents.{name}")
+                    self.assertEqual(failure.number, 53)
+                    self.assertIn(f"The entry {entry} names the library {library}, ", failure.description)
+
+    def test_file_in_place_of_the_registry_registers_nothing(self):
+        shutil.rmtree(self.folder / "components")
+        (self.folder / "components").write_text("a file")
         failure = raised(Failure, zefcomponents.CreateObject, "ZEFComponents.CTag")
-        self.assertEqual(failure.number, 53)
-        self.assertIn(str(entry), failure.description)
-        self.assertIn("/gone/libZEFComponents.so", failure.description)
+        self.assertEqual(failure.number, 429)
+        self.assertIn("is not registered", failure.description)
 
     def test_what_cannot_be_an_entry_is_told(self):
         entry = self.folder / "components" / "ZEFComponents.CTag"
