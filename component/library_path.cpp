@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <string_view>
 #include <system_error>
 
 namespace zef::component {
@@ -19,6 +20,21 @@ std::string PathOfMapping(const std::string& line, std::uintptr_t address) {
   return line.substr(static_cast<std::size_t>(path_at));
 }
 
+/// Empty if there is no such file.
+std::string Canonical(const std::string& path) {
+  std::error_code gone;
+  return std::filesystem::canonical(path, gone).string();
+}
+
+/// A path whose line breaks the system has written as "\012", as it writes a path that has this itself.
+std::string WithLineBreaks(std::string path) {
+  constexpr std::string_view kWritten = "\\012";
+  for (std::size_t at = 0; (at = path.find(kWritten, at)) != std::string::npos; ++at) {
+    path.replace(at, kWritten.size(), "\n");
+  }
+  return path;
+}
+
 }  // namespace
 
 std::string LibraryPath() {
@@ -29,8 +45,8 @@ std::string LibraryPath() {
   for (std::string line; path.empty() && std::getline(maps, line);) {
     path = PathOfMapping(line, reinterpret_cast<std::uintptr_t>(&anchor));
   }
-  std::error_code gone;
-  return std::filesystem::canonical(path, gone).string();
+  const std::string found = Canonical(path);
+  return found.empty() ? Canonical(WithLineBreaks(path)) : found;
 }
 
 }  // namespace zef::component
