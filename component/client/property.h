@@ -143,5 +143,8 @@ struct Property : ReadOnlyProperty<T, Id> {
   std::int64_t Wide() const { return this->get(); }
 };
 
+// The typed classes read the reference through any member of a union, which this allows.
+static_assert(std::is_standard_layout_v<Reference> && std::is_standard_layout_v<Property<std::string, 0>>);
+
 }  // namespace automation
 }  // namespace zef
