@@ -5,6 +5,8 @@ import errno
 import os
 import pathlib
 import shutil
+import subprocess
+import sys
 import tempfile
 import threading
 import unittest
@@ -108,6 +110,33 @@ class LoadingTest(unittest.TestCase):
             with unittest.mock.patch("zefcomponents.library.Library", construct_together):
                 one, other = threads.map(zefcomponents.Load, [copied, copied])
         self.assertIs(one, other)
+
+
+CONNECT_TWICE = """
+import os, sys, zefcomponents
+session = zefcomponents.Load(os.environ["ZEF_LIBRARY"]).CreateObject("CSession")
+for _ in range(2):
+    try:
+        session.Connect2DatabaseCS("Provider=PostgreSQL;Host=/nowhere;Database=none")
+    except zefcomponents.Failure as failure:
+        print(failure.description.splitlines()[0])
+    if os.path.exists(sys.argv[1]):
+        os.remove(sys.argv[1])
+"""
+
+
+class ServerTest(unittest.TestCase):
+    def test_client_library_of_the_server_may_be_put_right_between_two_attempts(self):
+        with tempfile.TemporaryDirectory() as folder:
+            broken = pathlib.Path(folder, "libpq.so.5")
+            broken.write_text("no library")
+            told = subprocess.run([sys.executable, "-c", CONNECT_TWICE, broken], check=True, text=True,
+                                  stdout=subprocess.PIPE, env={**os.environ, "LD_LIBRARY_PATH": folder}).stdout
+        first, second = told.splitlines()
+        if first == "The provider cannot be found.":
+            self.skipTest("built without servers")
+        self.assertIn("cannot be loaded", first)
+        self.assertNotIn("cannot be loaded", second)
 
 
 class RegistrationTest(unittest.TestCase):
