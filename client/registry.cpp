@@ -2,13 +2,10 @@
 
 #include <dlfcn.h>
 #include <fmt/format.h>
-#include <sys/statvfs.h>
-#include <unistd.h>
 
 #include <ZEFComponents.hpp>
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
+#include <cstdint>
 #include <filesystem>
 #include <iterator>
 
@@ -40,13 +37,6 @@ fs::path RegistryFolder() {
 /// Without links.
 std::string LibraryPath() { return fs::canonical(LibraryFile()); }
 
-/// Entries are made of lines.
-void RequireNameable(const std::string& library) {
-  if (library.find_first_of("\r\n") == std::string::npos) return;
-  throw Failure(kRefused,
-                fmt::format("No entry can hold the path of the library, since it has a line break: '{}'.", library));
-}
-
 bool Names(const std::string& entry, const std::string& library) {
   try {
     return RegisteredLibrary(entry) == library;
@@ -69,46 +59,50 @@ bool IsThere(const std::string& entry) {
   return fs::exists(fs::symlink_status(EntryPath(entry), unknown));
 }
 
-/// What keeps files in a folder, or in one that is to be made, from being made and removed; 0 if nothing is seen.
-int ObstacleIn(fs::path folder) {
-  while (access((folder / ".").c_str(), W_OK | X_OK) != 0) {  // with the point, a file in its place is told
-    if (errno != ENOENT) return errno;
-    folder = folder.parent_path();  // it is to be made there
+/// Why a step of the library failed, by the number in its result.
+struct Reason {
+  std::uint32_t number;
+  const char* sentence;
+};
+constexpr Reason kReasons[] = {
+    {53, "The file of the library is gone"},
+    {61, "The disk is full"},
+    {70, "Permission denied"},
+    {75, "It is no regular file, or the system refuses it"},
+    {76, "There can be no such folder"},
+};
+constexpr std::uint32_t kUnnameable = 5;
+
+std::string ReasonOf(HRESULT result) {
+  const auto bits = static_cast<std::uint32_t>(result);
+  for (const Reason& reason : kReasons) {
+    if (bits == 0x800A0000 + reason.number) return reason.sentence;
   }
-  struct statvfs disk {};
-  return statvfs(folder.c_str(), &disk) == 0 && disk.f_bavail == 0 ? ENOSPC : 0;
+  return fmt::format("The library failed with result {:08X}", bits);
 }
 
-/// What is seen to stand in the way of an entry; empty if nothing does.
-std::string Obstacle(const fs::path& entry) {
-  std::error_code unknown;
-  const fs::file_status status = fs::symlink_status(entry, unknown);
-  if (fs::is_directory(status)) return std::strerror(EISDIR);
-  if (const int error = ObstacleIn(entry.parent_path()); error != 0) return std::strerror(error);
-  if (!fs::exists(status)) return {};
-  if (!fs::is_regular_file(fs::status(entry, unknown))) return "It is no regular file";
-  return access(entry.c_str(), R_OK) == 0 ? std::string() : std::strerror(errno);
+/// Tells what the library failed at. `undone` are the classes whose entries are not as they should be.
+[[noreturn]] void TellUndone(const char* what, HRESULT result, const std::vector<std::string>& undone) {
+  const std::string entries = undone.size() == 1 ? fmt::format("entry '{}'", EntryPath(undone.front()))
+                                                 : fmt::format("entries in '{}'", ComponentsFolder());
+  throw Failure(kRefused, fmt::format("The {} cannot be {}: {}.", entries, what, ReasonOf(result)));
 }
 
-/// The library says no more than that it has failed. `undone` are the classes whose entries are not as they should be.
-[[noreturn]] void TellUndone(const char* what, const std::vector<std::string>& undone) {
-  for (const std::string& name : undone) {
-    const std::string entry = EntryPath(name);
-    if (const std::string obstacle = Obstacle(entry); !obstacle.empty()) {
-      throw Failure(kRefused, fmt::format("The entry '{}' cannot be {}: {}.", entry, what, obstacle));
-    }
-  }
-  throw Failure(kRefused, fmt::format("Not every entry in '{}' could be {}.", ComponentsFolder(), what));
+[[noreturn]] void TellUnnameable(const std::string& library) {
+  throw Failure(kRefused, fmt::format("No entry can hold the path of the library, since it has a line break or a word "
+                                      "that the system replaces: '{}'.",
+                                      library));
 }
 
 }  // namespace
 
 RegistryChange EnterClasses() {
   const std::string library = LibraryPath();
-  RequireNameable(library);
   RegistryChange change{library, RegistryFolder().string(), {}};
-  if (FAILED(CallLibrary(library, "DllRegisterServer"))) {
-    TellUndone("written", EntriesThat([&](const std::string& name) { return !Names(name, library); }));
+  const HRESULT result = CallLibrary(library, "DllRegisterServer");
+  if (result == HresultOf(0x800A0000 + kUnnameable)) TellUnnameable(library);
+  if (FAILED(result)) {
+    TellUndone("written", result, EntriesThat([&](const std::string& name) { return !Names(name, library); }));
   }
   change.classes = EntriesThat([&](const std::string& name) { return Names(name, library); });
   return change;
@@ -118,7 +112,8 @@ RegistryChange RemoveClasses() {
   const std::string library = LibraryPath();
   RegistryChange change{library, RegistryFolder().string(), {}};
   const std::vector<std::string> before = EntriesThat(IsThere);
-  if (FAILED(CallLibrary(library, "DllUnregisterServer"))) TellUndone("removed", EntriesThat(IsThere));
+  const HRESULT result = CallLibrary(library, "DllUnregisterServer");
+  if (FAILED(result)) TellUndone("removed", result, EntriesThat(IsThere));
   const std::vector<std::string> after = EntriesThat(IsThere);
   std::set_difference(before.begin(), before.end(), after.begin(), after.end(), std::back_inserter(change.classes));
   return change;

@@ -89,7 +89,6 @@ struct Members {
   template <auto Variable, class Stated>
   struct Sides {
     using Actual = typename HeldBy<std::remove_cvref_t<decltype(std::declval<T&>().*Variable)>>::Type;
-    static_assert(kSame<Stated, Actual>, "the description states another type");
 
     static void Get(const Call& call) {
       if (call.result != nullptr)

@@ -1,16 +1,14 @@
 #include "component/registration.h"
 
-#include <dlfcn.h>
 #include <fmt/format.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 #include "component/client/registry.h"
 #include "component/identifiers.h"
+#include "component/invocation.h"
+#include "component/library_path.h"
 #include "platform/file.h"
 #include "platform/run_time_error.h"
 
@@ -19,20 +17,22 @@ namespace {
 
 constexpr char kVersion[] = "9.2";
 
-/// Where this library was loaded from, without links; empty if that cannot be found out.
-std::string LibraryPath() {
-  static const char anchor = 0;
-  Dl_info info;
-  if (dladdr(&anchor, &info) == 0 || info.dli_fname == nullptr) return {};
-  std::error_code failed;
-  return std::filesystem::canonical(info.dli_fname, failed).string();
+/// False if the loader would look for another path, since it replaces these words.
+bool IsLoadable(std::string_view path) {
+  for (const char* word : {"ORIGIN", "LIB", "PLATFORM"}) {
+    for (const char* before : {"$", "${"}) {
+      if (path.find(std::string(before) + word) != std::string_view::npos) return false;
+    }
+  }
+  return true;
 }
 
-/// Raises if there is none that an entry, which is made of lines, can name.
+/// Raises if there is none that an entry, which is made of lines, can name for a client to load.
 std::string NameableLibraryPath() {
   std::string path = LibraryPath();
   if (path.empty()) throw RunTimeError(FailureNumber::FileNotFound);
-  if (path.find_first_of("\r\n") != std::string::npos) throw RunTimeError(FailureNumber::PathFileAccess);
+  const bool is_one_line = path.find_first_of("\r\n") == std::string::npos;
+  if (!is_one_line || !IsLoadable(path)) throw RunTimeError(FailureNumber::InvalidCall);
   return path;
 }
 
@@ -60,7 +60,7 @@ bool IsEntryOf(const Class& described, const std::string& path) {
 
 void RemoveEntry(const Class& described, const std::filesystem::path& path) {
   if (!IsEntryOf(described, path)) return;
-  if (unlink(path.c_str()) != 0 && errno != ENOENT) throw RunTimeError(FailureNumber::PathFileAccess);
+  RemoveFile(path);
 }
 
 template <class Step>
@@ -71,7 +71,7 @@ HRESULT Attempt(Step&& step) noexcept {
   } catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;
   } catch (...) {
-    return SELFREG_E_CLASS;
+    return FailureCode(FailureAtHand().number());
   }
 }
 
@@ -85,7 +85,7 @@ HRESULT ForEachEntry(std::span<const Class* const> classes, Step&& step) noexcep
       if (folder.empty()) throw RunTimeError(FailureNumber::PathNotFound);
       step(*described, folder / ProgrammaticName(*described));
     });
-    if (FAILED(outcome)) result = outcome;
+    if (SUCCEEDED(result)) result = outcome;
   }
   return result;
 }
@@ -103,7 +103,7 @@ HRESULT Register(std::span<const Class* const> classes) noexcept {
   return ForEachEntry(classes,
                       [library = std::string()](const Class& described, const std::filesystem::path& path) mutable {
                         if (library.empty()) library = NameableLibraryPath();
-                        std::filesystem::create_directories(path.parent_path());
+                        MakeFolder(path.parent_path());
                         const std::string entry = Entry(described, library);
                         WriteWholeFile(path, std::as_bytes(std::span(entry)));
                       });

@@ -10,6 +10,7 @@
 #include <cstring>
 #include <filesystem>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "platform/run_time_error.h"
@@ -169,6 +170,16 @@ bool PathExists(const std::string& path) {
   if (lstat(CheckedPath(path), &status) == 0) return true;
   if (errno != ENOENT && errno != ENOTDIR) RefuseFor(errno, path);
   return false;
+}
+
+void MakeFolder(const std::string& path) {
+  std::error_code failed;
+  std::filesystem::create_directories(CheckedPath(path), failed);
+  if (failed) RefuseFor(failed.value(), path);
+}
+
+void RemoveFile(const std::string& path) {
+  if (unlink(CheckedPath(path)) != 0 && errno != ENOENT) RefuseFor(errno, path);
 }
 
 void WriteWholeFile(const std::string& path, std::span<const std::byte> content) {

@@ -57,10 +57,11 @@ struct Carried<std::int32_t> {
 
 template <class T, class... Others>
 inline constexpr bool kIsOneOf = (std::is_same_v<T, Others> || ...);
+template <class T>
+concept AnyCharacter = kIsOneOf<T, char, wchar_t, char8_t, char16_t, char32_t>;
 /// An integer of another type than the library's own. Characters are none, and a byte is a value of its own.
 template <class T>
-concept OtherInteger =
-    std::integral<T> && !kIsOneOf<T, std::int32_t, std::uint8_t, bool, char, wchar_t, char8_t, char16_t, char32_t>;
+concept OtherInteger = std::integral<T> && !AnyCharacter<T> && !kIsOneOf<T, std::int32_t, std::uint8_t, bool>;
 /// Raises DISP_E_OVERFLOW if the integer does not fit.
 template <OtherInteger I>
 std::int32_t FittingLong(I value) {

@@ -83,10 +83,14 @@ inline std::string EntryText(const std::string& path) {
   return text;
 }
 
-/// What stands behind a key in the entry of a class; empty if nothing does. Raises 429 for an entry that cannot be
-/// read.
+/// What stands behind a key in the entry of a class; empty if nothing does. Raises 429 for what names no class, and for
+/// an entry that cannot be read.
 inline std::string EntryValue(std::string_view name, std::string_view key) {
-  const std::string path = NamesClass(name) ? EntryPath(name) : std::string();
+  if (!NamesClass(name)) {
+    throw Failure(kCannotCreateObject,
+                  "'" + std::string(name) + "' is not the name of a class, as in ZEFComponents.CSession.");
+  }
+  const std::string path = EntryPath(name);
   const std::string text = path.empty() ? path : EntryText(path);
   for (std::string_view rest = text; !rest.empty();) {
     const std::string_view line = rest.substr(0, rest.find('\n'));

@@ -18,6 +18,7 @@ inline namespace automation {
 
 /// Loads a library, whose handle the caller closes. Raises 53 with the system's own reason if it cannot be loaded.
 inline void* OpenLibrary(const std::string& path) {
+  if (path.empty()) throw Failure(kFileNotFound, "No library is named.");  // else it would be the program itself
   std::error_code unknown;
   const std::filesystem::file_status status = std::filesystem::status(path, unknown);
   if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {  // a pipe would hold us up

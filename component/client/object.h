@@ -68,22 +68,22 @@ class Object {
   /// Reads a property, which may have arguments.
   template <class T = Value, class... Arguments>
   T Get(std::string_view name, const Arguments&... arguments) const {
-    return automation::Call<T>(get(), Number(name), DISPATCH_PROPERTYGET, Passed(arguments)...);
+    return Use<T>(name, DISPATCH_PROPERTYGET, arguments...);
   }
   /// Assigns a value.
   template <class T>
   void Let(std::string_view name, const T& value) const {
-    automation::Call<void>(get(), Number(name), DISPATCH_PROPERTYPUT, Passed(value));
+    Use<void>(name, DISPATCH_PROPERTYPUT, value);
   }
   /// Assigns an object.
   template <class C>
   void Set(std::string_view name, const C& object) const {
-    automation::Call<void>(get(), Number(name), DISPATCH_PROPERTYPUTREF, Passed(object));
+    Use<void>(name, DISPATCH_PROPERTYPUTREF, object);
   }
   /// Calls a method.
   template <class T = void, class... Arguments>
   T Call(std::string_view name, const Arguments&... arguments) const {
-    return automation::Call<T>(get(), Number(name), DISPATCH_METHOD, Passed(arguments)...);
+    return Use<T>(name, DISPATCH_METHOD, arguments...);
   }
 
   /// The elements of a collection.
@@ -94,7 +94,18 @@ class Object {
   static void Release(IDispatch* object) {
     if (object != nullptr) object->Release();
   }
-  DISPID Number(std::string_view name) const {
+  /// A call whose refusal names the member.
+  template <class T, class... Arguments>
+  T Use(std::string_view name, WORD flags, const Arguments&... arguments) const {
+    const DISPID number = NumberOf(name);
+    try {
+      return automation::Call<T>(get(), number, flags, Passed(arguments)...);
+    } catch (const Failure& failure) {
+      if (!IsRefusal(failure.number())) throw;
+      throw Failure(failure.number(), std::string(name) + ": " + failure.what());
+    }
+  }
+  DISPID NumberOf(std::string_view name) const {
     RequireObject(get());
     std::u16string units = ToUtf16(name);
     LPOLESTR text = units.data();

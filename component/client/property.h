@@ -55,13 +55,10 @@ struct ReadOnlyProperty {
       return Pointed<T>{get()};
     }
   }
-  /// The elements of a collection. The object that has the property must stay until the walk has begun.
-  template <class C = T>
-  requires(AnyObject<C>&& requires(const C& collection) { collection.begin(); }) auto begin() const {
-    return get().begin();
-  }
-  template <class C = T>
-  requires(AnyObject<C>&& requires(const C& collection) { collection.end(); }) auto end() const { return get().end(); }
+  /// To walk over a collection write `.get()`, as in `for (auto error : connection.Errors.get())`: `for` does not keep
+  /// what the property belongs to, so the property itself might be gone before the walk begins.
+  void begin() const = delete;
+  void end() const = delete;
 
   // Numbers compare by themselves.
 
@@ -119,13 +116,19 @@ struct Property : ReadOnlyProperty<T, Id> {
     return *this = other.get();
   }
 
-  // Of texts and integers, as a read and a let.
+  // Of texts and integers, as a read and a let. A sum that does not fit raises DISP_E_OVERFLOW.
 
-  template <class V = T>
-  requires(kIsOneOf<V, std::string, std::int32_t>) Property& operator+=(Given value) { return *this = *this + value; }
+  template <std::same_as<std::string> V = T>
+  Property& operator+=(Given text) {
+    return *this = *this + text;
+  }
+  template <std::same_as<std::int32_t> V = T>
+  Property& operator+=(Given value) {
+    return *this = Wide() + value;
+  }
   template <std::same_as<std::int32_t> V = T>
   Property& operator-=(Given value) {
-    return *this = *this - value;
+    return *this = Wide() - value;
   }
   template <std::same_as<std::int32_t> V = T>
   Property& operator|=(Given bits) {
@@ -135,7 +138,13 @@ struct Property : ReadOnlyProperty<T, Id> {
   Property& operator&=(Given bits) {
     return *this = *this & bits;
   }
+
+ private:
+  std::int64_t Wide() const { return this->get(); }
 };
+
+// The typed classes read the reference through any member of a union, which this allows.
+static_assert(std::is_standard_layout_v<Reference> && std::is_standard_layout_v<Property<std::string, 0>>);
 
 }  // namespace automation
 }  // namespace zef

@@ -51,8 +51,8 @@ std::string GivenTypeName(const Type& type) {
   switch (type.kind) {
     case VT_BSTR: return fmt::format("const {}&", FullName("Text"));
     case VT_VARIANT: return fmt::format("const {}&", FullName("AnyValue"));
-    case VT_I4:
-    case VT_BOOL:
+    case VT_I4: return type.name.empty() ? FullName("Number") : TypeName(type);
+    case VT_BOOL: return FullName("Truth");
     case VT_DATE: return TypeName(type);
     default: return fmt::format("const {}&", TypeName(type));
   }

@@ -28,6 +28,19 @@ def RegisteredLibrary(name):
 
     Raises Failure 429 if the class is not registered, 53 if the library is not where it was registered.
     """
+    entry, library = registered(name)
+    if not os.path.exists(library):
+        raise unusable(entry, library, "It is not there.")
+    return library
+
+
+def unusable(entry, library, reason):
+    return Failure(OBJECT_FILE_MISSING, f"The entry {entry} names the library {library}, which cannot be used; "
+                                        f"register it from where it is now. {reason}")
+
+
+def registered(name):
+    """The path of a class's entry, and of the library that it names. Raises Failure 429 if there is none."""
     check_class_name(name)
     if not re.fullmatch(r"\w+\.\w+", name):
         raise Failure(CANNOT_CREATE, f"{name!r} is not the name of a class, as in ZEFComponents.CSession.")
@@ -35,10 +48,7 @@ def RegisteredLibrary(name):
     library = _library_in(path) if path else None
     if library is None:
         raise Failure(CANNOT_CREATE, f"{name} is not registered; register its library first, as in \"zef register\".")
-    if not os.path.exists(library):
-        raise Failure(OBJECT_FILE_MISSING, f"The entry {path} names the library {library}, which is not there. "
-                                           "Register it from its new place.")
-    return library
+    return path, library
 
 
 def _library_in(path):

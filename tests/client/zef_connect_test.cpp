@@ -50,13 +50,28 @@ TEST_F(ZefConnectTest, UnknownProviderIsRefused) {
 }
 
 #ifdef ZEF_POSTGRESQL
-TEST_F(ZefConnectTest, MissingClientLibraryOfTheServerIsTold) {
+class ZefClientLibraryTest : public ZefTest {
+ protected:
+  /// Connects with the library that the test has put into its folder.
+  Ended Connect() {
+    const std::vector<std::string> words{"LD_LIBRARY_PATH=" + folder().string(), ZEF_BINARY, "info", "--connect",
+                                         "Provider=PostgreSQL;Host=/nowhere;Database=none"};
+    return RunProgram(folder(), "env", words);
+  }
+};
+
+TEST_F(ZefClientLibraryTest, OfTheServerThatCannotBeLoadedIsTold) {
   std::ofstream(File("libpq.so.5")) << "no library";
-  const std::vector<std::string> words{"LD_LIBRARY_PATH=" + folder().string(), ZEF_BINARY, "info", "--connect",
-                                       "Provider=PostgreSQL;Host=none;Database=none"};
-  const Ended run = RunProgram(folder(), "env", words);
+  const Ended run = Connect();
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.err, StartsWith("zef: The client library of the server cannot be loaded: " + folder().string()));
+}
+
+TEST_F(ZefClientLibraryTest, OfTheServerThatLacksAFunctionIsTold) {
+  std::filesystem::copy_file(ZEF_LIBRARY, File("libpq.so.5"));
+  const Ended run = Connect();
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, "zef: The client library of the server is too old: it has no PQconnectdbParams.\n");
 }
 #endif
 

@@ -123,6 +123,15 @@ TEST_F(CallTest, IntegerBeyond32BitsIsRefusedAsAValue) {
   }
 }
 
+TEST_F(CallTest, IntegerBeyond32BitsIsRefusedAsAnArgument) {
+  const std::int32_t id = RootFolders().ItemByIdx(1).ID;
+  EXPECT_EQ(Raised([&] { session_.DeleteFolder(std::int64_t{id} + (std::int64_t{1} << 32)); }).number(),
+            DISP_E_OVERFLOW);
+  EXPECT_TRUE(session_.GetFolder(id));
+}
+
+static_assert(!std::is_constructible_v<AnyValue, char> && std::is_constructible_v<AnyValue, std::uint8_t>);
+
 TEST_F(CallTest, ColumnTakesWhatAColumnHolds) {
   const Recordset records = NewRow("T_Number Long, T_Text Memo");
   const Fields fields = records.Fields;

@@ -48,9 +48,26 @@ TEST_F(RegistryTest, ObjectIsCreatedByTheNameOfItsClass) {
 }
 
 TEST_F(RegistryTest, NameThatIsNotRegisteredRaises429) {
-  for (const char* name : {"ZEFComponents.CNone", "", "../ZEFComponents.CTask"}) {
-    EXPECT_EQ(Raised([&] { CreateObject(name); }).number(), 429) << name;
+  EXPECT_EQ(Raised([] { CreateObject("ZEFComponents.CNone"); }).number(), 429);
+}
+
+TEST_F(RegistryTest, TextThatNamesNoClassLeadsToNoEntry) {
+  const std::string entry = EntryPath("ZEFComponents.CTask");
+  std::filesystem::copy_file(entry, folder_ / "ZEFComponents.CTask");
+  std::filesystem::copy_file(entry, folder_ / "components" / "CTask");
+  for (const std::string name : {"", "CTask", "../ZEFComponents.CTask"}) {
+    const Failure failure = Raised([&] { CreateObject(name); });
+    EXPECT_EQ(failure.number(), 429) << name;
+    EXPECT_THAT(failure.what(), HasSubstr("'" + name + "' is not the name of a class"));
   }
+}
+
+TEST_F(RegistryTest, FileInPlaceOfTheRegistryRegistersNothing) {
+  std::filesystem::remove_all(folder_ / "components");
+  std::ofstream(folder_ / "components") << "a file";
+  const Failure failure = Raised([] { CreateObject("ZEFComponents.CTask"); });
+  EXPECT_EQ(failure.number(), 429);
+  EXPECT_THAT(failure.what(), HasSubstr("is not registered"));
 }
 
 TEST_F(RegistryTest, EntryWithoutAnIdentifierRaises429) {
@@ -139,6 +156,10 @@ TEST_F(RegistryTest, FailedCreationCanBeTriedAgain) {
 
 TEST(LibraryTest, FileThatIsNoLibraryIsTold) {
   EXPECT_EQ(Raised([] { Library("/etc/passwd"); }).number(), 53);
+}
+
+TEST(LibraryTest, EmptyPathIsTold) {
+  EXPECT_STREQ(Raised([] { Library(""); }).what(), "No library is named.");
 }
 
 TEST(LibraryTest, LibraryOfAnotherKindIsTold) {

@@ -113,6 +113,55 @@ TEST_F(ObjectTest, VariableInARefGetsWhatTheMemberLeavesInIt) {
   EXPECT_EQ(version, "9.2.4");
 }
 
+TEST_F(ObjectTest, FailureIsToldThoughAVariableIsTooNarrow) {
+  const Connection connection = session_.conDBConnection;
+  connection.Execute("UPDATE Folders SET FLD_ID=70000 WHERE FLD_ID=1");
+  short id = -7;
+  std::int32_t folder = -8;
+  const Failure failure = Raised([&] {
+    session.Call<bool>("GetObjectID", "SELECT FLD_ID AS ID FROM Folders WHERE FLD_ID=70000", std::ref(id),
+                       std::ref(folder));
+  });
+  EXPECT_EQ(failure.number(), 3265);
+  EXPECT_EQ(id, -7);
+}
+
+TEST_F(ObjectTest, VariableThatIsTooNarrowRaises6) {
+  std::int8_t id = 0;
+  EXPECT_EQ(Raised([&] { session.Call<int>("GetUniqueIDFromSeq", 1, std::ref(id), 1000); }).number(), 6);
+  EXPECT_EQ(id, 0);
+}
+
+TEST_F(ObjectTest, ValueInARefGetsWhatTheMemberLeaves) {
+  Value version = std::string();
+  Value kind = std::string();
+  EXPECT_TRUE(session.Call<bool>("GetDBInfo", std::ref(version), std::ref(kind)));
+  EXPECT_EQ(version, Value("9.2.4"));
+  Value id = 0;
+  EXPECT_EQ(session.Call<int>("GetUniqueIDFromSeq", 1, std::ref(id)), 1);
+  EXPECT_GT(std::get<std::int32_t>(id), 0);
+}
+
+TEST_F(ObjectTest, EmptyValueInARefGetsWhatTheMemberLeaves) {
+  Value version;
+  Value kind;
+  EXPECT_TRUE(session.Call<bool>("GetDBInfo", std::ref(version), std::ref(kind)));
+  EXPECT_EQ(version, Value("9.2.4"));
+}
+
+TEST_F(ObjectTest, TableInARefGetsWhatTheMemberLeaves) {
+  contact.Let("LastName", "O'Neil");
+  Rows rows;
+  std::int32_t count = 0;
+  ASSERT_TRUE(contact.Call<bool>("GetFieldsArray", FN_SERIALIZE, std::ref(rows), std::ref(count)));
+  EXPECT_THAT(rows, testing::Contains(testing::Contains("O'Neil")));
+}
+
+TEST_F(ObjectTest, WalkIsNoValue) {
+  const Object folders(RootFolders());
+  EXPECT_EQ(Raised([&] { folders.Get("NewEnum"); }).number(), 13);
+}
+
 TEST_F(ObjectTest, NullAndBytesGoIntoAColumn) {
   const Object records(NewRow("T_Bytes LongBinary, T_Text Memo"));
   const Object fields = records.Get<Object>("Fields");
@@ -142,6 +191,29 @@ TEST_F(ObjectTest, UnknownNameIsTold) {
   const Failure failure = Raised([&] { contact.Get("Shoesize"); });
   EXPECT_EQ(failure.number(), DISP_E_UNKNOWNNAME);
   EXPECT_STREQ(failure.what(), "The object has no member 'Shoesize'");
+}
+
+TEST_F(ObjectTest, RefusalTellsMemberAndArgument) {
+  using Text = std::string;
+  const auto told = [](auto&& run) { return Text(Raised(run).what()); };
+  EXPECT_EQ(told([&] { session.Call("GetFolder", "many"); }),
+            "GetFolder: Argument 1 is of a type that does not convert");
+  EXPECT_EQ(told([&] { session.Call("LoadTasks4Folder", Built().Create<CTasks>(), "many"); }),
+            "LoadTasks4Folder: Argument 2 is of a type that does not convert");
+  EXPECT_EQ(told([&] { contact.Let("FolderID", "many"); }), "FolderID: The value is of a type that does not convert");
+  EXPECT_EQ(told([&] { contact.Let("BirthDate", Date{1e9}); }), "BirthDate: The value is out of the range of its type");
+  EXPECT_EQ(told([&] { contact.Let("FolderID", std::int64_t{1} << 32); }),
+            "FolderID: An argument is out of the range of its type");
+  EXPECT_EQ(told([&] { session.Call("GetFolder"); }), "GetFolder: The member takes another number of arguments");
+}
+
+TEST_F(ObjectTest, MemberOfAnotherUseIsTold) {
+  EXPECT_STREQ(Raised([&] { session.Let("TransactionStarted", true); }).what(),
+               "TransactionStarted: The object has no such member, or none to be used in this way");
+}
+
+TEST_F(ObjectTest, WalkOverARecordIsRefused) {
+  EXPECT_STREQ(Raised([&] { contact.begin(); }).what(), "The object is no collection");
 }
 
 TEST_F(ObjectTest, FailureIsThatOfATypedCall) {

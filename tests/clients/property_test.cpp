@@ -104,6 +104,52 @@ TEST_F(PropertyTest, TextsAreJoined) {
   EXPECT_EQ(contact.FirstName + contact.LastName, "AnnLee");
 }
 
+TEST_F(PropertyTest, IntegerBeyond32BitsIsRefused) {
+  CTask task = session_.CreateTask();
+  task.Completed = 7;
+  for (const std::int64_t wide : {std::int64_t{4294967297}, std::int64_t{2147483648}, std::int64_t{-2147483649}}) {
+    EXPECT_EQ(Raised([&] { task.Completed = wide; }).number(), DISP_E_OVERFLOW) << wide;
+  }
+  EXPECT_EQ(Raised([&] { task.Completed = 4294967295u; }).number(), DISP_E_OVERFLOW);
+  EXPECT_EQ(task.Completed, 7);
+}
+
+TEST_F(PropertyTest, IntegerOfAnyTypeIsAssignedInTheRangeOf32Bits) {
+  CTask task = session_.CreateTask();
+  for (const std::int64_t value : {std::int64_t{2147483647}, std::int64_t{-2147483648}, std::int64_t{0}}) {
+    task.Completed = value;
+    EXPECT_EQ(task.Completed, value);
+  }
+  task.Completed = std::uint8_t{200};
+  EXPECT_EQ(task.Completed, 200);
+  task.Completed = FT_TASKS;
+  EXPECT_EQ(task.Completed, FT_TASKS);
+}
+
+TEST_F(PropertyTest, SumBeyond32BitsIsRefused) {
+  CTask task = session_.CreateTask();
+  task.Completed = 2147483647;
+  EXPECT_EQ(Raised([&] { task.Completed += 1; }).number(), DISP_E_OVERFLOW);
+  EXPECT_EQ(task.Completed, 2147483647);
+}
+
+template <class Property, class Given>
+constexpr bool kTakes = std::is_assignable_v<Property&, Given>;
+using Integer = decltype(CTask::Completed);
+using Boolean = decltype(CFolder::Protected);
+
+static_assert(kTakes<Integer, std::int64_t> && kTakes<Integer, Integer&> && kTakes<Boolean, bool> &&
+              kTakes<Boolean, Boolean&>);
+static_assert(!kTakes<Integer, double> && !kTakes<Integer, char> && !kTakes<Integer, bool> &&
+              !kTakes<Integer, Boolean&>);
+static_assert(!kTakes<Boolean, const char*> && !kTakes<Boolean, int> && !kTakes<Boolean, std::nullptr_t>);
+
+TEST_F(PropertyTest, PathIsATextToo) {
+  CContact contact = session_.CreateContact();
+  contact.FirstName = std::filesystem::path("/home/ann");
+  EXPECT_EQ(contact.FirstName, "/home/ann");
+}
+
 TEST_F(PropertyTest, IsChangedInItsPlace) {
   CContact contact = session_.CreateContact();
   contact.FirstName = "Ann";

@@ -190,6 +190,18 @@ TEST_F(Unloading, IsPossibleWhenTheThreadThatWorkedLivesOn) {
   }
   EXPECT_FALSE(IsLoaded(path));
 }
+TEST_F(Unloading, IsPossibleAfterAServerWasTried) {
+  Process process([&] {  // what a server needs stays loaded, so it is the business of a process of its own
+    {
+      const Library library(path);
+      const Outcome tried =
+          library.Create("CSession").Call("Connect2DatabaseCS", "Provider=PostgreSQL;Host=/nowhere;Database=none");
+      if (tried.result != DISP_E_EXCEPTION) return std::string("connected");
+    }
+    return std::string(IsLoaded(path) ? "still loaded" : "gone");
+  });
+  EXPECT_EQ(process.Result(), "gone");
+}
 TEST_F(Unloading, IsPossibleWhenTheThreadThatWorkedHasEnded) {
   {
     const Library library(path);
