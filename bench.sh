@@ -8,4 +8,12 @@ cd "$(dirname "$0")"
 ./setup.sh bench
 cmake --preset bench
 cmake --build --preset bench
+
+# A server of their own for the rows on one; it ends with this script.
+if ls /usr/lib/postgresql/*/bin/postgres >/dev/null 2>&1; then
+  ZEF_BENCH_SERVER=/tmp/zef-bench-server-$$
+  export ZEF_BENCH_SERVER
+  tests/support/server.sh start "$ZEF_BENCH_SERVER" $$
+  trap 'tests/support/server.sh stop "$ZEF_BENCH_SERVER"' EXIT
+fi
 build/bench/zef_bench "$@"

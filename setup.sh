@@ -5,8 +5,8 @@
 set -euo pipefail
 
 packages_build=(cmake g++ ninja-build ccache pkg-config libicu-dev libboost-dev libfmt-dev libcli11-dev libpq-dev)
-packages_test=(libgtest-dev libgmock-dev sqlite3 python3 valgrind postgresql-15)
-packages_bench=(libbenchmark-dev libical-dev)
+packages_test=(libgtest-dev libgmock-dev sqlite3 python3 valgrind postgresql-15 openssl)
+packages_bench=(libbenchmark-dev libical-dev postgresql-15)
 packages_fuzz=(clang-14 libclang-rt-14-dev)
 # No libpq and no ICU can be had for the cross compiler; libwine-dev has the texts that a type library imports.
 packages_windows=(g++-mingw-w64-x86-64-posix mingw-w64-tools wine64 libwine-dev googletest)

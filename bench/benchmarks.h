@@ -17,5 +17,7 @@ void RegisterMemory(World& world);
 void RegisterTrees(World& world);
 void RegisterUpgrades(World& world);
 void RegisterComponent(World& world);
+/// The rows on a server, if there is one and the library was built for it.
+void RegisterServer(World& world);
 
 }  // namespace zef::bench

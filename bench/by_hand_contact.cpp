@@ -1,38 +1,12 @@
 #include "bench/by_hand_contact.h"
 
-#include <fmt/format.h>
-
 #include <tuple>
+
+#include "bench/contact_statements.h"
+#include "bench/statement_texts.h"
 
 namespace zef::bench {
 namespace {
-
-constexpr int kNumbers = 3;
-constexpr int kDates = 4;
-constexpr int kTexts = static_cast<int>(kTextColumns.size());
-
-std::string Columns() {
-  std::string columns =
-      "CNT_ID, CNT_FolderID, CNT_CategoryID, CNT_BirthDate, CNT_Anniversary, CNT_LastMeetingDate, CNT_DateLastUpdate";
-  for (const char* name : kTextColumns) columns.append(", CNT_").append(name);
-  return columns;
-}
-
-std::string InsertText() {
-  std::string values = "?1";
-  for (int i = 2; i <= kNumbers + kDates + kTexts; ++i) values += fmt::format(", ?{}", i);
-  return "INSERT INTO Contacts (" + Columns() + ") VALUES (" + values + ")";
-}
-
-std::string UpdateText() {
-  std::string text =
-      "UPDATE Contacts SET CNT_ID=?1, CNT_FolderID=?2, CNT_CategoryID=?3, CNT_BirthDate=?4, CNT_Anniversary=?5, "
-      "CNT_LastMeetingDate=?6, CNT_DateLastUpdate=?7";
-  for (int i = 0; i < kTexts; ++i) {
-    text += fmt::format(", CNT_{}=?{}", kTextColumns[static_cast<std::size_t>(i)], kNumbers + kDates + i + 1);
-  }
-  return text + " WHERE CNT_ID=?1";
-}
 
 void Read(sqlite3_stmt* row, HandContact& contact) {
   contact.id = sqlite3_column_int(row, 0);
@@ -42,8 +16,8 @@ void Read(sqlite3_stmt* row, HandContact& contact) {
   contact.anniversary = sqlite3_column_double(row, 4);
   contact.last_meeting_date = sqlite3_column_double(row, 5);
   contact.date_last_update = sqlite3_column_double(row, 6);
-  for (int i = 0; i < kTexts; ++i) {
-    const int column = kNumbers + kDates + i;
+  for (int i = 0; i < kTextCount; ++i) {
+    const int column = kContactNumbers + kContactDates + i;
     std::string& text = contact.texts[static_cast<std::size_t>(i)];
     const unsigned char* value = sqlite3_column_text(row, column);
     if (value == nullptr) {
@@ -68,8 +42,8 @@ std::string HandContact::FullName() const {
 
 HandContactReader::HandContactReader(const HandDatabase& db)
     : db_(db),
-      one_(db.Prepare("SELECT " + Columns() + " FROM Contacts WHERE CNT_ID=?1")),
-      many_(db.Prepare("SELECT " + Columns() + " FROM Contacts WHERE CNT_ID>=?1")),
+      one_(db.Prepare("SELECT " + ContactColumns() + " FROM Contacts WHERE CNT_ID=?1")),
+      many_(db.Prepare("SELECT " + ContactColumns() + " FROM Contacts WHERE CNT_ID>=?1")),
       phone_(db.Prepare("SELECT CNT_ID FROM Contacts WHERE CNT_Phone=?1 OR CNT_MobilePhone=?1 OR CNT_WorkPhone=?1 OR "
                         "CNT_WorkFax=?1")) {}
 
@@ -113,10 +87,10 @@ std::int32_t HandContactReader::FindPhone(const std::string& number) const {
 
 HandContactWriter::HandContactWriter(const HandDatabase& db)
     : db_(db),
-      insert_(db.Prepare(InsertText())),
-      update_(db.Prepare(UpdateText())),
-      select_folder_(db.Prepare("SELECT FLD_ID FROM Folders WHERE FLD_Protected=1 AND FLD_Name=?1")),
-      delete_events_(db.Prepare("DELETE FROM Events WHERE EVE_Type=?1 AND EVE_LinkID=?2 AND EVE_FolderID=?3")) {}
+      insert_(db.Prepare(InsertContactText())),
+      update_(db.Prepare(UpdateContactText())),
+      select_folder_(db.Prepare(kSelectProtectedFolder)),
+      delete_events_(db.Prepare(kDeleteDateEvents)) {}
 
 void HandContactWriter::Bind(const HandStatement& statement, const HandContact& contact) const {
   sqlite3_stmt* row = statement.get();
@@ -127,16 +101,18 @@ void HandContactWriter::Bind(const HandStatement& statement, const HandContact& 
   sqlite3_bind_double(row, 5, contact.anniversary);
   sqlite3_bind_double(row, 6, contact.last_meeting_date);
   sqlite3_bind_double(row, 7, NowByHand());
-  for (int i = 0; i < kTexts; ++i) {
+  for (int i = 0; i < kTextCount; ++i) {
     const std::string& text = contact.texts[static_cast<std::size_t>(i)];
-    sqlite3_bind_text(row, kNumbers + kDates + i + 1, text.data(), static_cast<int>(text.size()), SQLITE_STATIC);
+    sqlite3_bind_text(row, kContactNumbers + kContactDates + i + 1, text.data(), static_cast<int>(text.size()),
+                      SQLITE_STATIC);
   }
 }
 
 void HandContactWriter::Insert(const HandContact& contact) const {
   Bind(insert_, contact);
-  for (int i = 0; i < kTexts; ++i) {
-    if (contact.texts[static_cast<std::size_t>(i)].empty()) sqlite3_bind_null(insert_.get(), kNumbers + kDates + i + 1);
+  for (int i = 0; i < kTextCount; ++i) {
+    if (contact.texts[static_cast<std::size_t>(i)].empty())
+      sqlite3_bind_null(insert_.get(), kContactNumbers + kContactDates + i + 1);
   }
   db_.Run(insert_);
 }

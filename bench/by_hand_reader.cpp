@@ -1,21 +1,8 @@
 #include "bench/by_hand.h"
+#include "bench/statement_texts.h"
 
 namespace zef::bench {
 namespace {
-
-constexpr char kFolder[] =
-    "SELECT FLD_ID, FLD_ParentID, FLD_Options, FLD_Name, FLD_Description, FLD_Type, FLD_DateLastUpdate, FLD_Protected "
-    "FROM Folders WHERE ";
-constexpr char kEvent[] =
-    "SELECT EVE_ID, EVE_FolderID, EVE_CategoryID, EVE_NotificationID, EVE_RecurrenceID, EVE_ContactID, EVE_Text, "
-    "EVE_Location, EVE_StartDate, EVE_EndDate, EVE_Reminder, EVE_DateLastUpdate, EVE_Type, EVE_LinkID "
-    "FROM Events WHERE ";
-constexpr char kRule[] =
-    "SELECT REC_ID, REC_Type, REC_OccurencesNo, REC_Options1, REC_Options2, REC_SubType, REC_Day, REC_Month, "
-    "REC_WeekNumber, REC_EndDate FROM Recurrences WHERE REC_ID=?1";
-constexpr char kNotification[] =
-    "SELECT NTF_ID, NTF_Subject, NTF_Message, NTF_Email, NTF_CC, NTF_BCC, NTF_Type, NTF_Status, NTF_SendingDate "
-    "FROM Notifications WHERE NTF_ID=?1";
 
 std::string Text(sqlite3_stmt* row, int column) {
   const unsigned char* text = sqlite3_column_text(row, column);
@@ -74,12 +61,12 @@ auto GetOne(const HandDatabase& db, const HandStatement& statement, std::int32_t
 
 HandReader::HandReader(const HandDatabase& db)
     : db_(db),
-      folder_(db.Prepare(std::string(kFolder) + "FLD_ID=?1")),
-      folders_(db.Prepare(std::string(kFolder) + "FLD_Protected=?1 ORDER BY FLD_Name COLLATE NOCASE")),
-      event_(db.Prepare(std::string(kEvent) + "EVE_ID=?1")),
-      events_(db.Prepare(std::string(kEvent) + "EVE_Reminder>=?1")),
-      rule_(db.Prepare(kRule)),
-      notification_(db.Prepare(kNotification)) {}
+      folder_(db.Prepare(std::string(kSelectFolders) + "FLD_ID=?1")),
+      folders_(db.Prepare(std::string(kSelectFolders) + "FLD_Protected=?1 ORDER BY FLD_Name COLLATE NOCASE")),
+      event_(db.Prepare(std::string(kSelectEvents) + "EVE_ID=?1")),
+      events_(db.Prepare(std::string(kSelectEvents) + "EVE_Reminder>=?1")),
+      rule_(db.Prepare(kSelectRule)),
+      notification_(db.Prepare(kSelectNotification)) {}
 
 std::unique_ptr<HandFolder> HandReader::GetFolder(std::int32_t id) const {
   return GetOne(db_, folder_, id, ReadFolder);
@@ -122,7 +109,7 @@ HandEvents HandReader::LoadEvents(std::int32_t reminder) const {
 }
 
 HandEvents HandReader::LoadEventsWhere(const std::string& condition) const {
-  return ReadEvents(db_.Prepare(kEvent + condition, false));
+  return ReadEvents(db_.Prepare(kSelectEvents + condition, false));
 }
 
 }  // namespace zef::bench

@@ -3,26 +3,12 @@
 #include <variant>
 
 #include "bench/by_hand.h"
+#include "bench/statement_texts.h"
 
 namespace zef::bench {
 namespace {
 
 constexpr std::int32_t kEventSequence = 4;
-
-constexpr char kUpdateEvent[] =
-    "UPDATE Events SET EVE_ID=?1, EVE_FolderID=?2, EVE_CategoryID=?3, EVE_NotificationID=?4, EVE_RecurrenceID=?5, "
-    "EVE_ContactID=?6, EVE_Text=?7, EVE_StartDate=?8, EVE_Reminder=?9, EVE_DateLastUpdate=?10, EVE_Location=?11, "
-    "EVE_EndDate=?12, EVE_Type=?13, EVE_LinkID=?14 WHERE EVE_ID=?1";
-constexpr char kInsertEvent[] =
-    "INSERT INTO Events (EVE_ID, EVE_FolderID, EVE_CategoryID, EVE_NotificationID, EVE_RecurrenceID, EVE_ContactID, "
-    "EVE_Text, EVE_StartDate, EVE_Reminder, EVE_DateLastUpdate, EVE_EndDate, EVE_Type, EVE_LinkID) "
-    "VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13)";
-constexpr char kInsertTask[] =
-    "INSERT INTO Tasks (TSK_ID, TSK_FolderID, TSK_RecurrenceID, TSK_NotificationID, TSK_CategoryID, TSK_Priority, "
-    "TSK_StatusID, TSK_Name, TSK_Description, TSK_DueDate, TSK_StartDate, TSK_AssignedTo, TSK_Completed, "
-    "TSK_DateCompleted, TSK_DateLastUpdate) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13, ?14, ?15)";
-constexpr char kSelectFolder[] =
-    "SELECT FLD_ID FROM Folders WHERE FLD_Protected=1 AND FLD_Name='Tasks Due Dates' COLLATE NOCASE";
 
 int Bind(sqlite3_stmt* statement, int number, std::int32_t value) { return sqlite3_bind_int(statement, number, value); }
 int Bind(sqlite3_stmt* statement, int number, double value) { return sqlite3_bind_double(statement, number, value); }
@@ -52,12 +38,12 @@ HandWriter::HandWriter(const HandDatabase& db)
       commit_(db.Prepare("COMMIT")),
       savepoint_(db.Prepare("SAVEPOINT draw")),
       release_(db.Prepare("RELEASE draw")),
-      select_sequence_(db.Prepare("SELECT SEQ_Value FROM Sequences WHERE SEQ_ID=?1")),
-      update_sequence_(db.Prepare("UPDATE Sequences SET SEQ_Value=?1 WHERE SEQ_ID=?2")),
+      select_sequence_(db.Prepare(kSelectSequence)),
+      update_sequence_(db.Prepare(kUpdateSequence)),
       update_event_(db.Prepare(kUpdateEvent)),
       insert_event_(db.Prepare(kInsertEvent)),
       insert_task_(db.Prepare(kInsertTask)),
-      select_folder_(db.Prepare(kSelectFolder)) {}
+      select_folder_(db.Prepare(kSelectDueDatesFolder)) {}
 
 std::int32_t HandWriter::DrawInside(std::int32_t sequence) const {
   BindAll(select_sequence_, sequence);

@@ -1,7 +1,5 @@
 #include "bench/component_side.h"
 
-#include <dlfcn.h>
-
 #include <ZEFComponents.hpp>
 #include <stdexcept>
 
@@ -47,21 +45,12 @@ std::uint64_t ComponentSide::LoadAndRead() const {
   return sum;
 }
 
-void ComeAndGo(const std::string& database) {
-  void* const handle = dlopen(ZEF_LIBRARY, RTLD_NOW | RTLD_LOCAL);
-  if (handle == nullptr) throw std::runtime_error(dlerror());
-  {
-    auto* const get = reinterpret_cast<GetClassObjectFunction*>(dlsym(handle, "DllGetClassObject"));
-    void* factory = nullptr;
-    void* session = nullptr;
-    get(CSession::kClassIdentifier, IID_IClassFactory, &factory);
-    static_cast<IClassFactory*>(factory)->CreateInstance(nullptr, IID_IDispatch, &session);
-    static_cast<IClassFactory*>(factory)->Release();
-    const CSession owned(static_cast<IDispatch*>(session));
-    owned.Connect2Database(database, "", "");
-    owned.DisconnectFromDatabase();
-  }
-  dlclose(handle);
+std::uint64_t ComponentSide::LoadAndReadByName() const {
+  const Object contacts(objects_->library.Create<CContacts>());
+  Object(objects_->session).Call("LoadContactsWithCriteria", contacts, "");
+  std::uint64_t sum = 0;
+  for (const Object& contact : contacts) sum += static_cast<std::uint64_t>(contact.Get<std::int32_t>("ID"));
+  return sum;
 }
 
 }  // namespace zef::bench

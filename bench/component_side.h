@@ -18,13 +18,12 @@ class ComponentSide {
   std::uint64_t ReadText(int times) const;
   /// Loads all contacts and reads one property of each; what they add up to.
   std::uint64_t LoadAndRead() const;
+  /// The same, each member looked up by its name at each call.
+  std::uint64_t LoadAndReadByName() const;
 
  private:
   struct Objects;
   std::unique_ptr<Objects> objects_;
 };
-
-/// Loads the library anew, creates a session, connects and disconnects, and lets the library go.
-void ComeAndGo(const std::string& database);
 
 }  // namespace zef::bench

@@ -80,7 +80,10 @@ void Guarded(benchmark::State& state, Measure measure) {
 void RunRow(const Row& row, benchmark::State& state) {
   Times times;
   if (!RunRounds(row, state, times)) throw std::runtime_error("the two sides delivered different results");
-  SetCounters(state, Median(times.ours), Median(times.by_hand), Median(times.ratios), row.target);
+  const bool absolute = row.longest > 0;
+  SetCounters(state, Median(times.ours), Median(times.by_hand), Median(times.ratios),
+              absolute ? row.longest : row.target);
+  if (absolute) state.SetLabel(kSeconds);
 }
 
 }  // namespace

@@ -13,6 +13,10 @@ class Stopwatch {
  public:
   void Start() { started_ = Clock::now(); }
   void Stop() { elapsed_ += Clock::now() - started_; }
+  /// Time that another process has measured.
+  void Add(double seconds) {
+    elapsed_ += std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
+  }
   double Seconds() const { return std::chrono::duration<double>(elapsed_).count(); }
 
  private:
@@ -36,6 +40,7 @@ class Contest {
 struct Row {
   std::string name;
   double target = 0;   ///< the ratio that is allowed; 0 for none
+  double longest = 0;  ///< the seconds that are allowed for one of ours, in place of a ratio; 0 for none
   int operations = 1;  ///< of each side in one round
   int rounds = 1;
   std::function<std::unique_ptr<Contest>(int operations)> make;

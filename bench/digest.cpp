@@ -74,4 +74,15 @@ std::uint64_t DigestOf(const HandEvent& e) {
                         DigestOf(*e.rule), DigestOf(*e.notification));
 }
 
+std::uint64_t DigestOfRows(const HandDatabase& db, const std::string& select) {
+  const HandStatement rows = db.Prepare(select, false);
+  Digest digest;
+  while (db.Step(rows)) {
+    for (int column = 0; column < sqlite3_column_count(rows.get()); ++column) {
+      digest.Add(std::string_view(reinterpret_cast<const char*>(sqlite3_column_text(rows.get(), column))));
+    }
+  }
+  return digest.value();
+}
+
 }  // namespace zef::bench

@@ -34,6 +34,9 @@ std::uint64_t DigestOf(const HandContact& contact);
 std::uint64_t DigestOf(const CTag& tag);
 std::uint64_t DigestOf(const HandTag& tag);
 
+/// All values of the rows of a select, as texts.
+std::uint64_t DigestOfRows(const HandDatabase& db, const std::string& select);
+
 /// All records of a list of pointers, in order.
 template <class Records>
 std::uint64_t DigestOfAll(const Records& records) {

@@ -29,6 +29,9 @@ int Run(int argc, char** argv) {
         zef::bench::RegisterUpgrades, zef::bench::RegisterComponent}) {
     register_rows(world);
   }
+#ifdef ZEF_BENCH_SERVER
+  zef::bench::RegisterServer(world);
+#endif
   zef::bench::TableReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   benchmark::Shutdown();

@@ -12,20 +12,21 @@
 #include "bench/picks.h"
 #include "bench/world.h"
 
-/// Reading the records of a kind one by one and all at once. A kind names its collection `Records`, its `Reader` by
-/// hand and the `kFirst` identifier, and reads with `Get` and `Load` on either side.
+/// Reading the records of a kind one by one and all at once. A kind names its `Side`, its collection
+/// `Records`, its `Reader` by hand and the `kFirst` identifier, and reads with `Get` and `Load` on either side.
 namespace zef::bench {
 
 inline constexpr std::size_t kCompared = 16;  ///< records of a round that are compared value by value
 
 /// What both sides read with, on one database.
-template <class Reader>
+template <class Kind>
 struct Readers {
-  explicit Readers(const std::string& path) : session(OpenSession(path)), db(path), reader(db) {}
+  explicit Readers(World& world)
+      : session(OpenSession(Kind::Side::Reading(world))), db(Kind::Side::Reading(world)), reader(db) {}
 
   Ref<CSession> session;
-  HandDatabase db;
-  Reader reader;
+  typename Kind::Side::Database db;
+  typename Kind::Reader reader;
 };
 
 /// The allocator merges the many small blocks that were let go when the next large one is asked for; so that is done
@@ -36,7 +37,7 @@ inline void SettleHeap() { benchmark::DoNotOptimize(std::make_unique<char[]>(std
 template <class Kind>
 class PickContest final : public Contest {
  public:
-  PickContest(World& world, int picks) : readers_(world.Reading()), picks_(picks), rows_(world.LoadedRows()) {}
+  PickContest(World& world, int picks) : readers_(world), picks_(picks), rows_(world.LoadedRows()) {}
 
   std::uint64_t Ours(int round, Stopwatch& watch) override { return Run(*readers_.session, round, watch); }
   std::uint64_t ByHand(int round, Stopwatch& watch) override { return Run(readers_.reader, round, watch); }
@@ -51,7 +52,7 @@ class PickContest final : public Contest {
     return digest.value();
   }
 
-  Readers<typename Kind::Reader> readers_;
+  Readers<Kind> readers_;
   int picks_;
   std::int32_t rows_;
 };
@@ -61,7 +62,7 @@ class PickContest final : public Contest {
 template <class Kind>
 class LoadContest final : public Contest {
  public:
-  explicit LoadContest(World& world) : readers_(world.Reading()), rows_(static_cast<std::size_t>(world.LoadedRows())) {}
+  explicit LoadContest(World& world) : readers_(world), rows_(static_cast<std::size_t>(world.LoadedRows())) {}
 
   std::uint64_t Ours(int /*round*/, Stopwatch& watch) override {
     SettleHeap();
@@ -86,22 +87,23 @@ class LoadContest final : public Contest {
     if (!complete) throw std::runtime_error("a load did not give the rows that there are");
   }
 
-  Readers<typename Kind::Reader> readers_;
+  Readers<Kind> readers_;
   std::size_t rows_;
 };
 
 template <class Kind>
-void RegisterPicks(World& world, const std::string& name) {
-  Register({.name = name, .target = 1.6, .operations = 400, .rounds = world.Rounds(200), .make = [&](int operations) {
-              return std::make_unique<PickContest<Kind>>(world, operations);
-            }});
+void RegisterPicks(World& world, const std::string& name, double target = 1.6) {
+  Register(
+      {.name = name, .target = target, .operations = 400, .rounds = world.Rounds(200), .make = [&](int operations) {
+         return std::make_unique<PickContest<Kind>>(world, operations);
+       }});
 }
 
 template <class Kind>
-void RegisterLoad(World& world, const std::string& name) {
+void RegisterLoad(World& world, const std::string& name, double target = 1.5) {
   const int rows = world.LoadedRows();
   Register({.name = name + " of " + std::to_string(rows),
-            .target = 1.5,
+            .target = target,
             .operations = rows,
             .rounds = world.Rounds(12),
             .make = [&](int /*operations*/) { return std::make_unique<LoadContest<Kind>>(world); }});

@@ -24,10 +24,11 @@ std::string RatioText(double ratio) { return fmt::format("{:.{}f}", ratio, ratio
 std::string Line(const benchmark::BenchmarkReporter::Run& run) {
   const auto counter = [&](const char* name) { return run.counters.at(name).value; };
   const bool bytes = run.report_label == kBytes;
-  const double measured = counter(bytes ? kOurs : kRatio);
+  const bool absolute = bytes || run.report_label == kSeconds;
+  const double measured = counter(absolute ? kOurs : kRatio);
   const double target = counter(kTarget);
   const auto amount = [&](double value) { return bytes ? fmt::format("{:.0f} B", value) : TimeText(value); };
-  const std::string allowed = target == 0 ? "-" : bytes ? amount(target) : fmt::format("{:.2f}", target);
+  const std::string allowed = target == 0 ? "-" : absolute ? amount(target) : fmt::format("{:.2f}", target);
   const std::string_view verdict = target == 0 ? "" : measured <= target ? "ok" : "missed";
   return fmt::format(kColumns, run.run_name.function_name, amount(counter(kOurs)), amount(counter(kByHand)),
                      RatioText(counter(kRatio)), allowed, verdict);

@@ -1,7 +1,6 @@
 #include <fmt/format.h>
-#include <malloc.h>
 
-#include <fstream>
+#include <filesystem>
 #include <stdexcept>
 
 #include "bench/benchmarks.h"
@@ -9,6 +8,7 @@
 #include "bench/contest.h"
 #include "bench/digest.h"
 #include "bench/older_database.h"
+#include "bench/peak_memory.h"
 
 namespace zef::bench {
 namespace {
@@ -96,34 +96,15 @@ class UpgradeContest final : public Contest {
   OlderDatabase older_;
 };
 
-/// A line of the system's account of this process, in bytes.
-double StatusBytes(const std::string& name) {
-  std::ifstream status("/proc/self/status");
-  for (std::string line; std::getline(status, line);) {
-    if (line.starts_with(name + ":")) return 1024 * std::stod(line.substr(name.size() + 1));
-  }
-  throw std::runtime_error("the system does not tell " + name);
-}
-
-/// How much memory of the process some work takes at its most, in the midst of a statement too.
-template <class Work>
-double PeakOf(Work&& work) {
-  malloc_trim(0);
-  std::ofstream("/proc/self/clear_refs") << "5";  // sets the peak to what is in use now
-  const double before = StatusBytes("VmRSS");
-  work();
-  return StatusBytes("VmHWM") - before;
-}
-
 Amounts PeaksOfUpgrades(std::int32_t contacts) {
   const OlderDatabase older(contacts);
   Amounts peaks;
   {
     const Ref<CSession> session = OpenSession(older.Copy());
-    peaks.ours = PeakOf([&] { UpgradeByLibrary(*session); });
+    peaks.ours = MemoryOf([&] { UpgradeByLibrary(*session); }).peak;
   }
   const HandDatabase db(older.Copy());
-  peaks.by_hand = PeakOf([&] { UpgradeByHand(db); });
+  peaks.by_hand = MemoryOf([&] { UpgradeByHand(db); }).peak;
   return peaks;
 }
 

@@ -23,9 +23,10 @@ const std::string& World::Made(const std::string& name, const Sizes& sizes) {
   return entry->second;
 }
 
-Ref<CSession> OpenSession(const std::string& path) {
+Ref<CSession> OpenSession(const std::string& place) {
   auto session = MakeRef<CSession>();
-  session->Connect2Database(path, "", "");
+  const bool on_server = place.starts_with("Provider=");
+  on_server ? session->Connect2DatabaseCS(place) : session->Connect2Database(place, "", "");
   return session;
 }
 

@@ -64,7 +64,7 @@ class World {
   std::map<std::string, std::string> paths_;
 };
 
-/// A session of the library on a database file, connected.
-Ref<CSession> OpenSession(const std::string& path);
+/// A session of the library, connected with a database file or by a connection string.
+Ref<CSession> OpenSession(const std::string& place);
 
 }  // namespace zef::bench

@@ -2,7 +2,6 @@
 
 #include <stdexcept>
 
-#include "bench/by_hand.h"
 #include "bench/contest.h"
 #include "bench/world.h"
 
@@ -14,15 +13,20 @@ enum class Transaction { Clients, Own };
 
 /// What both sides write with, on one database, and a third connection that looks on, so that neither side has its
 /// pages read for it.
+template <class Side>
 struct Writers {
   explicit Writers(World& world)
-      : session(OpenSession(world.Writing())), db(world.Writing()), reader(db), writer(db), onlooker(world.Writing()) {}
+      : session(OpenSession(Side::Writing(world))),
+        db(Side::Writing(world)),
+        reader(db),
+        writer(db),
+        onlooker(Side::Writing(world)) {}
 
   Ref<CSession> session;
-  HandDatabase db;
-  HandReader reader;
-  HandWriter writer;
-  HandDatabase onlooker;
+  typename Side::Database db;
+  typename Side::Reader reader;
+  typename Side::Writer writer;
+  typename Side::Database onlooker;
 };
 
 inline void Require(bool success) {
@@ -31,9 +35,9 @@ inline void Require(bool success) {
 
 /// A round does all its operations twice: the first pass, not timed, takes in what the other side has written
 /// meanwhile. Emptying the log before keeps that work out of the times.
-template <class Begin, class Work, class Commit>
-void TimeWriting(const Writers& writers, Transaction kind, int operations, Stopwatch& watch, Begin begin, Work work,
-                 Commit commit) {
+template <class Side, class Begin, class Work, class Commit>
+void TimeWriting(const Writers<Side>& writers, Transaction kind, int operations, Stopwatch& watch, Begin begin,
+                 Work work, Commit commit) {
   const bool clients = kind == Transaction::Clients;
   writers.onlooker.Checkpoint();
   if (clients) begin();
@@ -44,16 +48,16 @@ void TimeWriting(const Writers& writers, Transaction kind, int operations, Stopw
   if (clients) commit();
 }
 
-template <class Work>
-void TimeOurs(const Writers& writers, Transaction kind, int operations, Stopwatch& watch, Work work) {
+template <class Side, class Work>
+void TimeOurs(const Writers<Side>& writers, Transaction kind, int operations, Stopwatch& watch, Work work) {
   CSession& session = *writers.session;
   TimeWriting(
       writers, kind, operations, watch, [&] { Require(session.BeginTransaction()); }, work,
       [&] { Require(session.CommitTransaction()); });
 }
 
-template <class Work>
-void TimeByHand(const Writers& writers, Transaction kind, int operations, Stopwatch& watch, Work work) {
+template <class Side, class Work>
+void TimeByHand(const Writers<Side>& writers, Transaction kind, int operations, Stopwatch& watch, Work work) {
   TimeWriting(
       writers, kind, operations, watch, [&] { writers.writer.Begin(); }, work, [&] { writers.writer.Commit(); });
 }

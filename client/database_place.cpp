@@ -12,6 +12,12 @@ void DatabasePlace::PointTo(const std::string& word) {
   (connects ? connection : file) = word;
 }
 
+bool DatabasePlace::IsOnServer() const {
+  std::string text = LowerAscii(connection);
+  std::erase(text, ' ');
+  return text.find("provider=postgresql") != std::string::npos;
+}
+
 std::string DatabasePlace::ConnectionString() const {
   std::string text = IsFile() ? "Provider=SQLite;Data Source=" + Quoted(file, '"') : connection;
   if (!password.empty()) text += ";Password=" + Quoted(password, '"');

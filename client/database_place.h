@@ -14,6 +14,7 @@ struct DatabasePlace {
   void PointTo(const std::string& word);
 
   bool IsFile() const { return connection.empty(); }
+  bool IsOnServer() const;
   /// A password for a file without one is refused.
   bool IsEncrypted() const { return IsFile() && !password.empty(); }
   /// For the library.

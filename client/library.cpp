@@ -27,19 +27,17 @@ std::string Existing(const std::string& named) {
   throw Failure(kRefused, fmt::format("There is no library '{}'.", fs::absolute(named).lexically_normal().string()));
 }
 
-/// The registered library; empty if there is none.
+/// The registered library; empty if there is no entry.
 std::string Registered() {
-  std::string library;
-  try {
-    library = RegisteredLibrary(CSession::kProgrammaticName);
-  } catch (const automation::Failure&) {
-    return {};
-  }
+  const std::string entry = EntryPath(CSession::kProgrammaticName);
+  std::error_code missing;
+  if (!fs::exists(entry, missing) && !missing) return {};
+  const std::string library = RegisteredLibrary(CSession::kProgrammaticName);
   std::error_code unknown;
   if (fs::exists(library, unknown)) return library;
   throw Failure(kRefused, fmt::format("The entry '{}' names the library '{}', which is not there. Register it from "
                                       "where it is now, with 'zef register --library FILE'.",
-                                      EntryPath(CSession::kProgrammaticName), library));
+                                      entry, library));
 }
 
 }  // namespace

@@ -118,8 +118,10 @@ void MakeFile(const DatabasePlace& place, const Fill& fill) {
 void FillEmpty(const DatabasePlace& place, const Fill& fill) {
   const HeldSignals signals;
   Telling([&] {
+    const std::string text = place.ConnectionString();
     const Connection connection = NewConnection();
-    connection.Open(place.ConnectionString());
+    if (place.IsOnServer()) connection.CreateDatabase(text);  // refuses one with anybody's tables
+    connection.Open(text);
     FillInTransaction(connection, [&] {
       RequireNoTables(connection);
       fill(connection, signals);

@@ -26,7 +26,7 @@ add_custom_command(
   COMMENT "Describing the classes" VERBATIM)
 file(GLOB client_headers CONFIGURE_DEPENDS
   "${PROJECT_SOURCE_DIR}/component/automation.h" "${PROJECT_SOURCE_DIR}/component/client/*.h"
-  "${PROJECT_SOURCE_DIR}/component/client/${ZEF_SYSTEM}/*.h")
+  "${PROJECT_SOURCE_DIR}/component/client/${ZEF_SYSTEM}/*.h" "${PROJECT_SOURCE_DIR}/platform/moment_text.h")
 foreach(header IN LISTS client_headers)
   cmake_path(GET header FILENAME name)
   configure_file("${header}" "${ZEF_INCLUDE}/ZEFComponents/${name}" COPYONLY)

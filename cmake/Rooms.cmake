@@ -22,7 +22,9 @@ target_link_libraries(zefcore
   PUBLIC ICU::uc ICU::i18n Boost::headers fmt::fmt
   PRIVATE zef::engine zef_warnings)
 if(ZEF_POSTGRESQL)
-  target_link_libraries(zefcore PRIVATE PostgreSQL::PostgreSQL)
+  # Its header alone: the library is loaded when a server is first connected to.
+  target_include_directories(zefcore SYSTEM PRIVATE ${PostgreSQL_INCLUDE_DIRS})
+  target_link_libraries(zefcore PRIVATE ${CMAKE_DL_LIBS})
   target_compile_definitions(zefcore PUBLIC ZEF_POSTGRESQL)
 endif()
 if(ZEF_SYSTEM_SQLITE)

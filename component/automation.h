@@ -88,7 +88,6 @@ inline constexpr HRESULT DISP_E_BADPARAMCOUNT = HresultOf(0x8002000E);
 inline constexpr HRESULT DISP_E_PARAMNOTOPTIONAL = HresultOf(0x8002000F);
 inline constexpr HRESULT CLASS_E_NOAGGREGATION = HresultOf(0x80040110);
 inline constexpr HRESULT CLASS_E_CLASSNOTAVAILABLE = HresultOf(0x80040111);
-inline constexpr HRESULT SELFREG_E_CLASS = HresultOf(0x80040201);
 
 // Identifiers and flags of late binding.
 

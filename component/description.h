@@ -66,10 +66,6 @@ struct Class {
   void*& (*outside)(void*) = nullptr;
 };
 
-/// The class of a C++ type that clients can reach.
-template <class T>
-const Class& ClassOf();
-
 inline constexpr std::int32_t kFirstOfKind[] = {0x40030000, 0x68030000, 0x60030000};
 
 /// A member's number: its place among all members of its class on top of a base for its kind.

@@ -81,67 +81,46 @@ constexpr std::uint16_t PlaceIn(const std::tuple<Named<Listed>...>&) {
   return static_cast<std::uint16_t>(std::ranges::find(kIsIt, true) - kIsIt.begin() + 1);
 }
 
+template <class T>
+struct Tag {};
+
 // Each is described in a file of its own.
 
-template <>
-const Class& ClassOf<CSession>();
-template <>
-const Class& ClassOf<CAlarm>();
-template <>
-const Class& ClassOf<CAttachement>();
-template <>
-const Class& ClassOf<CCategory>();
-template <>
-const Class& ClassOf<CContact>();
-template <>
-const Class& ClassOf<CEvent>();
-template <>
-const Class& ClassOf<CFolder>();
-template <>
-const Class& ClassOf<CNote>();
-template <>
-const Class& ClassOf<CNotification>();
-template <>
-const Class& ClassOf<CPhoneLog>();
-template <>
-const Class& ClassOf<CRecurrence>();
-template <>
-const Class& ClassOf<CTask>();
-template <>
-const Class& ClassOf<CUser>();
-template <>
-const Class& ClassOf<CTag>();
-template <>
-const Class& ClassOf<CAlarms>();
-template <>
-const Class& ClassOf<CCategories>();
-template <>
-const Class& ClassOf<CContacts>();
-template <>
-const Class& ClassOf<CEvents>();
-template <>
-const Class& ClassOf<CFolders>();
-template <>
-const Class& ClassOf<CNotes>();
-template <>
-const Class& ClassOf<CPhoneLogs>();
-template <>
-const Class& ClassOf<CTags>();
-template <>
-const Class& ClassOf<CTasks>();
-template <>
-const Class& ClassOf<CUsers>();
-template <>
-const Class& ClassOf<Connection>();
-template <>
-const Class& ClassOf<Errors>();
-template <>
-const Class& ClassOf<Error>();
-template <>
-const Class& ClassOf<Recordset>();
-template <>
-const Class& ClassOf<Fields>();
-template <>
-const Class& ClassOf<Field>();
+const Class& DescriptionOf(Tag<CSession>);
+const Class& DescriptionOf(Tag<CAlarm>);
+const Class& DescriptionOf(Tag<CAttachement>);
+const Class& DescriptionOf(Tag<CCategory>);
+const Class& DescriptionOf(Tag<CContact>);
+const Class& DescriptionOf(Tag<CEvent>);
+const Class& DescriptionOf(Tag<CFolder>);
+const Class& DescriptionOf(Tag<CNote>);
+const Class& DescriptionOf(Tag<CNotification>);
+const Class& DescriptionOf(Tag<CPhoneLog>);
+const Class& DescriptionOf(Tag<CRecurrence>);
+const Class& DescriptionOf(Tag<CTask>);
+const Class& DescriptionOf(Tag<CUser>);
+const Class& DescriptionOf(Tag<CTag>);
+const Class& DescriptionOf(Tag<CAlarms>);
+const Class& DescriptionOf(Tag<CCategories>);
+const Class& DescriptionOf(Tag<CContacts>);
+const Class& DescriptionOf(Tag<CEvents>);
+const Class& DescriptionOf(Tag<CFolders>);
+const Class& DescriptionOf(Tag<CNotes>);
+const Class& DescriptionOf(Tag<CPhoneLogs>);
+const Class& DescriptionOf(Tag<CTags>);
+const Class& DescriptionOf(Tag<CTasks>);
+const Class& DescriptionOf(Tag<CUsers>);
+const Class& DescriptionOf(Tag<Connection>);
+const Class& DescriptionOf(Tag<Errors>);
+const Class& DescriptionOf(Tag<Error>);
+const Class& DescriptionOf(Tag<Recordset>);
+const Class& DescriptionOf(Tag<Fields>);
+const Class& DescriptionOf(Tag<Field>);
+
+/// The class of a C++ type that clients can reach.
+template <class T>
+const Class& ClassOf() {
+  return DescriptionOf(Tag<T>());
+}
 
 }  // namespace zef::component

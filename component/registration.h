@@ -11,12 +11,16 @@ namespace zef::component {
 
 inline constexpr char kLibraryName[] = "ZEFComponents";
 
+// Both take the step for each class, though one has failed, and answer the failure of the first: 800A0000 and its
+// number, which is 5 for a path that no entry can name, 53 if the library's own file is gone, 61 for a full disk, 70
+// for a permission that is missing, 76 if there can be no folder, and 75 for what else stands in the way. A repetition
+// completes what is missing.
+
 /// Enters all classes under the path of this very library, each file in one step; the entries of another copy are
-/// replaced. On Windows the type library too. SELFREG_E_CLASS if one cannot be written; the others are, and a
-/// repetition completes them. None is if the path has a line break.
+/// replaced. No entry can name a path with a line break or with a word that the loader replaces, such as "$ORIGIN".
 HRESULT Register(std::span<const Class* const> classes) noexcept;
 /// Removes what `Register` writes, whichever copy wrote it; an entry that is missing, or that another library made
-/// under the name, is no failure and stays. SELFREG_E_CLASS if one cannot be removed; the others are.
+/// under the name, is no failure and stays.
 HRESULT Unregister(std::span<const Class* const> classes) noexcept;
 
 }  // namespace zef::component

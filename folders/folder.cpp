@@ -27,6 +27,12 @@ std::string SameNameSelect(const CFolder& folder) {
          " AND FLD_ParentID=" + SqlNumber(folder.ParentID) + " AND FLD_Name=" + SqlQuoted(folder.Name.get());
 }
 
+/// Of clients that name folders in one place at the same time, one looks after the other has saved.
+bool NameIsTaken(CSession& session, const CFolder& folder) {
+  const std::string turn = "folders in " + SqlNumber(folder.ParentID);
+  return !Deref(session.conDBConnection).ExecuteInTurn(SameNameSelect(folder), turn)->EndOfFile();
+}
+
 }  // namespace
 
 bool CFolder::IsSystemFolder(const char* lower_name, FolderType type) const {
@@ -47,7 +53,7 @@ bool CFolder::Save() {
   session.ClearError();
   if (Refused(session, kRefusal)) return false;
   const bool saved = InTransaction(session, kSave, [&] {
-    if (!Select(session, SameNameSelect(*this))->EndOfFile()) {
+    if (NameIsTaken(session, *this)) {
       session.RecordError(kSave, kNameTaken, "A folder with this name already exists");
       return Outcome::Quiet;
     }

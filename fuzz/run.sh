@@ -17,5 +17,7 @@ findings="$PWD/build/fuzz/findings"
 mkdir -p "$learned" "$findings"
 # Inputs make and remove files all the time, which a file system in memory does best.
 [ -n "${TMPDIR:-}" ] || [ ! -w /dev/shm ] || export TMPDIR=/dev/shm
-"build/fuzz/fuzz/zef_fuzz_$name" -artifact_prefix="$findings/" -max_len=512 -timeout=60 "$@" \
+# Short traces of allocations and no scheduling by rare features: both take longer than most inputs.
+export ASAN_OPTIONS="malloc_context_size=2:${ASAN_OPTIONS:-}"
+"build/fuzz/fuzz/zef_fuzz_$name" -artifact_prefix="$findings/" -max_len=512 -timeout=60 -entropic=0 "$@" \
   "$learned" "fuzz/corpus/$name"

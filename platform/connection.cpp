@@ -55,9 +55,15 @@ Result Connection::Run(const Command& command) {
   return Guarded([&] { return engine.Execute(command); });
 }
 
-Ref<Recordset> Connection::Execute(const std::string& text, std::int32_t /*options*/) {
-  Result result = Run({.text = text});
-  auto recordset = MakeRef<Recordset>();
+Ref<Recordset> Connection::Execute(const std::string& text, std::int32_t /*options*/) { return RowsOf({.text = text}); }
+
+Ref<Recordset> Connection::ExecuteInTurn(const std::string& text, std::string_view turn) {
+  return RowsOf({.text = text, .turn = turn});
+}
+
+Ref<Recordset> Connection::RowsOf(const Command& command) {
+  auto recordset = MakeRef<Recordset>();  // first: nothing may fail once the statement has done its work
+  Result result = Run(command);
   if (result.cursor) recordset->Attach(Ref<Connection>(this), std::move(result.cursor));
   return recordset;
 }

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "platform/engine.h"
 #include "platform/errors.h"
@@ -46,6 +47,8 @@ class Connection : public RefCounted<Connection> {
 
   /// Runs one statement of the dialect. A select gives its record set at the first row; anything else a closed one.
   Ref<Recordset> Execute(const std::string& text, std::int32_t options = -1);
+  /// The same in a transaction that takes a turn for it, see `Command::turn`.
+  Ref<Recordset> ExecuteInTurn(const std::string& text, std::string_view turn);
 
   zef::Errors& Errors() { return errors_; }
 
@@ -61,6 +64,8 @@ class Connection : public RefCounted<Connection> {
   void WrapEngine(const std::function<std::unique_ptr<Engine>(std::unique_ptr<Engine>)>& wrap);
 
  private:
+  Ref<Recordset> RowsOf(const Command& command);
+
   std::unique_ptr<Engine> engine_;
   std::int32_t openings_ = 0;      ///< so far
   std::int64_t transactions_ = 0;  ///< so far, nested ones left out

@@ -5,12 +5,13 @@
 #include <cstdint>
 
 #include "platform/date.h"
+#include "platform/moment_text.h"
 #include "platform/run_time_error.h"
 
 /// The day number and the time of day that an automation date is made of, for sources that work on day numbers.
 namespace zef::date_parts {
 
-constexpr std::chrono::sys_days kDayZero{std::chrono::December / 30 / 1899};
+using moment_text::kDayZero;
 constexpr std::int64_t kFirstDay = -657434;  ///< 1 January 100
 constexpr std::int64_t kLastDay = 2958465;   ///< 31 December 9999
 constexpr int kSecondsPerDay = 86400;

@@ -1,234 +1,15 @@
-#include <array>
-#include <charconv>
-
 #include "platform/date.h"
 #include "platform/date_parts.h"
+#include "platform/moment_text.h"
 
 namespace zef {
-namespace {
 
-using namespace date_parts;
-using std::chrono::year_month_day;
-
-// ---- writing
-
-/// Builds a date text in place; "12/31/9999 11:59:59 PM" is the longest.
-class Writer {
- public:
-  void Date(year_month_day day) {
-    Number(static_cast<unsigned>(day.month()));
-    Character('/');
-    Number(static_cast<unsigned>(day.day()));
-    Character('/');
-    Number(static_cast<unsigned>(static_cast<int>(day.year())));
-  }
-
-  void Time(int seconds) {
-    const int hour = seconds / 3600;
-    Number(static_cast<unsigned>((hour + 11) % 12 + 1));
-    Character(':');
-    TwoDigits(seconds / 60 % 60);
-    Character(':');
-    TwoDigits(seconds % 60);
-    Character(' ');
-    Character(hour < 12 ? 'A' : 'P');
-    Character('M');
-  }
-
-  void Character(char c) { *end_++ = c; }
-  std::string_view text() const { return {buffer_.data(), static_cast<std::size_t>(end_ - buffer_.data())}; }
-
- private:
-  void Number(unsigned number) { end_ = std::to_chars(end_, buffer_.data() + buffer_.size(), number).ptr; }
-
-  void TwoDigits(int number) {
-    Character(static_cast<char>('0' + number / 10));
-    Character(static_cast<char>('0' + number % 10));
-  }
-
-  std::array<char, 32> buffer_;
-  char* end_ = buffer_.data();
-};
-
-void Write(Writer& writer, DayAndSeconds moment) {
-  if (moment.day == 0) return writer.Time(moment.seconds);
-  writer.Date(CalendarDay(moment.day));
-  if (moment.seconds == 0) return;
-  writer.Character(' ');
-  writer.Time(moment.seconds);
-}
-
-// ---- reading
-
-constexpr std::array<std::string_view, 12> kMonths{"january",   "february", "march",    "april",
-                                                   "may",       "june",     "july",     "august",
-                                                   "september", "october",  "november", "december"};
-
-constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-constexpr char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
-constexpr bool IsLetter(char c) { return Lower(c) >= 'a' && Lower(c) <= 'z'; }
-
-bool EqualsLowered(std::string_view word, std::string_view lowered) {
-  if (word.size() != lowered.size()) return false;
-  for (std::size_t i = 0; i < word.size(); ++i) {
-    if (Lower(word[i]) != lowered[i]) return false;
-  }
-  return true;
-}
-
-/// 1 to 12 for an English month name or its first three letters, 0 for another word.
-int MonthNamed(std::string_view word) {
-  for (std::size_t i = 0; i < kMonths.size(); ++i) {
-    if (EqualsLowered(word, kMonths[i]) || EqualsLowered(word, kMonths[i].substr(0, 3))) return static_cast<int>(i) + 1;
-  }
-  return 0;
-}
-
-struct Number {
-  int value = 0;
-  int digits = 0;  ///< 0 if there was no number
-};
-
-/// Walks over a text; what it does not find it leaves in place.
-class Reader {
- public:
-  explicit Reader(std::string_view text) : next_(text.data()), end_(text.data() + text.size()) {}
-
-  bool AtEnd() const { return next_ == end_; }
-  char Peek() const { return AtEnd() ? '\0' : *next_; }
-
-  bool Accept(char c) {
-    if (AtEnd() || *next_ != c) return false;
-    ++next_;
-    return true;
-  }
-
-  bool SkipBlanks() {
-    const char* const start = next_;
-    while (Accept(' ')) {
-    }
-    return next_ != start;
-  }
-
-  /// A number has four digits at most; more are left in place, where nothing accepts them.
-  Number ReadNumber() {
-    Number number;
-    while (!AtEnd() && IsDigit(*next_) && number.digits < 4) {
-      number.value = number.value * 10 + (*next_++ - '0');
-      ++number.digits;
-    }
-    return number;
-  }
-
-  std::string_view ReadWord() {
-    const char* const start = next_;
-    while (!AtEnd() && IsLetter(*next_)) ++next_;
-    return {start, static_cast<std::size_t>(next_ - start)};
-  }
-
- private:
-  const char* next_;
-  const char* end_;
-};
-
-/// The year as it is written: up to two digits mean 1930 to 2029. 0, which is no year, for anything else below 100.
-int WrittenYear(Number number) {
-  if (number.digits == 0) return 0;
-  if (number.digits > 2) return number.value < 100 ? 0 : number.value;
-  return number.value < 30 ? 2000 + number.value : 1900 + number.value;
-}
-
-std::optional<std::int64_t> DayOf(Number year, int month, Number day) {
-  if (day.digits == 0 || day.digits > 2 || WrittenYear(year) == 0) return std::nullopt;
-  const year_month_day date(std::chrono::year(WrittenYear(year)), std::chrono::month(static_cast<unsigned>(month)),
-                            std::chrono::day(static_cast<unsigned>(day.value)));
-  if (!date.ok()) return std::nullopt;
-  return ToDayNumber(std::chrono::sys_days(date));
-}
-
-int NumericMonth(Number month) { return month.digits > 2 ? 0 : month.value; }
-
-std::optional<std::int64_t> MonthFirst(Reader& reader, Number month) {
-  const Number day = reader.ReadNumber();
-  if (!reader.Accept('/')) return std::nullopt;
-  return DayOf(reader.ReadNumber(), NumericMonth(month), day);
-}
-
-std::optional<std::int64_t> YearFirst(Reader& reader, Number year) {
-  if (year.digits < 3) return std::nullopt;
-  const Number month = reader.ReadNumber();
-  if (!reader.Accept('-')) return std::nullopt;
-  return DayOf(year, NumericMonth(month), reader.ReadNumber());
-}
-
-/// "May 1, 2024"; the comma may be missing.
-std::optional<std::int64_t> NameFirst(Reader& reader) {
-  const int month = MonthNamed(reader.ReadWord());
-  reader.SkipBlanks();
-  const Number day = reader.ReadNumber();
-  const bool comma = reader.Accept(',');
-  if (!reader.SkipBlanks() && !comma) return std::nullopt;
-  return DayOf(reader.ReadNumber(), month, day);
-}
-
-/// "May 2024" of "1 May 2024".
-std::optional<std::int64_t> DayFirst(Reader& reader, std::string_view month, Number day) {
-  reader.SkipBlanks();
-  return DayOf(reader.ReadNumber(), MonthNamed(month), day);
-}
-
-/// Hours and minutes of a clock are one or two digits below a limit; -1 for anything else.
-int ClockPart(Number number, int limit) {
-  return number.digits == 0 || number.digits > 2 || number.value >= limit ? -1 : number.value;
-}
-
-/// The hour of the day from 1 to 12 with AM or PM; -1 for another hour or word.
-int TwelveHourClock(int hour, std::string_view half) {
-  if (hour < 1 || hour > 12) return -1;
-  if (EqualsLowered(half, "am")) return hour % 12;
-  return EqualsLowered(half, "pm") ? hour % 12 + 12 : -1;
-}
-
-std::optional<int> SecondsOf(int hour, int minute, int second) {
-  if (hour < 0 || minute < 0 || second < 0) return std::nullopt;
-  return (hour * 60 + minute) * 60 + second;
-}
-
-/// The rest of a time behind its hour. An hour alone needs AM or PM.
-std::optional<int> TimeFrom(Reader& reader, Number first) {
-  const bool with_minutes = reader.Accept(':');
-  const int minute = with_minutes ? ClockPart(reader.ReadNumber(), 60) : 0;
-  const int second = with_minutes && reader.Accept(':') ? ClockPart(reader.ReadNumber(), 60) : 0;
-  reader.SkipBlanks();
-  const int hour = ClockPart(first, 24);
-  const std::string_view half = reader.ReadWord();
-  if (!half.empty()) return SecondsOf(TwelveHourClock(hour, half), minute, second);
-  return with_minutes ? SecondsOf(hour, minute, second) : std::nullopt;
-}
-
-std::optional<Date> TimeAlone(Reader& reader, Number hour) {
-  const std::optional<int> seconds = TimeFrom(reader, hour);
-  if (!seconds || !reader.AtEnd()) return std::nullopt;
-  return Join({0, *seconds});
-}
-
-/// What may follow a day: nothing, or a time behind blanks or the letter T.
-std::optional<Date> WithTime(Reader& reader, std::optional<std::int64_t> day) {
-  if (!day) return std::nullopt;
-  const bool apart = reader.SkipBlanks();
-  if (reader.AtEnd()) return Join({*day, 0});
-  if (!apart && !reader.Accept('T')) return std::nullopt;
-  const std::optional<int> seconds = TimeFrom(reader, reader.ReadNumber());
-  reader.SkipBlanks();
-  if (!seconds || !reader.AtEnd()) return std::nullopt;
-  return Join({*day, *seconds});
-}
-
-}  // namespace
+using date_parts::SplitSeconds;
 
 void AppendText(std::string& text, Date date) {
-  Writer writer;
-  Write(writer, SplitSeconds(date));
+  const auto [day, seconds] = SplitSeconds(date);
+  moment_text::Writer writer;
+  writer.Whole({day, seconds});
   text += writer.text();
 }
 
@@ -239,24 +20,15 @@ std::string ToText(Date date) {
 }
 
 std::string ShortDateText(Date date) {
-  Writer writer;
-  writer.Date(CalendarDay(SplitSeconds(date).day));
+  moment_text::Writer writer;
+  writer.Day(date_parts::CalendarDay(SplitSeconds(date).day));
   return std::string(writer.text());
 }
 
 std::optional<Date> ParseDate(std::string_view text) {
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  Reader reader(text);
-  reader.SkipBlanks();
-  if (IsLetter(reader.Peek())) return WithTime(reader, NameFirst(reader));
-  const Number first = reader.ReadNumber();
-  if (reader.Accept('/')) return WithTime(reader, MonthFirst(reader, first));
-  if (reader.Accept('-')) return WithTime(reader, YearFirst(reader, first));
-  Reader ahead = reader;
-  ahead.SkipBlanks();
-  const std::string_view word = ahead.ReadWord();
-  if (MonthNamed(word) != 0) return WithTime(ahead, DayFirst(ahead, word, first));
-  return TimeAlone(reader, first);
+  const std::optional<moment_text::Moment> moment = moment_text::Read(text);
+  if (!moment) return std::nullopt;
+  return date_parts::Join({moment->day, moment->seconds});
 }
 
 }  // namespace zef

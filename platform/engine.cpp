@@ -77,9 +77,9 @@ Positions RowShape::Positions(ColumnNames names) const {
   for (const auto& [list, positions] : positions_) {
     if (list == names.data()) return positions;
   }
-  auto& positions = positions_.emplace_back(names.data(), std::vector<int>()).second;
+  std::vector<int> positions;
   for (const std::string_view name : names) positions.push_back(Position(name));
-  return positions;
+  return positions_.emplace_back(names.data(), std::move(positions)).second;
 }
 
 std::unique_ptr<Engine> OpenEngine(const ConnectionString& connection) {

@@ -97,6 +97,9 @@ struct Command {
   std::span<const Value> parameters = {};  ///< for `?` placeholders, which only the library itself uses
   sql::CompileOptions options = {};
   RowRequest request = {};
+  /// What the statement looks for and does not find must stay so until the transaction ends: other transactions that
+  /// take the same turn wait until then. Empty for none. An engine with one writer at a time has no need of it.
+  std::string_view turn = {};
 };
 
 struct Result {
@@ -115,7 +118,9 @@ class Engine {
   /// The names of the relationships by which a table refers to others, in the order of their making; nothing if there
   /// is no such table. Unnamed ones are left out.
   virtual std::optional<std::vector<std::string>> Relationships(std::string_view table) = 0;
-  /// Opens a transaction that holds the right to write, or a nested one; waits up to 5 s for other clients.
+  /// Opens a transaction, or a nested one. Until the outermost ends, a row that it reads by its key or writes is nobody
+  /// else's to write or to read by its key in a transaction; whoever wants to waits up to 5 s. An engine may keep all
+  /// other writers out instead.
   virtual void BeginTrans() = 0;
   /// Ends the innermost transaction; the outermost commit is durable. Both raise -2147168242 with none open.
   virtual void CommitTrans() = 0;

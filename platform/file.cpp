@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <filesystem>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "platform/file_calls.h"
@@ -154,6 +155,16 @@ bool PathExists(const std::string& path) {
   if (StatusOf(CheckedPath(path))) return true;
   if (errno != ENOENT && errno != ENOTDIR) RefuseFor(errno, path);
   return false;
+}
+
+void MakeFolder(const std::string& path) {
+  std::error_code failed;
+  std::filesystem::create_directories(CheckedPath(path), failed);
+  if (failed) RefuseFor(failed.value(), path);
+}
+
+void RemoveFile(const std::string& path) {
+  if (unlink(CheckedPath(path)) != 0 && errno != ENOENT) RefuseFor(errno, path);
 }
 
 void WriteWholeFile(const std::string& path, std::span<const std::byte> content) {

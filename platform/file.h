@@ -53,6 +53,11 @@ class OutputFile {
 /// True if the path names anything, be it a folder or a link that leads nowhere.
 bool PathExists(const std::string& path);
 
+/// Makes a folder and those above it, unless they are there.
+void MakeFolder(const std::string& path);
+/// Removes a file, if it is there.
+void RemoveFile(const std::string& path);
+
 /// Writes a whole file, private to the user. It takes its place at once and complete; if anything fails, what stood
 /// there before still does. A link in its place is replaced, not followed.
 void WriteWholeFile(const std::string& path, std::span<const std::byte> content);

@@ -52,6 +52,7 @@ std::size_t SqlCursor::Fill(Positions columns, std::span<const Slot> slots) cons
 void SqlCursor::Read(Positions columns, std::span<Value> values) const {
   RequireRow();
   if (statement_) return statement_->Read(columns, plan_->shape.types(), values);
+  if (head_ == memory_.size()) std::rethrow_exception(failure_);  // the row itself could not be kept
   for (std::size_t i = 0; i < columns.size(); ++i) {
     values[i] = memory_[head_][static_cast<std::size_t>(columns[i])];
   }

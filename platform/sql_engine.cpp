@@ -1,5 +1,7 @@
 #include "platform/sql_engine.h"
 
+#include <algorithm>
+
 #include "platform/sql/convert.h"
 #include "platform/sql/parser.h"
 #include "platform/sql_cursor.h"
@@ -9,12 +11,17 @@
 namespace zef {
 namespace {
 
-constexpr std::size_t kIdleStatements = 4;
 constexpr int kMostRecent = 4;
 /// Behind the shape of a plan's key stand the options that it was compiled for.
-constexpr std::size_t kOptionBytes = 3;
+constexpr std::size_t kOptionBytes = 4;
 /// Another client that changes the schema again and again must not keep us here for ever.
 constexpr int kSchemaRetries = 50;
+
+bool IsSelect(std::string_view statement) {
+  constexpr std::string_view kSelect = "SELECT";
+  const std::size_t first = std::min(statement.find_first_not_of(" \t\r\n"), statement.size());
+  return text::EqualNames(statement.substr(first, kSelect.size()), kSelect);
+}
 
 }  // namespace
 
@@ -33,8 +40,10 @@ Ref<Plan> PlanCache::Find(std::string_view key) {
 }
 
 void PlanCache::Add(const std::string& key, Ref<Plan> plan) {
-  entries_.push_front({key, std::move(plan)});
-  by_key_[entries_.front().key] = entries_.begin();
+  std::list<Entry> added;
+  added.push_front({key, std::move(plan)});
+  by_key_.emplace(added.front().key, added.begin());
+  entries_.splice(entries_.begin(), added);
   if (entries_.size() <= capacity_) return;
   by_key_.erase(entries_.back().key);
   entries_.pop_back();
@@ -63,8 +72,9 @@ void SqlEngine::AbandonCursors() {
 }
 
 const sql::TableInfo* SqlEngine::FindTable(std::string_view name) {
-  const auto [entry, fresh] = tables_.try_emplace(text::LowerCase(name));
-  if (fresh) entry->second = Describe(name);
+  std::string key = text::LowerCase(name);
+  auto entry = tables_.find(key);
+  if (entry == tables_.end()) entry = tables_.emplace(std::move(key), Describe(name)).first;
   return entry->second.columns.empty() ? nullptr : &entry->second;
 }
 
@@ -107,7 +117,7 @@ bool SqlEngine::Lease::MakeReady(const Command& command) try {
 
 void SqlEngine::GiveBack(Plan& plan, std::unique_ptr<PreparedStatement> statement) {
   statement->Reset();
-  if (plan.idle.size() < kIdleStatements) plan.idle.push_back(std::move(statement));
+  if (plan.idle.size() < Plan::kMostIdle) plan.idle.push_back(std::move(statement));
 }
 
 Ref<Plan> SqlEngine::KnownPlan(const Command& command) {
@@ -115,6 +125,7 @@ Ref<Plan> SqlEngine::KnownPlan(const Command& command) {
     shape_.key += command.options.updatable ? 'u' : ' ';
     shape_.key += command.options.lock_rows ? 'l' : ' ';
     shape_.key += command.options.by_row_id ? 'r' : ' ';
+    shape_.key += command.options.lock_found ? 'f' : ' ';
     return plans_.Find(shape_.key);
   };
   if (sql::GuessShape(command.text, shape_)) {
@@ -139,7 +150,7 @@ Ref<Plan> SqlEngine::NewPlan(const Command& command) try {
   if (tables_version_ < 0) tables_version_ = SchemaVersion();
   sql::CompiledStatement compiled = CompileShape(command.options);
   // Tables were described one by one and maybe long ago; only an unchanged number tells that they still hold.
-  if (SchemaVersion() != tables_version_) return nullptr;
+  if (!TablesUnchanged()) return nullptr;
   auto plan = MakeRef<Plan>(std::move(compiled));
   if (plan->shape.statement().cacheable) plans_.Add(shape_.key, plan);
   return plan;
@@ -177,16 +188,20 @@ Result SqlEngine::ExecuteSchemaChange(const Command& command) {
   return {};
 }
 
-Result SqlEngine::Execute(const Command& command) {
+/// A record set that was opened for reading only locks nothing.
+Command SqlEngine::InTransaction(Command command) const {
+  constexpr std::int32_t kReadOnly = 1;
+  command.options.lock_found = IsSelect(command.text) && command.request.lock_type != kReadOnly;
+  return command;
+}
+
+Result SqlEngine::Execute(const Command& given) {
   RequireUsable();
+  const Command command = TransactionsMeet() && TransactionDepth() > 0 ? InTransaction(given) : given;
   Result result;
   for (int attempt = 0; attempt < kSchemaRetries; ++attempt) {
     Ref<Plan> plan = KnownPlan(command);
     if (!plan && sql::IsSchemaChange(command.text)) return ExecuteSchemaChange(command);
-    if (plan && !Current(*plan)) {
-      Forget();
-      plan.reset();
-    }
     if (!plan) plan = NewPlan(command);
     if (plan && RunUnlessChanged(plan, command, result)) return result;
     Forget();
@@ -202,11 +217,24 @@ bool SqlEngine::RunUnlessChanged(const Ref<Plan>& plan, const Command& command, 
   return false;
 }
 
+/// The transaction around one statement.
+struct SqlEngine::OfStatement {
+  SqlEngine& engine;
+  bool reads;
+  const sql::CompileOptions& options;
+
+  void BeginTrans() { engine.BeginStatement(reads, options); }
+  void CommitTrans() { engine.CommitTrans(); }
+  void RollbackTrans() { engine.RollbackTrans(); }
+};
+
 bool SqlEngine::Run(const Ref<Plan>& plan, const Command& command, Result& result) {
   const bool reads = plan->shape.statement().kind == sql::CompiledStatement::Kind::Select;
   if (!reads) DetachCursors();
   const bool outside = TransactionDepth() == 0;
-  TransactionGuard<Engine> own(*this, outside ? !reads && !StatementsAreTransactions() : FailureEndsTransaction());
+  OfStatement transaction{*this, reads, command.options};
+  TransactionGuard own(transaction, outside ? !reads && !StatementsAreTransactions() : FailureEndsTransaction());
+  if (!command.turn.empty()) TakeTurn(command.turn);
   Lease lease(*this, *plan);
   if (!lease.MakeReady(command)) return false;
   const PreparedStatement::Step step = lease.statement().Next();

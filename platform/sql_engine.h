@@ -40,8 +40,12 @@ class PreparedStatement {
 
 /// The worked-out form of all statements of one shape.
 struct Plan : RefCounted<Plan> {
-  explicit Plan(sql::CompiledStatement statement) : shape(std::move(statement)) {}
+  static constexpr std::size_t kMostIdle = 4;
+
+  explicit Plan(sql::CompiledStatement statement) : shape(std::move(statement)) { idle.reserve(kMostIdle); }
+
   RowShape shape;
+  /// Statements that wait for their next run. There is room for all, so that giving one back cannot fail.
   std::vector<std::unique_ptr<PreparedStatement>> idle;
 };
 
@@ -85,20 +89,27 @@ class SqlEngine : public Engine, protected sql::Catalog {
   /// A number that changes with every change of any table's columns or indexes, by whichever client.
   virtual std::int64_t SchemaVersion() = 0;
   virtual void ChangeSchema(const sql::SchemaChange& change) = 0;
-  /// Asked before a plan that was kept is used: false if the tables have changed since. An engine whose statements tell
-  /// so themselves, by `SchemaChanged`, has no need to look.
-  virtual bool Current(const Plan& /*plan*/) { return true; }
+  /// Asked for a plan that was just worked out: false if the tables have changed meanwhile. An engine whose new
+  /// statements find that out by themselves and fail, see `FailsForChangedTables`, has no need to look.
+  virtual bool TablesUnchanged() { return SchemaVersion() == tables_version_; }
   /// True if a failure may come from tables that have changed since the statement was worked out, for an engine whose
   /// statements do not tell so by `SchemaChanged`.
   virtual bool FailsForChangedTables(const RunTimeError& /*failure*/) const { return false; }
   /// True for an engine in which a failure makes the running transaction unusable: it runs each statement in a nested
-  /// one.
+  /// one, which `BeginStatement` opens.
   virtual bool FailureEndsTransaction() const { return false; }
+  virtual void BeginStatement(bool /*reads*/, const sql::CompileOptions& /*options*/) { BeginTrans(); }
   /// True for an engine in which a writing statement outside of a transaction is one by itself.
   virtual bool StatementsAreTransactions() const { return false; }
+  /// True for an engine whose transactions run side by side: a row that one reads by its key is then locked.
+  virtual bool TransactionsMeet() const { return false; }
+  /// Waits for a turn and keeps it until the transaction ends, for an engine whose transactions run side by side.
+  virtual void TakeTurn(std::string_view /*turn*/) {}
   /// Raises if a statement must not run now, as in a transaction that the engine has undone by itself.
   virtual void RequireUsable() const = 0;
 
+  /// The number that `SchemaVersion` gave before the first table was described.
+  std::int64_t TablesVersion() const { return tables_version_; }
   /// Forgets everything worked out from the tables' columns.
   void Forget();
   /// Lets running cursors take their rows into memory; called before anything is written.
@@ -112,6 +123,7 @@ class SqlEngine : public Engine, protected sql::Catalog {
   friend class SqlCursor;
 
   class Lease;
+  struct OfStatement;
 
   /// The plan that is kept for a statement, or null; reads the statement's shape.
   Ref<Plan> KnownPlan(const Command& command);
@@ -126,6 +138,7 @@ class SqlEngine : public Engine, protected sql::Catalog {
   const Value& Given(const sql::ParameterPlan& plan, const Command& command, sql::StatementClock& clock,
                      Value& scratch) const;
   Result ExecuteSchemaChange(const Command& command);
+  Command InTransaction(Command command) const;
 
   sql::Shape shape_;              ///< of the statement that is being executed
   std::vector<Value> converted_;  ///< its values after conversion; they outlive the run

@@ -1,6 +1,7 @@
 # Tests of the ways into the built library from outside. They load it as any client does and link nothing of it.
 
 include(Examples)
+include(RowTests)
 
 set(client_environment
   "ZEF_LIBRARY=$<TARGET_FILE:ZEFComponents>" "ZEF_PROGRAM=${PROJECT_BINARY_DIR}/zef"

@@ -24,4 +24,4 @@ function(zef_keep_tests_of_this_system list)
 endfunction()
 
 # Rooms whose tests stand on such helpers as a whole.
-set(ZEF_FOLDERS_OF_OTHER_SYSTEMS client component many_clients)
+set(ZEF_FOLDERS_OF_OTHER_SYSTEMS client component faults many_clients)

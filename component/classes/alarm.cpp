@@ -35,9 +35,6 @@ constexpr Class kClass = Creatable<CAlarm>(kMembers);
 
 }  // namespace
 
-template <>
-const Class& ClassOf<CAlarm>() {
-  return kClass;
-}
+const Class& DescriptionOf(Tag<CAlarm>) { return kClass; }
 
 }  // namespace zef::component

@@ -32,9 +32,6 @@ constexpr Class kClass = Creatable<CAttachement>(kMembers);
 
 }  // namespace
 
-template <>
-const Class& ClassOf<CAttachement>() {
-  return kClass;
-}
+const Class& DescriptionOf(Tag<CAttachement>) { return kClass; }
 
 }  // namespace zef::component

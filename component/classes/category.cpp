@@ -19,9 +19,6 @@ constexpr Class kClass = Creatable<CCategory>(kMembers);
 
 }  // namespace
 
-template <>
-const Class& ClassOf<CCategory>() {
-  return kClass;
-}
+const Class& DescriptionOf(Tag<CCategory>) { return kClass; }
 
 }  // namespace zef::component

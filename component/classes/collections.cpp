@@ -70,49 +70,16 @@ constexpr Class kCollection = Creatable<Collection<Element>>(kCollectionMembers<
 
 }  // namespace
 
-template <>
-const Class& ClassOf<CTag>() {
-  return kTag;
-}
-template <>
-const Class& ClassOf<CAlarms>() {
-  return kCollection<CAlarm>;
-}
-template <>
-const Class& ClassOf<CCategories>() {
-  return kCollection<CCategory>;
-}
-template <>
-const Class& ClassOf<CContacts>() {
-  return kCollection<CContact>;
-}
-template <>
-const Class& ClassOf<CEvents>() {
-  return kCollection<CEvent>;
-}
-template <>
-const Class& ClassOf<CFolders>() {
-  return kCollection<CFolder>;
-}
-template <>
-const Class& ClassOf<CNotes>() {
-  return kCollection<CNote>;
-}
-template <>
-const Class& ClassOf<CPhoneLogs>() {
-  return kCollection<CPhoneLog>;
-}
-template <>
-const Class& ClassOf<CTags>() {
-  return kCollection<CTag>;
-}
-template <>
-const Class& ClassOf<CTasks>() {
-  return kCollection<CTask>;
-}
-template <>
-const Class& ClassOf<CUsers>() {
-  return kCollection<CUser>;
-}
+const Class& DescriptionOf(Tag<CTag>) { return kTag; }
+const Class& DescriptionOf(Tag<CAlarms>) { return kCollection<CAlarm>; }
+const Class& DescriptionOf(Tag<CCategories>) { return kCollection<CCategory>; }
+const Class& DescriptionOf(Tag<CContacts>) { return kCollection<CContact>; }
+const Class& DescriptionOf(Tag<CEvents>) { return kCollection<CEvent>; }
+const Class& DescriptionOf(Tag<CFolders>) { return kCollection<CFolder>; }
+const Class& DescriptionOf(Tag<CNotes>) { return kCollection<CNote>; }
+const Class& DescriptionOf(Tag<CPhoneLogs>) { return kCollection<CPhoneLog>; }
+const Class& DescriptionOf(Tag<CTags>) { return kCollection<CTag>; }
+const Class& DescriptionOf(Tag<CTasks>) { return kCollection<CTask>; }
+const Class& DescriptionOf(Tag<CUsers>) { return kCollection<CUser>; }
 
 }  // namespace zef::component

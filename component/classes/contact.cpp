@@ -67,9 +67,6 @@ constexpr Class kClass = Creatable<CContact>(kMembers);
 
 }  // namespace
 
-template <>
-const Class& ClassOf<CContact>() {
-  return kClass;
-}
+const Class& DescriptionOf(Tag<CContact>) { return kClass; }
 
 }  // namespace zef::component

@@ -165,29 +165,11 @@ constexpr Class kFieldClass = Reachable<Field, Recordset>(kField);
 
 }  // namespace
 
-template <>
-const Class& ClassOf<Connection>() {
-  return kConnectionClass;
-}
-template <>
-const Class& ClassOf<Errors>() {
-  return kErrorsClass;
-}
-template <>
-const Class& ClassOf<Error>() {
-  return kErrorClass;
-}
-template <>
-const Class& ClassOf<Recordset>() {
-  return kRecordsetClass;
-}
-template <>
-const Class& ClassOf<Fields>() {
-  return kFieldsClass;
-}
-template <>
-const Class& ClassOf<Field>() {
-  return kFieldClass;
-}
+const Class& DescriptionOf(Tag<Connection>) { return kConnectionClass; }
+const Class& DescriptionOf(Tag<Errors>) { return kErrorsClass; }
+const Class& DescriptionOf(Tag<Error>) { return kErrorClass; }
+const Class& DescriptionOf(Tag<Recordset>) { return kRecordsetClass; }
+const Class& DescriptionOf(Tag<Fields>) { return kFieldsClass; }
+const Class& DescriptionOf(Tag<Field>) { return kFieldClass; }
 
 }  // namespace zef::component

@@ -42,9 +42,6 @@ constexpr Class kClass = Creatable<CEvent>(kMembers);
 
 }  // namespace
 
-template <>
-const Class& ClassOf<CEvent>() {
-  return kClass;
-}
+const Class& DescriptionOf(Tag<CEvent>) { return kClass; }
 
 }  // namespace zef::component

@@ -30,9 +30,6 @@ constexpr Class kClass = Creatable<CFolder>(kMembers);
 
 }  // namespace
 
-template <>
-const Class& ClassOf<CFolder>() {
-  return kClass;
-}
+const Class& DescriptionOf(Tag<CFolder>) { return kClass; }
 
 }  // namespace zef::component

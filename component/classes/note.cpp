@@ -27,9 +27,6 @@ constexpr Class kClass = Creatable<CNote>(kMembers);
 
 }  // namespace
 
-template <>
-const Class& ClassOf<CNote>() {
-  return kClass;
-}
+const Class& DescriptionOf(Tag<CNote>) { return kClass; }
 
 }  // namespace zef::component

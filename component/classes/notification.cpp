@@ -32,9 +32,6 @@ constexpr Class kClass = Creatable<CNotification>(kMembers);
 
 }  // namespace
 
-template <>
-const Class& ClassOf<CNotification>() {
-  return kClass;
-}
+const Class& DescriptionOf(Tag<CNotification>) { return kClass; }
 
 }  // namespace zef::component

@@ -23,9 +23,6 @@ constexpr Class kClass = Creatable<CPhoneLog>(kMembers);
 
 }  // namespace
 
-template <>
-const Class& ClassOf<CPhoneLog>() {
-  return kClass;
-}
+const Class& DescriptionOf(Tag<CPhoneLog>) { return kClass; }
 
 }  // namespace zef::component

@@ -39,9 +39,6 @@ constexpr Class kClass = Creatable<CRecurrence>(kMembers);
 
 }  // namespace
 
-template <>
-const Class& ClassOf<CRecurrence>() {
-  return kClass;
-}
+const Class& DescriptionOf(Tag<CRecurrence>) { return kClass; }
 
 }  // namespace zef::component

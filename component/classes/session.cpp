@@ -150,9 +150,6 @@ constexpr Class kClass = Creatable<CSession>(kMembers);
 
 }  // namespace
 
-template <>
-const Class& ClassOf<CSession>() {
-  return kClass;
-}
+const Class& DescriptionOf(Tag<CSession>) { return kClass; }
 
 }  // namespace zef::component

@@ -39,9 +39,6 @@ constexpr Class kClass = Creatable<CTask>(kMembers);
 
 }  // namespace
 
-template <>
-const Class& ClassOf<CTask>() {
-  return kClass;
-}
+const Class& DescriptionOf(Tag<CTask>) { return kClass; }
 
 }  // namespace zef::component

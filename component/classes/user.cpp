@@ -27,9 +27,6 @@ constexpr Class kClass = Creatable<CUser>(kMembers);
 
 }  // namespace
 
-template <>
-const Class& ClassOf<CUser>() {
-  return kClass;
-}
+const Class& DescriptionOf(Tag<CUser>) { return kClass; }
 
 }  // namespace zef::component

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <iterator>
 #include <new>
 #include <string>
 #include <string_view>
@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "ZEFComponents/automation.h"
+#include "ZEFComponents/failure.h"
 #include "ZEFComponents/text.h"
 #include "ZEFComponents/values.h"
 
@@ -26,6 +27,12 @@ struct OwnedVariant : VARIANT {
   ~OwnedVariant() { VariantClear(this); }
   OwnedVariant(const OwnedVariant&) = delete;
   OwnedVariant& operator=(const OwnedVariant&) = delete;
+};
+
+/// A reference to an object, typed or not.
+template <class C>
+concept AnyObject = requires(const C& object) {
+  object.get()->Release();
 };
 
 /// `Put` fills an empty variant, which then owns what has to be freed; `Take` reads one of the type, and moves an
@@ -47,6 +54,30 @@ struct Carried<std::int32_t> {
   static void Put(VARIANT& variant, std::int32_t value) { variant.lVal = value; }
   static std::int32_t Take(VARIANT& variant) { return variant.lVal; }
 };
+
+template <class T, class... Others>
+inline constexpr bool kIsOneOf = (std::is_same_v<T, Others> || ...);
+template <class T>
+concept AnyCharacter = kIsOneOf<T, char, wchar_t, char8_t, char16_t, char32_t>;
+/// An integer of another type than the library's own. Characters are none, and a byte is a value of its own.
+template <class T>
+concept OtherInteger = std::integral<T> && !AnyCharacter<T> && !kIsOneOf<T, std::int32_t, std::uint8_t, bool>;
+/// Raises DISP_E_OVERFLOW if the integer does not fit.
+template <OtherInteger I>
+std::int32_t FittingLong(I value) {
+  if (!std::in_range<std::int32_t>(value)) Raise(DISP_E_OVERFLOW);
+  return static_cast<std::int32_t>(value);
+}
+template <OtherInteger I>
+struct Carried<I> {
+  static constexpr VARTYPE kKind = VT_I4;
+  static void Put(VARIANT& variant, I value) { variant.lVal = FittingLong(value); }
+  static I Take(VARIANT& variant) {
+    if (!std::in_range<I>(variant.lVal)) throw Failure(kOverflow, "Overflow");
+    return static_cast<I>(variant.lVal);
+  }
+};
+
 template <class E>
 requires std::is_enum_v<E>
 struct Carried<E> {
@@ -88,50 +119,67 @@ struct Carried<Rows> {
   }
 };
 
-inline void PutBytes(VARIANT& variant, const Bytes& bytes) {
-  if (bytes.size() > 0x7FFFFFFF) throw std::bad_alloc();
-  SAFEARRAYBOUND bound{static_cast<ULONG>(bytes.size()), 0};
-  variant.parray = SafeArrayCreate(VT_UI1, 1, &bound);
-  if (variant.parray == nullptr) throw std::bad_alloc();
-  if (!bytes.empty()) std::memcpy(variant.parray->pvData, bytes.data(), bytes.size());
-}
-inline Bytes TakeBytes(const VARIANT& variant) {
-  if (variant.parray == nullptr) return {};
-  const auto* const first = static_cast<const std::byte*>(variant.parray->pvData);
-  return Bytes(first, first + variant.parray->rgsabound[0].cElements);
-}
+// What only columns hold.
+
+template <>
+struct Carried<Null> {
+  static constexpr VARTYPE kKind = VT_NULL;
+  static void Put(VARIANT&, Null) {}
+  static Null Take(VARIANT&) { return {}; }
+};
+template <>
+struct Carried<std::uint8_t> {
+  static constexpr VARTYPE kKind = VT_UI1;
+  static void Put(VARIANT& variant, std::uint8_t value) { variant.bVal = value; }
+  static std::uint8_t Take(VARIANT& variant) { return variant.bVal; }
+};
+template <>
+struct Carried<double> {
+  static constexpr VARTYPE kKind = VT_R8;
+  static void Put(VARIANT& variant, double value) { variant.dblVal = value; }
+  static double Take(VARIANT& variant) { return variant.dblVal; }
+};
+template <>
+struct Carried<Bytes> {
+  static constexpr VARTYPE kKind = VT_ARRAY | VT_UI1;
+  static void Put(VARIANT& variant, const Bytes& bytes) {
+    if (bytes.size() > 0x7FFFFFFF) throw std::bad_alloc();
+    SAFEARRAYBOUND bound{static_cast<ULONG>(bytes.size()), 0};
+    variant.parray = SafeArrayCreate(VT_UI1, 1, &bound);
+    if (variant.parray == nullptr) throw std::bad_alloc();
+    if (!bytes.empty()) std::memcpy(variant.parray->pvData, bytes.data(), bytes.size());
+  }
+  static Bytes Take(VARIANT& variant) {
+    if (variant.parray == nullptr) return {};
+    const auto* const first = static_cast<const std::byte*>(variant.parray->pvData);
+    return Bytes(first, first + variant.parray->rgsabound[0].cElements);
+  }
+};
 
 template <>
 struct Carried<Value> {
   static constexpr VARTYPE kKind = VT_VARIANT;
   /// Sets the kind too.
   static void Put(VARIANT& variant, const Value& value) {
-    constexpr VARTYPE kKinds[] = {VT_NULL, VT_I4, VT_UI1, VT_R8, VT_BOOL, VT_DATE, VT_BSTR, VT_ARRAY | VT_UI1};
-    static_assert(std::size(kKinds) == std::variant_size_v<Value>);
-    std::visit([&](const auto& held) { PutHeld(variant, held); }, value);
-    variant.vt = kKinds[value.index()];
+    std::visit([&]<class Held>(const Held& held) { PutHeld(variant, held); }, value);
   }
-  static Value Take(VARIANT& variant) {
-    switch (variant.vt) {
-      case VT_I4: return variant.lVal;
-      case VT_UI1: return variant.bVal;
-      case VT_R8: return variant.dblVal;
-      case VT_BOOL: return variant.boolVal != VARIANT_FALSE;
-      case VT_DATE: return Date{variant.date};
-      case VT_BSTR: return TextOf(variant.bstrVal);
-      case VT_ARRAY | VT_UI1: return TakeBytes(variant);
-      default: return Null{};
-    }
-  }
+  static Value Take(VARIANT& variant) { return TakeAny(variant, static_cast<const Value*>(nullptr)); }
 
  private:
-  static void PutHeld(VARIANT&, Null) {}
-  static void PutHeld(VARIANT& variant, std::uint8_t byte) { variant.bVal = byte; }
-  static void PutHeld(VARIANT& variant, double number) { variant.dblVal = number; }
-  static void PutHeld(VARIANT& variant, const Bytes& bytes) { PutBytes(variant, bytes); }
-  template <class T>
-  static void PutHeld(VARIANT& variant, const T& held) {
-    Carried<T>::Put(variant, held);
+  template <class Held>
+  static void PutHeld(VARIANT& variant, const Held& held) {
+    Carried<Held>::Put(variant, held);
+    variant.vt = Carried<Held>::kKind;
+  }
+  /// As the type that is carried in the variant's kind, else Null.
+  template <class... Held>
+  static Value TakeAny(VARIANT& variant, const std::variant<Held...>*) {
+    Value value;
+    const auto take = [&]<class One>(const One*) {
+      if (variant.vt == Carried<One>::kKind) value = Carried<One>::Take(variant);
+    };
+    (take(static_cast<const Held*>(nullptr)), ...);
+    return value;
   }
 };
 

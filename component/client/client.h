@@ -9,6 +9,7 @@
 #include "ZEFComponents/date_text.h"
 #include "ZEFComponents/elements.h"
 #include "ZEFComponents/failure.h"
+#include "ZEFComponents/given.h"
 #include "ZEFComponents/library.h"
 #include "ZEFComponents/object.h"
 #include "ZEFComponents/property.h"

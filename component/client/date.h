@@ -28,7 +28,7 @@ struct Date {
   constexpr Date() = default;
   constexpr explicit Date(double days) : value(days) {}
   /// A calendar day and a time of day in whole seconds, 0 to 86399; raises 5 for anything else.
-  explicit Date(std::chrono::year_month_day day, int seconds = 0) {
+  Date(std::chrono::year_month_day day, int seconds = 0) {
     if (!day.ok() || seconds < 0 || seconds >= kSecondsPerDay) RaiseInvalidCall();
     *this = At((std::chrono::sys_days(day) - kDayZero).count(), seconds);
   }

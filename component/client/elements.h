@@ -48,6 +48,7 @@ class Elements {
       outcome =
           enumerator.punkVal == nullptr ? E_NOINTERFACE : enumerator.punkVal->QueryInterface(IID_IEnumVARIANT, &walk);
     }
+    if (outcome == DISP_E_MEMBERNOTFOUND) throw Failure(outcome, "The object is no collection");
     if (FAILED(outcome)) Raise(outcome, told);
     return Walk(static_cast<IEnumVARIANT*>(walk));
   }

@@ -29,6 +29,7 @@ class Failure : public std::runtime_error {
   std::string source_;
 };
 
+inline constexpr std::int32_t kOverflow = 6;
 inline constexpr std::int32_t kTypeMismatch = 13;
 inline constexpr std::int32_t kFileNotFound = 53;
 inline constexpr std::int32_t kObjectNotSet = 91;
@@ -44,12 +45,14 @@ struct OwnedExcepinfo : EXCEPINFO {
   OwnedExcepinfo& operator=(const OwnedExcepinfo&) = delete;
 };
 
-/// Why the library refused a call that it did not begin.
-inline std::string RefusalText(HRESULT result) {
+/// Why the library refused a call that it did not begin; `given` is what was at fault if it was a value.
+inline std::string RefusalText(HRESULT result, const std::string& given) {
   switch (result) {
-    case DISP_E_TYPEMISMATCH: return "An argument is of a type that does not convert";
-    case DISP_E_OVERFLOW: return "An argument is out of the range of its type";
-    case DISP_E_MEMBERNOTFOUND: return "The object has no such member; it is of another class or of another version";
+    case DISP_E_TYPEMISMATCH: return given + " is of a type that does not convert";
+    case DISP_E_OVERFLOW: return given + " is out of the range of its type";
+    case DISP_E_BADPARAMCOUNT: return "The member takes another number of arguments";
+    case DISP_E_PARAMNOTOPTIONAL: return "An argument that the member needs is missing";
+    case DISP_E_MEMBERNOTFOUND: return "The object has no such member, or none to be used in this way";
     case CLASS_E_CLASSNOTAVAILABLE: return "The library has no such class";
     default: break;
   }
@@ -58,9 +61,12 @@ inline std::string RefusalText(HRESULT result) {
   return std::string("The call was refused with result ") + code;
 }
 
-[[noreturn]] inline void Raise(HRESULT result, const EXCEPINFO& told = {}) {
+/// True for the number of a call that the library did not begin, as DISP_E_TYPEMISMATCH.
+constexpr bool IsRefusal(std::int32_t number) { return static_cast<std::uint32_t>(number) >> 16 == 0x8002; }
+
+[[noreturn]] inline void Raise(HRESULT result, const EXCEPINFO& told = {}, const std::string& given = "An argument") {
   if (result == E_OUTOFMEMORY) throw std::bad_alloc();
-  if (result != DISP_E_EXCEPTION) throw Failure(result, RefusalText(result));
+  if (result != DISP_E_EXCEPTION) throw Failure(result, RefusalText(result, given));
   constexpr std::uint32_t kRunTime = 0x800A;
   const auto bits = static_cast<std::uint32_t>(told.scode);
   const std::int32_t number = bits >> 16 == kRunTime ? static_cast<std::int32_t>(bits & 0xFFFF) : told.scode;

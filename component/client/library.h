@@ -1,6 +1,8 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
+#include <system_error>
 
 #include "ZEFComponents/automation.h"
 #include "ZEFComponents/failure.h"
@@ -10,13 +12,25 @@
 namespace zef {
 inline namespace automation {
 
+/// Loads a library, which the caller unloads. Raises 53 with the system's own reason if it cannot be loaded.
+inline Module OpenLibrary(const std::string& path) {
+  if (path.empty()) throw Failure(kFileNotFound, "No library is named.");  // else it would be the program itself
+  std::error_code unknown;
+  const std::filesystem::file_status status = std::filesystem::status(path, unknown);
+  if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {  // a pipe would hold us up
+    throw Failure(kFileNotFound, "The library cannot be loaded: " + path + " is no regular file");
+  }
+  const Module loaded = LoadModule(path);
+  if (loaded == nullptr) throw Failure(kFileNotFound, "The library cannot be loaded: " + ModuleFailure());
+  return loaded;
+}
+
 /// A loaded library of components. It stays loaded.
 class Library {
  public:
   /// Raises 53 with the system's own reason if the file cannot be loaded or is no library of components.
   explicit Library(const std::string& path) {
-    const Module loaded = LoadModule(path);
-    if (loaded == nullptr) throw Failure(kFileNotFound, "The library cannot be loaded: " + ModuleFailure());
+    const Module loaded = OpenLibrary(path);
     get_class_object_ = FunctionIn<GetClassObjectFunction>(loaded, "DllGetClassObject");
     if (get_class_object_ != nullptr) return;
     UnloadModule(loaded);

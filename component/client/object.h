@@ -1,6 +1,7 @@
 #pragma once
 
 #include <concepts>
+#include <cstddef>
 #include <functional>
 #include <iterator>
 #include <memory>
@@ -10,31 +11,37 @@
 
 #include "ZEFComponents/call.h"
 #include "ZEFComponents/elements.h"
-#include "ZEFComponents/property.h"
+#include "ZEFComponents/given.h"
 #include "ZEFComponents/registered.h"
 
 /// Objects whose class is not known before the program runs: members by name.
 namespace zef {
 inline namespace automation {
 
+struct Nothing {
+  IDispatch* get() const { return nullptr; }
+};
+
 /// The argument as it goes over: texts, integers, Booleans, enumerations, dates, rows and objects as what they are,
-/// anything else as a `Value`. A variable in `std::ref` is one that the member may change.
+/// a property as its value, anything else as a `Value`. A variable in `std::ref` is one that the member may change.
 template <class T>
 auto Passed(std::reference_wrapper<T> variable) {
   return InOut<T>(variable.get());
 }
 template <class T>
 auto Passed(const T& value) {
-  constexpr bool kIsItself = std::same_as<T, int> || std::same_as<T, bool> || std::is_enum_v<T> ||
-                             std::same_as<T, Date> || std::same_as<T, Rows> || requires {
-    value.get()->Release();
-  };
-  if constexpr (std::convertible_to<const T&, std::string_view>) {
-    return In<std::string>(std::string_view(Text(value)));
+  constexpr bool kIsItself =
+      OtherInteger<T> || kIsOneOf<T, std::int32_t, bool, Date, Rows> || std::is_enum_v<T> || AnyObject<T>;
+  if constexpr (AnyProperty<T>) {
+    return Passed(value.get());
+  } else if constexpr (std::is_null_pointer_v<T>) {
+    return In<Nothing>(Nothing());
   } else if constexpr (kIsItself) {
     return In<T>(value);
+  } else if constexpr (std::convertible_to<const T&, std::string_view>) {
+    return In<std::string>(std::string_view(Text(value)));
   } else {
-    return In<Value>(Value(value));
+    return In<Value>(AnyValue(value));
   }
 }
 
@@ -44,13 +51,12 @@ auto Passed(const T& value) {
 class Object {
  public:
   Object() = default;
+  Object(std::nullptr_t) {}
   /// Takes over a reference.
   explicit Object(IDispatch* owned) : object_(owned, Release) {}
   /// The object behind a typed class, or one without a type.
   template <class C>
-  requires requires(const C& object) {
-    { object.get() } -> std::same_as<IDispatch*>;
-  }
+  requires AnyObject<C>
   explicit Object(const C& typed) : Object(typed.get()) {
     if (typed) typed.get()->AddRef();
   }
@@ -62,22 +68,22 @@ class Object {
   /// Reads a property, which may have arguments.
   template <class T = Value, class... Arguments>
   T Get(std::string_view name, const Arguments&... arguments) const {
-    return automation::Call<T>(get(), Number(name), DISPATCH_PROPERTYGET, Passed(arguments)...);
+    return Use<T>(name, DISPATCH_PROPERTYGET, arguments...);
   }
   /// Assigns a value.
   template <class T>
   void Let(std::string_view name, const T& value) const {
-    automation::Call<void>(get(), Number(name), DISPATCH_PROPERTYPUT, Passed(value));
+    Use<void>(name, DISPATCH_PROPERTYPUT, value);
   }
   /// Assigns an object.
   template <class C>
   void Set(std::string_view name, const C& object) const {
-    automation::Call<void>(get(), Number(name), DISPATCH_PROPERTYPUTREF, Passed(object));
+    Use<void>(name, DISPATCH_PROPERTYPUTREF, object);
   }
   /// Calls a method.
   template <class T = void, class... Arguments>
   T Call(std::string_view name, const Arguments&... arguments) const {
-    return automation::Call<T>(get(), Number(name), DISPATCH_METHOD, Passed(arguments)...);
+    return Use<T>(name, DISPATCH_METHOD, arguments...);
   }
 
   /// The elements of a collection.
@@ -88,7 +94,18 @@ class Object {
   static void Release(IDispatch* object) {
     if (object != nullptr) object->Release();
   }
-  DISPID Number(std::string_view name) const {
+  /// A call whose refusal names the member.
+  template <class T, class... Arguments>
+  T Use(std::string_view name, WORD flags, const Arguments&... arguments) const {
+    const DISPID number = NumberOf(name);
+    try {
+      return automation::Call<T>(get(), number, flags, Passed(arguments)...);
+    } catch (const Failure& failure) {
+      if (!IsRefusal(failure.number())) throw;
+      throw Failure(failure.number(), std::string(name) + ": " + failure.what());
+    }
+  }
+  DISPID NumberOf(std::string_view name) const {
     RequireObject(get());
     Units units = ToUtf16(name);
     LPOLESTR text = units.data();

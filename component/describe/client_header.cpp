@@ -14,7 +14,7 @@ namespace {
 
 constexpr char kHead[] =
     "// Made from the library's own description of its classes. Do not edit.\n"
-    "#pragma once\n\n"
+    "#pragma once\n\n#include <cstddef>\n#include <iterator>\n#include <utility>\n\n"
     "#include \"ZEFComponents/client.h\"\n\n"
     "namespace zef {\n"
     "inline namespace automation {\n\n";
@@ -50,8 +50,9 @@ std::string GuidText(REFGUID identifier) {
 std::string GivenTypeName(const Type& type) {
   switch (type.kind) {
     case VT_BSTR: return fmt::format("const {}&", FullName("Text"));
-    case VT_I4:
-    case VT_BOOL:
+    case VT_VARIANT: return fmt::format("const {}&", FullName("AnyValue"));
+    case VT_I4: return type.name.empty() ? FullName("Number") : TypeName(type);
+    case VT_BOOL: return FullName("Truth");
     case VT_DATE: return TypeName(type);
     default: return fmt::format("const {}&", TypeName(type));
   }
@@ -89,6 +90,7 @@ std::string ReferenceText(const Class& described) {
       "  static constexpr char kProgrammaticName[] = \"{1}.{0}\";\n"
       "  static constexpr GUID kClassIdentifier{2};\n\n"
       "  {0}() noexcept : reference_{{nullptr}} {{}}\n"
+      "  {0}(std::nullptr_t) noexcept : {0}() {{}}\n"
       "  explicit {0}(IDispatch* owned) noexcept : reference_{{owned}} {{}}\n"
       "  {0}(const {0}& other) noexcept : reference_{{other.get()}} {{\n"
       "    if (get() != nullptr) get()->AddRef();\n"

@@ -1,16 +1,14 @@
 #include "component/registration.h"
 
-#include <dlfcn.h>
 #include <fmt/format.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 #include "component/client/posix/registry.h"
 #include "component/identifiers.h"
+#include "component/invocation.h"
+#include "component/posix/library_path.h"
 #include "platform/file.h"
 #include "platform/run_time_error.h"
 
@@ -19,20 +17,22 @@ namespace {
 
 constexpr char kVersion[] = "9.2";
 
-/// Where this library was loaded from, without links; empty if that cannot be found out.
-std::string LibraryPath() {
-  static const char anchor = 0;
-  Dl_info info;
-  if (dladdr(&anchor, &info) == 0 || info.dli_fname == nullptr) return {};
-  std::error_code failed;
-  return std::filesystem::canonical(info.dli_fname, failed).string();
+/// False if the loader would look for another path, since it replaces these words.
+bool IsLoadable(std::string_view path) {
+  for (const char* word : {"ORIGIN", "LIB", "PLATFORM"}) {
+    for (const char* before : {"$", "${"}) {
+      if (path.find(std::string(before) + word) != std::string_view::npos) return false;
+    }
+  }
+  return true;
 }
 
-/// Raises if there is none that an entry, which is made of lines, can name.
+/// Raises if there is none that an entry, which is made of lines, can name for a client to load.
 std::string NameableLibraryPath() {
   std::string path = LibraryPath();
   if (path.empty()) throw RunTimeError(FailureNumber::FileNotFound);
-  if (path.find_first_of("\r\n") != std::string::npos) throw RunTimeError(FailureNumber::PathFileAccess);
+  const bool is_one_line = path.find_first_of("\r\n") == std::string::npos;
+  if (!is_one_line || !IsLoadable(path)) throw RunTimeError(FailureNumber::InvalidCall);
   return path;
 }
 
@@ -48,18 +48,19 @@ std::string Entry(const Class& described, const std::string& library) {
                      kVersion);
 }
 
-/// The text of an entry; empty if there is none.
-std::string ReadEntry(const std::string& path) {
-  if (!PathExists(path)) return {};
+/// True if there is an entry of the class. What can be none is a failure, and however long it is, its head is enough.
+bool IsEntryOf(const Class& described, const std::string& path) {
+  if (!PathExists(path)) return false;
+  const std::string head = Identification(described);
+  std::string text(head.size(), '\0');
   InputFile file(path);
-  std::string text(file.size(), '\0');
   text.resize(file.Read(std::as_writable_bytes(std::span(text))));
-  return text;
+  return text == head;
 }
 
 void RemoveEntry(const Class& described, const std::filesystem::path& path) {
-  if (!ReadEntry(path).starts_with(Identification(described))) return;
-  if (unlink(path.c_str()) != 0 && errno != ENOENT) throw RunTimeError(FailureNumber::PathFileAccess);
+  if (!IsEntryOf(described, path)) return;
+  RemoveFile(path);
 }
 
 template <class Step>
@@ -70,7 +71,7 @@ HRESULT Attempt(Step&& step) noexcept {
   } catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;
   } catch (...) {
-    return SELFREG_E_CLASS;
+    return FailureCode(FailureAtHand().number());
   }
 }
 
@@ -84,7 +85,7 @@ HRESULT ForEachEntry(std::span<const Class* const> classes, Step&& step) noexcep
       if (folder.empty()) throw RunTimeError(FailureNumber::PathNotFound);
       step(*described, folder / ProgrammaticName(*described));
     });
-    if (FAILED(outcome)) result = outcome;
+    if (SUCCEEDED(result)) result = outcome;
   }
   return result;
 }
@@ -95,7 +96,7 @@ HRESULT Register(std::span<const Class* const> classes) noexcept {
   return ForEachEntry(classes,
                       [library = std::string()](const Class& described, const std::filesystem::path& path) mutable {
                         if (library.empty()) library = NameableLibraryPath();
-                        std::filesystem::create_directories(path.parent_path());
+                        MakeFolder(path.parent_path());
                         const std::string entry = Entry(described, library);
                         WriteWholeFile(path, std::as_bytes(std::span(entry)));
                       });

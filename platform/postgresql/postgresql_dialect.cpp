@@ -1,5 +1,7 @@
 #include "platform/postgresql/postgresql_dialect.h"
 
+#include "platform/sql/writing.h"
+
 namespace zef {
 namespace {
 
@@ -90,6 +92,16 @@ std::string PostgresqlDialect::Direction(bool descending) const {
 bool PostgresqlDialect::SortsGroups() const { return false; }
 
 bool PostgresqlDialect::KeepsStars() const { return true; }
+
+/// A row of so many columns becomes one of the table.
+std::string PostgresqlDialect::InPlaceOfStar(const sql::TableInfo& table) const {
+  std::string nulls;
+  for (std::size_t i = 0; i < table.columns.size(); ++i) sql::AppendItem(nulls, "NULL");
+  return CastAs("ROW(" + nulls + ")", sql::Quoted(table.name)) + " IS NULL";
+}
+
+/// Compared with a double, the column would become one.
+std::string PostgresqlDialect::SoughtWhole(const std::string& number) const { return Call("whole", number); }
 
 std::string PostgresqlDialect::Returning(const std::string& row_id) const { return " RETURNING " + row_id; }
 

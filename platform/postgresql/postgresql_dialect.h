@@ -25,6 +25,8 @@ class PostgresqlDialect final : public sql::Dialect {
   std::string Direction(bool descending) const override;
   bool SortsGroups() const override;
   bool KeepsStars() const override;
+  std::string InPlaceOfStar(const sql::TableInfo& table) const override;
+  std::string SoughtWhole(const std::string& number) const override;
   std::string Returning(const std::string& row_id) const override;
 };
 

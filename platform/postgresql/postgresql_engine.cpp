@@ -1,7 +1,10 @@
 #include "platform/postgresql/postgresql_engine.h"
 
+#include <fmt/format.h>
+
 #include <charconv>
 #include <string_view>
+#include <utility>
 
 #include "platform/ignoring_failures.h"
 #include "platform/postgresql/postgresql_error.h"
@@ -14,11 +17,19 @@
 namespace zef {
 namespace {
 
-/// The settings that the engine counts on, and the version of the database's support, in one round trip.
-constexpr const char* kSettings =
-    "SELECT obj_description(to_regnamespace('zef')::oid, 'pg_namespace'), set_config('lock_timeout', '5s', false),"
-    " set_config('DateStyle', 'ISO, MDY', false), set_config('standard_conforming_strings', 'on', false),"
-    " set_config('client_min_messages', 'warning', false), set_config('jit', 'off', false)";
+/// The settings that the engine counts on, for the connection or for a transaction.
+std::string Settings(bool of_transaction) {
+  constexpr std::pair<const char*, const char*> kSettings[] = {{"lock_timeout", "5s"},
+                                                               {"DateStyle", "ISO, MDY"},
+                                                               {"standard_conforming_strings", "on"},
+                                                               {"client_min_messages", "warning"},
+                                                               {"jit", "off"}};
+  std::string text;
+  for (const auto& [name, value] : kSettings) {
+    text += fmt::format("{}set_config('{}', '{}', {})", text.empty() ? "" : ", ", name, value, of_transaction);
+  }
+  return text;
+}
 
 std::int64_t NumberIn(const PGresult* result) {
   std::int64_t number = 0;
@@ -29,17 +40,22 @@ std::int64_t NumberIn(const PGresult* result) {
 
 }  // namespace
 
-PostgresqlEngine::PostgresqlEngine(ConnectionHandle connection)
-    : connection_(std::move(connection), [this] { DetachCursors(); }) {
+PostgresqlEngine::PostgresqlEngine(ConnectionHandle connection, bool pools_transactions)
+    : pools_transactions_(pools_transactions),
+      connection_(
+          std::move(connection), [this] { DetachCursors(); }, pools_transactions ? "SELECT " + Settings(true) : "") {
   if (connection_.Setting("server_encoding") != "UTF8") {
     throw RunTimeError(FailureNumber::FileUnusable, "The database on the server does not hold UTF-8 texts.");
   }
   PrepareDatabase();
 }
 
-/// Clients that come first at the same time wait for one another.
+/// The version of the database's support and the settings come in one round trip. Clients that come first at the same
+/// time wait for one another.
 void PostgresqlEngine::PrepareDatabase() {
-  if (NumberIn(connection_.Query(kSettings).get()) >= kSupportVersion) return;
+  std::string first = "SELECT obj_description(to_regnamespace('zef')::oid, 'pg_namespace')";
+  if (!pools_transactions_) first += ", " + Settings(false);
+  if (NumberIn(connection_.Query(first).get()) >= kSupportVersion) return;
   try {
     connection_.RunScript("BEGIN;" + SupportStatements() + "COMMIT");
   } catch (const RunTimeError& failure) {
@@ -57,7 +73,14 @@ PostgresqlEngine::~PostgresqlEngine() {
 }
 
 std::unique_ptr<PreparedStatement> PostgresqlEngine::Prepare(const sql::CompiledStatement& statement) {
-  return std::make_unique<PostgresqlStatement>(connection_, statement, "zef" + std::to_string(++statements_));
+  const std::string name = pools_transactions_ ? "" : "zef" + std::to_string(++statements_);
+  return std::make_unique<PostgresqlStatement>(connection_, statement, name, RequireTablesVersion(TablesVersion()));
+}
+
+/// Goes with the statement that needs it, which sees what those before in the turn have committed.
+void PostgresqlEngine::TakeTurn(std::string_view turn) {
+  ++deeds_.locks;
+  connection_.Defer("SELECT pg_advisory_xact_lock(hashtext(current_schema()), hashtext('" + std::string(turn) + "'))");
 }
 
 void PostgresqlEngine::RequireUsable() const {
@@ -80,18 +103,50 @@ std::optional<std::vector<std::string>> PostgresqlEngine::Relationships(std::str
   return RelationshipsOf(connection_, table);
 }
 
-void PostgresqlEngine::BeginTrans() {
+/// Going back to a savepoint lets go of rows that were locked since.
+bool PostgresqlEngine::Unchanged(const Deeds& since, bool locks_count) const {
+  return since.writes == deeds_.writes && (!locks_count || since.locks == deeds_.locks);
+}
+
+void PostgresqlEngine::Begin(bool locks_count) {
   RequireUsable();
-  connection_.Defer(depth_ == 0 ? "BEGIN" : "SAVEPOINT " + Savepoint());
-  ++depth_;
+  Level level{.before = deeds_, .trips_before = connection_.round_trips()};
+  const std::string savepoint = Savepoint(levels_.size());
+  if (levels_.empty()) {
+    connection_.Defer(kBegin);
+  } else if (Unchanged(levels_.back().before, locks_count)) {
+    level.own = false;
+  } else {
+    const bool still_there = Unchanged(released_, locks_count) && connection_.TakeBack("RELEASE " + savepoint);
+    if (!still_there) connection_.Defer("SAVEPOINT " + savepoint);
+  }
+  levels_.push_back(level);
+}
+
+void PostgresqlEngine::BeginTrans() { Begin(true); }
+
+/// A row that was locked to be written is written under the savepoint that it was locked under: the server goes to
+/// great lengths for one that two of them have changed.
+void PostgresqlEngine::BeginStatement(bool reads, const sql::CompileOptions& options) {
+  Begin(!options.by_row_id);
+  if (!reads) ++deeds_.writes;
+  if (options.lock_rows || options.lock_found) ++deeds_.locks;
+}
+
+/// What leads back to the beginning of the innermost level.
+Commands PostgresqlEngine::Undoing() const {
+  std::size_t level = levels_.size() - 1;
+  while (!levels_[level].own) --level;
+  if (level == 0) return {"ROLLBACK", kBegin};
+  return {"ROLLBACK TO " + Savepoint(level)};
 }
 
 void PostgresqlEngine::CommitTrans() {
-  if (depth_ == 0) throw RunTimeError(FailureNumber::NoTransaction);
+  if (levels_.empty()) throw RunTimeError(FailureNumber::NoTransaction);
   RequireUsable();
-  if (depth_ == 1) {
-    const ResultHandle ended = connection_.TakeBack("BEGIN") ? nullptr : connection_.Query("COMMIT");
-    --depth_;
+  if (levels_.size() == 1) {
+    const ResultHandle ended = connection_.TakeBack(kBegin) ? nullptr : connection_.Query("COMMIT");
+    levels_.pop_back();
     schema_changed_ = false;
     // The server answers the end of a transaction that had failed in this way.
     if (ended && std::string_view(PQcmdStatus(ended.get())) != "COMMIT") {
@@ -99,24 +154,34 @@ void PostgresqlEngine::CommitTrans() {
     }
     return;
   }
-  --depth_;
-  if (!connection_.TakeBack("SAVEPOINT " + Savepoint())) connection_.Defer("RELEASE " + Savepoint());
+  connection_.UndoLateFailureBy(Undoing());
+  const Level level = levels_.back();
+  levels_.pop_back();
+  const std::string savepoint = Savepoint(levels_.size());
+  if (!level.own || connection_.TakeBack("SAVEPOINT " + savepoint)) return;
+  connection_.Defer("RELEASE " + savepoint);
+  released_ = level.before;
 }
 
 void PostgresqlEngine::RollbackTrans() {
-  if (depth_ == 0) throw RunTimeError(FailureNumber::NoTransaction);
-  --depth_;
-  const bool unsent = connection_.TakeBack(depth_ == 0 ? "BEGIN" : "SAVEPOINT " + Savepoint());
+  if (levels_.empty()) throw RunTimeError(FailureNumber::NoTransaction);
+  const Commands undoing = Undoing();
+  const Level level = levels_.back();
+  levels_.pop_back();
+  const std::string savepoint = Savepoint(levels_.size());
+  const bool outermost = levels_.empty();
+  const bool unsent = level.own ? connection_.TakeBack(outermost ? kBegin : "SAVEPOINT " + savepoint)
+                                : connection_.round_trips() == level.trips_before;
   if (!unsent && !connection_.lost()) {
-    if (depth_ == 0) {
+    if (outermost) {
       connection_.Query("ROLLBACK");
     } else {
-      connection_.Defer("ROLLBACK TO " + Savepoint());
-      connection_.Defer("RELEASE " + Savepoint());
+      for (const std::string& command : undoing) connection_.Defer(command);
+      if (level.own) connection_.Defer("RELEASE " + savepoint);
     }
   }
   if (schema_changed_) Forget();
-  if (depth_ == 0) schema_changed_ = false;
+  if (outermost) schema_changed_ = false;
 }
 
 std::int64_t PostgresqlEngine::SchemaVersion() {
@@ -128,22 +193,24 @@ sql::TableInfo PostgresqlEngine::Describe(std::string_view table) { return Descr
 void PostgresqlEngine::ChangeSchema(const sql::SchemaChange& change) {
   TransactionGuard<Engine> guard(*this);
   schema_changed_ = true;
+  ++deeds_.writes;
   connection_.Query("SELECT pg_advisory_xact_lock(hashtext('zef tables'), hashtext(current_schema()))");
   ApplySchemaChange(connection_, change);
   guard.Commit();
 }
 
 std::unique_ptr<Engine> OpenPostgresql(const ConnectionString& connection) {
-  return std::make_unique<PostgresqlEngine>(ConnectToServer(connection));
+  return std::make_unique<PostgresqlEngine>(ConnectToServer(connection), PoolsTransactions(connection));
 }
 
 void CreatePostgresql(const ConnectionString& connection) {
-  ServerConnection asked(ConnectToServer(connection), [] {});
+  ServerConnection asked(ConnectToServer(connection), [] {}, {});
   const ResultHandle tables = asked.Query(
-      "SELECT count(*) FROM pg_class WHERE relnamespace = to_regnamespace(quote_ident(current_schema())) AND relkind IN"
-      " ('r', 'p', 'v', 'm', 'f')");
-  if (NumberIn(tables.get()) > 0) {
-    throw RunTimeError(FailureNumber::PathFileAccess, "The database on the server holds tables already.");
+      "SELECT relname FROM pg_class WHERE relnamespace = to_regnamespace(quote_ident(current_schema())) AND relkind IN"
+      " ('r', 'p', 'v', 'm', 'f') ORDER BY oid LIMIT 1");
+  if (PQntuples(tables.get()) > 0) {
+    const std::string table(PQgetvalue(tables.get(), 0, 0));
+    throw RunTimeError(FailureNumber::PathFileAccess, "The database is not empty: it has a table '" + table + "'.");
   }
   OpenPostgresql(connection);
 }

@@ -20,6 +20,7 @@ constexpr std::string_view kInvalid = "Invalid procedure call or argument";
 constexpr std::string_view kNoConversion = "A value does not convert to the type that is needed here.";
 
 constexpr Sentence kSentences[] = {
+    {"ZF001", FailureNumber::StatementError, "The tables were changed by another program."},
     {"ZF005", FailureNumber::InvalidCall, kInvalid},
     {"ZF006", FailureNumber::Overflow, kOverflow},
     {"ZF013", FailureNumber::TypesDoNotConvert, kNoConversion},

@@ -15,11 +15,15 @@ constexpr std::size_t kPortionBytes = std::size_t{4} << 20;
 }  // namespace
 
 PostgresqlStatement::PostgresqlStatement(ServerConnection& connection, const sql::CompiledStatement& compiled,
-                                         std::string name)
-    : connection_(connection), compiled_(compiled), name_(std::move(name)), parameters_(compiled.parameters) {}
+                                         std::string name, std::string check)
+    : connection_(connection),
+      compiled_(compiled),
+      name_(std::move(name)),
+      check_(std::move(check)),
+      parameters_(compiled.parameters) {}
 
 PostgresqlStatement::~PostgresqlStatement() {
-  if (prepared_) connection_.Deallocate(name_);
+  if (prepared_ && !name_.empty()) connection_.Deallocate(name_);
 }
 
 /// Whatever `lasting` says: values are sent before the first row is waited for.
@@ -31,7 +35,9 @@ void PostgresqlStatement::Start() {
   const bool select = compiled_.kind == sql::CompiledStatement::Kind::Select;
   rows_written_ = 0;
   row_id_.reset();
-  connection_.Start({name_, prepared_ ? nullptr : &compiled_.text, parameters_, select});
+  if (!prepared_) connection_.Defer(check_);
+  const bool known = prepared_ && !name_.empty();
+  connection_.Start({name_, known ? nullptr : &compiled_.text, parameters_, select});
   prepared_ = started_ = delivering_ = true;
 }
 
@@ -64,6 +70,12 @@ void PostgresqlStatement::TakeRest() {
   while (delivering_) Take(connection_.Next());
 }
 
+/// A `*` of a statement that is read anew for each run takes in columns that a table has got meanwhile.
+bool PostgresqlStatement::ColumnsHaveChanged() const {
+  const std::size_t expected = compiled_.columns.size() + (compiled_.hidden_row_id ? 1 : 0);
+  return name_.empty() && static_cast<std::size_t>(PQnfields(Row())) != expected;
+}
+
 PreparedStatement::Step PostgresqlStatement::Next() {
   try {
     if (!started_) {
@@ -78,6 +90,7 @@ PreparedStatement::Step PostgresqlStatement::Next() {
     throw;
   }
   if (at_ >= portion_.size()) return Step::Done;
+  if (ColumnsHaveChanged()) return Step::SchemaChanged;
   // A value that is fetched takes a round trip of its own, so no more rows may be on their way.
   if (!compiled_.later.empty()) TakeRest();
   return Step::Row;

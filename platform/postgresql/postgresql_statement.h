@@ -12,8 +12,11 @@ namespace zef {
 /// come in portions.
 class PostgresqlStatement final : public PreparedStatement {
  public:
-  /// The compiled statement and the connection must outlive this one. `name` is its own on the connection.
-  PostgresqlStatement(ServerConnection& connection, const sql::CompiledStatement& compiled, std::string name);
+  /// The compiled statement and the connection must outlive this one. `name` is its own on the connection, or empty for
+  /// a statement that the server keeps for one run only; `check` goes
+  /// before the preparing, in the same round trip, and fails if the tables have changed since the compilation.
+  PostgresqlStatement(ServerConnection& connection, const sql::CompiledStatement& compiled, std::string name,
+                      std::string check);
   ~PostgresqlStatement() override;
   PostgresqlStatement(const PostgresqlStatement&) = delete;
   PostgresqlStatement& operator=(const PostgresqlStatement&) = delete;
@@ -28,6 +31,7 @@ class PostgresqlStatement final : public PreparedStatement {
 
  private:
   void Start();
+  bool ColumnsHaveChanged() const;
   void ReadPortion();
   void TakeRest();
   void Take(ResultHandle result);
@@ -40,6 +44,7 @@ class PostgresqlStatement final : public PreparedStatement {
   ServerConnection& connection_;
   const sql::CompiledStatement& compiled_;
   const std::string name_;
+  const std::string check_;
   WireParameters parameters_;
   bool prepared_ = false;
   bool started_ = false;

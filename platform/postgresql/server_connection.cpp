@@ -16,8 +16,11 @@ bool IsFailure(const PGresult* result) {
 
 }  // namespace
 
-ServerConnection::ServerConnection(ConnectionHandle connection, std::function<void()> make_room)
-    : connection_(std::move(connection)), make_room_(std::move(make_room)) {}
+ServerConnection::ServerConnection(ConnectionHandle connection, std::function<void()> make_room,
+                                   std::string for_each_transaction)
+    : connection_(std::move(connection)),
+      make_room_(std::move(make_room)),
+      for_each_transaction_(std::move(for_each_transaction)) {}
 
 std::string_view ServerConnection::Setting(const char* name) const {
   const char* const value = PQparameterStatus(connection_.get(), name);
@@ -48,10 +51,20 @@ void ServerConnection::Open() {
   Sent(PQenterPipelineMode(connection_.get()));
   deferred_.insert(deferred_.end(), deallocated_.begin(), deallocated_.end());
   deallocated_.clear();
-  ahead_ = static_cast<int>(deferred_.size());
+  ahead_ = 0;
+  const bool inside = PQtransactionStatus(connection_.get()) != PQTRANS_IDLE;
+  const bool begins = !deferred_.empty() && deferred_.front() == kBegin;
+  if (!inside && !begins) SendAhead(for_each_transaction_);
   for (const std::string& command : std::exchange(deferred_, {})) {
-    Sent(PQsendQueryParams(connection_.get(), command.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0));
+    SendAhead(command);
+    if (command == kBegin) SendAhead(for_each_transaction_);
   }
+}
+
+void ServerConnection::SendAhead(const std::string& command) {
+  if (command.empty()) return;
+  Sent(PQsendQueryParams(connection_.get(), command.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0));
+  ++ahead_;
 }
 
 void ServerConnection::Sync() {
@@ -72,6 +85,7 @@ void ServerConnection::PassOver(int results) {
 /// Reads to the end of the round trip, so that the next one can begin.
 void ServerConnection::End() {
   delivering_ = false;
+  undo_late_failure_.clear();
   while (!lost()) {
     const ResultHandle result(PQgetResult(connection_.get()));
     if (result && PQresultStatus(result.get()) == PGRES_PIPELINE_SYNC) break;
@@ -79,15 +93,17 @@ void ServerConnection::End() {
   PQexitPipelineMode(connection_.get());
 }
 
-/// A statement that fails while its rows come has failed the transaction around it, too. What was to release its
-/// savepoint has not been sent, since nothing is while rows come.
+/// Whoever begins a statement undoes it if it fails at once. One that fails while its rows come, and with it the
+/// transaction around it, is nobody's any more.
 void ServerConnection::Fail(const PGresult* result) {
-  constexpr std::string_view kRelease = "RELEASE ";
-  const bool released = !deferred_.empty() && deferred_.front().starts_with(kRelease);
-  if (released) deferred_.insert(deferred_.begin(), "ROLLBACK TO " + deferred_.front().substr(kRelease.size()));
+  deferred_.insert(deferred_.begin(), undo_late_failure_.begin(), undo_late_failure_.end());
   const RunTimeError failure = PostgresqlFailure(connection_.get(), result);
   End();
   throw failure;
+}
+
+void ServerConnection::UndoLateFailureBy(Commands commands) {
+  if (delivering_ && undo_late_failure_.empty()) undo_late_failure_ = std::move(commands);
 }
 
 ResultHandle ServerConnection::Query(const std::string& text, const std::vector<std::string>& parameters, Form form) {
@@ -103,6 +119,7 @@ ResultHandle ServerConnection::Query(const std::string& text, const std::vector<
 }
 
 void ServerConnection::RunScript(const std::string& text) {
+  ++round_trips_;
   const ResultHandle result(PQexec(connection_.get(), text.c_str()));
   if (IsFailure(result.get())) throw PostgresqlFailure(connection_.get(), result.get());
 }

@@ -19,17 +19,25 @@ struct ClearResult {
 };
 using ResultHandle = std::unique_ptr<PGresult, ClearResult>;
 
+using Commands = std::vector<std::string>;
+
+/// Begins a transaction.
+inline constexpr const char* kBegin = "BEGIN";
+
 /// A conversation with the server. Commands that deliver nothing wait for the next statement and go with it, so that
 /// each statement takes one round trip. At most one statement delivers its rows at a time.
 class ServerConnection {
  public:
   /// `make_room` is called before anything is sent while a statement still delivers rows, and takes those elsewhere.
-  ServerConnection(ConnectionHandle connection, std::function<void()> make_room);
+  /// `for_each_transaction` goes with the first statement of every transaction; empty for none.
+  ServerConnection(ConnectionHandle connection, std::function<void()> make_room, std::string for_each_transaction);
 
   /// Lets a command go with the next statement.
   void Defer(std::string command);
   /// Takes the command that was deferred last back; false if it is another one, or was sent already.
   bool TakeBack(std::string_view command);
+  /// While a statement still delivers rows: what is sent before all that waits should one of these rows fail.
+  void UndoLateFailureBy(Commands commands);
   /// Forgets a prepared statement once it can be done in passing.
   void Deallocate(const std::string& name);
 
@@ -39,7 +47,8 @@ class ServerConnection {
   /// Runs several statements that are one text, outside of a transaction.
   void RunScript(const std::string& text);
 
-  /// A prepared statement to be run; with a text it is prepared first.
+  /// A prepared statement to be run; with a text it is prepared first. The empty name is that of a statement that the
+  /// server forgets with the next one.
   struct Run {
     const std::string& name;
     const std::string* text;
@@ -64,6 +73,7 @@ class ServerConnection {
 
  private:
   void Open();
+  void SendAhead(const std::string& command);
   void Sent(int code) const;
   void Sync();
   void PassOver(int results);
@@ -72,8 +82,10 @@ class ServerConnection {
 
   ConnectionHandle connection_;
   std::function<void()> make_room_;
-  std::vector<std::string> deferred_;
-  std::vector<std::string> deallocated_;
+  std::string for_each_transaction_;
+  Commands deferred_;
+  Commands deallocated_;
+  Commands undo_late_failure_;
   int ahead_ = 0;  ///< results before those of the statement itself
   bool delivering_ = false;
   std::int64_t round_trips_ = 0;

@@ -24,6 +24,8 @@ constexpr std::array<Option, 7> kOptions = {{{"Host", "host"},
                                              {"SSL Mode", "sslmode"},
                                              {"Root Certificate", "sslrootcert"}}};
 
+constexpr std::string_view kPooling = "Transaction Pooling";
+
 [[noreturn]] void Refuse(const std::string& what) {
   throw RunTimeError(FailureNumber::StatementError, "The connection string is refused: " + what);
 }
@@ -53,21 +55,46 @@ std::string SslMode(std::string_view given) {
   Refuse("the key 'SSL Mode' is disable, allow, prefer, require, verify-ca or verify-full.");
 }
 
+/// What a person can do about a failed connection, by what libpq says of it.
+struct Advice {
+  std::string_view words;
+  std::string_view sentence;
+};
+constexpr std::array<Advice, 2> kAdvice = {
+    {{"certificate verify failed", " The server's certificate comes from nobody whom 'Root Certificate' names."},
+     {", no encryption", " The server may demand encryption: see the key 'SSL Mode'."}}};
+
+std::string AdviceFor(const std::string& words) {
+  for (const Advice& advice : kAdvice) {
+    if (words.find(advice.words) != std::string::npos) return std::string(advice.sentence);
+  }
+  return {};
+}
+
 /// libpq's own words of a failed connection name hosts, users and databases, and no password.
 [[noreturn]] void RaiseNotConnected(PGconn* connection) {
   const std::string words = ReadableSentence(connection == nullptr ? "" : PQerrorMessage(connection));
   const bool password = connection != nullptr && (PQconnectionNeedsPassword(connection) != 0 ||
                                                   words.find("password authentication failed") != std::string::npos);
   if (password) throw RunTimeError(FailureNumber::PasswordRefused, "The server refused the user or the password.");
-  throw RunTimeError(FailureNumber::FileUnusable, "The server cannot be connected to: " + words);
+  throw RunTimeError(FailureNumber::FileUnusable, "The server cannot be connected to: " + words + AdviceFor(words));
 }
 
 void IgnoreNotice(void*, const char*) {}
 
 }  // namespace
 
+bool PoolsTransactions(const ConnectionString& connection) {
+  RequireOnce(connection, kPooling);
+  const std::string given = text::LowerAscii(connection.Get(kPooling));
+  if (given == "yes" || given == "true") return true;
+  if (given.empty() || given == "no" || given == "false") return false;
+  Refuse("the key 'Transaction Pooling' is Yes or No.");
+}
+
 ConnectionHandle ConnectToServer(const ConnectionString& connection) {
-  connection.Require({"Provider", "Host", "Port", "Database", "User ID", "Password", "SSL Mode", "Root Certificate"});
+  connection.Require(
+      {"Provider", "Host", "Port", "Database", "User ID", "Password", "SSL Mode", "Root Certificate", kPooling});
   RequireOnce(connection, "Provider");
   for (const Option& option : kOptions) RequireOnce(connection, option.key);
   RequireValue(connection, "Host");

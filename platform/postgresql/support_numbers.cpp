@@ -13,6 +13,10 @@ EXCEPTION WHEN numeric_value_out_of_range THEN
   PERFORM zef.fail('ZF006');
 END $$;
 
+-- A whole number as one that indexes of whole numbers serve; for any other one a number that no column holds.
+CREATE OR REPLACE FUNCTION zef.whole(x double precision) RETURNS bigint LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE AS $$
+  SELECT CASE WHEN abs(x) <= 2147483648 AND x = floor(x) THEN x::bigint ELSE 9223372036854775807 END $$;
+
 CREATE OR REPLACE FUNCTION zef.divide(x double precision, y double precision) RETURNS double precision LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
   SELECT x / y $$;
 CREATE OR REPLACE FUNCTION zef.int_divide(x double precision, y double precision) RETURNS bigint LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$

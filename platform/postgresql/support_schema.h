@@ -9,7 +9,7 @@ namespace zef {
 
 /// Raised with every change of the statements below. A database whose support is older is brought up to it when
 /// somebody connects who may do so.
-constexpr int kSupportVersion = 1;
+constexpr int kSupportVersion = 2;
 
 /// The statements that make all of it, or bring an older one up to date.
 std::string SupportStatements();

@@ -71,6 +71,11 @@ ORDER BY r.oid)sql";
 
 }  // namespace
 
+/// What comes from a row is not worked out when the statement is only planned.
+std::string RequireTablesVersion(std::int64_t version) {
+  return "SELECT zef.fail('ZF001', v::text) FROM zef.tables_version() AS v WHERE v <> " + std::to_string(version);
+}
+
 sql::TableInfo DescribeTable(ServerConnection& connection, std::string_view table) {
   const ResultHandle rows = connection.Query(kColumns, {text::LowerCase(table)});
   sql::TableInfo info;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,6 +13,9 @@ namespace zef {
 
 /// What the comment of a relationship begins with.
 inline constexpr std::string_view kRelationship = "relationship";
+
+/// The statement that fails unless the tables still have the version that `zef.tables_version` gave.
+std::string RequireTablesVersion(std::int64_t version);
 
 /// The columns of a table or view of the current schema, found without regard to letter case; without columns if there
 /// is no such table.

@@ -86,6 +86,8 @@ class Dialect {
   virtual std::string Later(const std::string& /*column*/, const std::string& row_id) const { return row_id; }
   /// A column of a table as it stands in an expression.
   virtual std::string Column(const std::string& text, const ColumnInfo& /*column*/) const { return text; }
+  /// A number of any kind that is sought in a column of whole numbers, as an index of that column finds it.
+  virtual std::string SoughtWhole(const std::string& number) const { return number; }
   /// True or False as a number, never a bare one: where rows are sorted, engines take that for the position of a
   /// column.
   virtual std::string Truth(bool truth) const { return truth ? "~0" : "~-1"; }
@@ -97,13 +99,16 @@ class Dialect {
   /// True if the star of a select must stand in the engine's statement, since that is how it notices that a table has
   /// got another column.
   virtual bool KeepsStars() const { return false; }
+  /// What stands behind the columns of a select for a star that cannot: it fails if the table has got another column.
+  virtual std::string InPlaceOfStar(const TableInfo& /*table*/) const { return {}; }
   /// What follows an UPDATE that found its row by its identifier; may be empty.
   virtual std::string Returning(const std::string& /*row_id*/) const { return {}; }
 };
 
 struct CompileOptions {
-  bool updatable = false;  ///< make a single-table select findable for `Update`
-  bool lock_rows = false;  ///< pessimistic: lock what is read
+  bool updatable = false;   ///< make a single-table select findable for `Update`
+  bool lock_rows = false;   ///< pessimistic: lock what is read
+  bool lock_found = false;  ///< lock the row of a select that names its whole key
   /// An `UPDATE` of one table changes one row: its identifier is the placeholder behind those of the assignments.
   bool by_row_id = false;
 };

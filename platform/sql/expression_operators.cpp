@@ -44,6 +44,12 @@ bool ServesTexts(const Operand& operand) {
   return operand.column != nullptr && operand.column->leads_index && operand.column->ignores_case;
 }
 
+/// True if a number of any kind is sought in a column of whole numbers.
+bool SeeksWhole(const Operand& column, const Operand& number) {
+  const bool whole = column.column != nullptr && IsNumber(column.type) && column.type != Type::Boolean;
+  return whole && column.type != Type::Double && number.type == Type::Double && number.column == nullptr;
+}
+
 bool HasText(const std::vector<Operand>& sides) {
   return std::any_of(sides.begin(), sides.end(), [](const Operand& side) { return IsText(side.type); });
 }
@@ -105,10 +111,11 @@ void ExpressionWriter::RequireComparable(const Expr& expr, const Operand& left, 
   RaiseAt(FailureNumber::TypesDoNotConvert, "The types of the values that are compared do not convert", expr.place);
 }
 
-/// The text of a value that is compared with another one: beside a date, a number is the date that it counts.
+/// The text of a value that is compared with another one: beside a date, a number is the date that it counts. Anything
+/// else stays as it is, since an index knows only the bare column.
 std::string ExpressionWriter::Beside(const Operand& other, const Operand& operand) const {
   const bool counts = other.type == Type::Date && IsNumber(operand.type);
-  return Cast(operand, counts ? Type::Date : operand.type, Binding::Sum);
+  return counts ? Cast(operand, Type::Date, Binding::Sum) : Bracketed(operand, Binding::Sum);
 }
 
 /// `right` is an operand or a list in brackets.
@@ -131,12 +138,14 @@ Operand ExpressionWriter::Compared(const Expr& expr, const Operand& left, const 
   const bool indexed = ServesTexts(left) && right.plain_ascii;
   subject.text = Beside(right, left);
   subject.binding = Binding::Whole;
-  return Comparing(subject, op, Beside(left, right), indexed);
+  const bool sought = op == "=" && SeeksWhole(left, right);
+  return Comparing(subject, op, sought ? writing_.dialect().SoughtWhole(right.text) : Beside(left, right), indexed);
 }
 
 Operand ExpressionWriter::Comparison(const Expr& expr) {
   const Operands sides = Alike(expr.args);
-  const bool turned = expr.name == "=" && sides[0].plain_ascii && sides[1].column != nullptr;
+  const bool served = (sides[0].plain_ascii && sides[1].column != nullptr) || SeeksWhole(sides[1], sides[0]);
+  const bool turned = expr.name == "=" && served;
   return turned ? Compared(expr, sides[1], expr.name, sides[0]) : Compared(expr, sides[0], expr.name, sides[1]);
 }
 
@@ -219,6 +228,7 @@ Operand ExpressionWriter::Between(const Expr& expr) {
 
 /// One side of an IN that has many: it becomes what the other one is, also where that is no date.
 std::string ExpressionWriter::ListItem(const Operand& subject, const Operand& item) const {
+  if (SeeksWhole(subject, item)) return writing_.dialect().SoughtWhole(item.text);
   const bool mixed = (subject.type == Type::Date) != (item.type == Type::Date);
   return mixed && Comparable(subject.type, item.type) ? Cast(item, subject.type) : item.text;
 }

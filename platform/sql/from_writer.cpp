@@ -43,18 +43,18 @@ void AddSelect(Writing& writing, const Source& source, const Scope* outer, Scope
 /// Walks the sources in the order in which they were added.
 class FromWriter {
  public:
-  FromWriter(const Scope& scope, ExpressionWriter& expressions)
-      : next_(scope.sources().begin()), expressions_(expressions) {}
+  FromWriter(Scope& scope, ExpressionWriter& expressions) : scope_(scope), expressions_(expressions) {}
 
   /// A comma binds more loosely than JOIN to some engines, so below a join it is written as one.
   std::string Write(const Source& source, bool below_join) {
-    if (!source.left) return (next_++)->text;
+    const std::size_t first = next_;
+    if (!source.left) return scope_.sources()[next_++].text;
     const bool comma = source.kind == Kind::Cross && !below_join;
     const std::string left = Write(*source.left, !comma);
     std::string right = Write(*source.right, true);
     if (source.right->left) right = "(" + right + ")";
     if (comma) return left + ", " + right;
-    return left + std::string(Word(source.kind)) + right + " ON " + On(source);
+    return left + std::string(Word(source.kind)) + right + " ON " + On(source, first);
   }
 
  private:
@@ -63,9 +63,15 @@ class FromWriter {
     return kind == Kind::Right ? " RIGHT JOIN " : " INNER JOIN ";
   }
 
-  std::string On(const Source& source) { return source.on ? expressions_.Condition(*source.on).text : "1 = 1"; }
+  /// The condition of the join whose sources are those from `first` up to here.
+  std::string On(const Source& source, std::size_t first) {
+    if (!source.on) return "1 = 1";
+    const Scope::Window window(scope_, first, next_);
+    return expressions_.Condition(*source.on).text;
+  }
 
-  std::deque<ScopeSource>::const_iterator next_;
+  Scope& scope_;
+  std::size_t next_ = 0;
   ExpressionWriter& expressions_;
 };
 
@@ -78,7 +84,7 @@ void AddSources(Writing& writing, const Source& source, const Scope* outer, Scop
   AddSources(writing, *source.right, outer, scope);
 }
 
-std::string WriteFrom(const Source& source, const Scope& scope, ExpressionWriter& expressions) {
+std::string WriteFrom(const Source& source, Scope& scope, ExpressionWriter& expressions) {
   return FromWriter(scope, expressions).Write(source, false);
 }
 

@@ -50,7 +50,9 @@ const ScopeSource* Scope::FindSource(std::string_view name) const {
 }
 
 bool Scope::FindHere(const Expr& reference, FoundColumn& found) const {
-  for (const ScopeSource& source : sources_) {
+  const std::size_t last = std::min(visible_.second, sources_.size());
+  for (std::size_t i = visible_.first; i < last; ++i) {
+    const ScopeSource& source = sources_[i];
     const ColumnInfo* column = MayMean(reference, source) ? source.info().Find(reference.name) : nullptr;
     if (column == nullptr) continue;
     if (found.source != nullptr) RaiseAmbiguous(reference);

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <deque>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/sql/ast.h"
 #include "platform/sql/grouping.h"
@@ -46,6 +48,21 @@ class Scope {
   const ScopeSource* FindSource(std::string_view name) const;
   /// The column that a reference means. Raises -2147217904 for a name that is not known or means two columns.
   FoundColumn Find(const Expr& reference) const;
+  /// While it lives, only the sources from `first` to before `last` have columns: those of the join whose condition is
+  /// written.
+  class Window {
+   public:
+    Window(Scope& scope, std::size_t first, std::size_t last)
+        : scope_(scope), before_(std::exchange(scope.visible_, {first, last})) {}
+    ~Window() { scope_.visible_ = before_; }
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+
+   private:
+    Scope& scope_;
+    const std::pair<std::size_t, std::size_t> before_;
+  };
+
   /// Tells `grouping` of the columns of this scope that are found, also from selects inside.
   void ReportTo(Grouping& grouping) { grouping_ = &grouping; }
   /// True if columns of this scope are written with the name of their source.
@@ -58,6 +75,7 @@ class Scope {
   const bool named_results_;
   Grouping* grouping_ = nullptr;
   std::deque<ScopeSource> sources_;
+  std::pair<std::size_t, std::size_t> visible_{0, static_cast<std::size_t>(-1)};  ///< sources: first, behind the last
 };
 
 }  // namespace zef::sql

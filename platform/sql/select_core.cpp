@@ -111,6 +111,13 @@ void SelectCore::KeepStar(const ScopeSource& source, std::size_t first) {
   for (std::size_t i = first + 1; i < items_.size(); ++i) items_[i].behind_star = true;
 }
 
+void SelectCore::Replace(std::size_t item, const std::string& text) {
+  items_[item].in_place = text;
+  const bool had_star = items_[item].behind_star || !items_[item].star.empty();
+  const TableInfo* const table = SingleTable();
+  if (had_star && table != nullptr) star_in_place_ = ", " + writing_.dialect().InPlaceOfStar(*table);
+}
+
 const SelectedItem* SelectCore::ItemOf(const Expr& expr) const {
   if (expr.kind == Expr::Kind::Literal && writing_.KindOf(expr) == LiteralKind::Integer) {
     return &items_[PositionOf(expr, items_.size())];
@@ -151,7 +158,7 @@ const TableInfo* SelectCore::SingleTable() const {
 
 std::string SelectCore::Body(bool collated) {
   std::string text = select_.distinct ? "SELECT DISTINCT " : "SELECT ";
-  text += ItemList(collated) + hidden_;
+  text += ItemList(collated) + hidden_ + star_in_place_;
   if (select_.from) text += " FROM " + WriteFrom(*select_.from, scope_, expressions_);
   text += OptionalCondition(" WHERE ", select_.where);
   return text + GroupBy() + Having();

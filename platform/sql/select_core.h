@@ -31,8 +31,8 @@ class SelectCore {
 
   /// One more column behind the others, which is none of the result's.
   void AppendHidden(const std::string& text) { hidden_ = ", " + text; }
-  /// Puts an identifier of the row in the place of a result column.
-  void Replace(std::size_t item, const std::string& text) { items_[item].in_place = text; }
+  /// Puts an identifier of the row in the place of a result column. A star that it came from cannot stand any more.
+  void Replace(std::size_t item, const std::string& text);
   std::string Text();
   /// As a part of a UNION: without ORDER BY, its texts ready for comparison.
   std::string PartOfUnion();
@@ -76,7 +76,8 @@ class SelectCore {
   std::vector<Operand> keys_;  ///< of the groups
   std::vector<SelectedItem> items_;
   std::string hidden_;
-  int unnamed_ = 1000;  ///< number of the next column without a name
+  std::string star_in_place_;  ///< behind all columns
+  int unnamed_ = 1000;         ///< number of the next column without a name
 };
 
 }  // namespace zef::sql

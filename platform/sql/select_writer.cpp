@@ -1,6 +1,7 @@
 #include "platform/sql/select_writer.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "platform/sql/select_core.h"
@@ -173,12 +174,29 @@ void FetchLater(Writing& writing, SelectCore& core) {
   }
 }
 
+/// True if the condition is a value for the table's key, so that there is one row at most.
+bool NamesKey(const Select& select, const SelectCore& core) {
+  const TableInfo* const table = core.SingleTable();
+  const Expr* const where = select.where.get();
+  if (table == nullptr || table->row_id.empty() || where == nullptr) return false;
+  if (where->kind != Expr::Kind::Binary || where->name != "=") return false;
+  const Expr& column = *where->args[0];
+  if (column.kind != Expr::Kind::Column || where->args[1]->kind != Expr::Kind::Literal) return false;
+  const ColumnInfo* const named = table->Find(column.name);
+  return named->key && std::count_if(table->columns.begin(), table->columns.end(), std::mem_fn(&ColumnInfo::key)) == 1;
+}
+
+bool LocksRows(const Writing& writing, const Select& select, const SelectCore& core) {
+  if (!core.IsPlain()) return false;
+  return writing.options().lock_rows || (writing.options().lock_found && NamesKey(select, core));
+}
+
 WrittenSelect WritePlainStatement(Writing& writing, const Select& select) {
   SelectCore core(writing, select, nullptr, Naming::None);
   FetchLater(writing, core);
   if (writing.options().updatable) MakeUpdatable(writing, core);
   WrittenSelect written{core.Text(), ColumnsOf(core)};
-  if (writing.options().lock_rows && core.IsPlain()) written.text += writing.dialect().ForUpdate();
+  if (LocksRows(writing, select, core)) written.text += writing.dialect().ForUpdate();
   return written;
 }
 

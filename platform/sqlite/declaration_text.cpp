@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "platform/sql/schema_changer.h"
+#include "platform/sql/writing.h"
 #include "platform/sqlite/table_description.h"
 
 namespace zef {
@@ -9,7 +11,7 @@ namespace {
 
 std::string Names(const std::vector<std::string>& names) {
   std::string text;
-  for (const std::string& name : names) text += (text.empty() ? "" : ", ") + QuotedName(name);
+  for (const std::string& name : names) sql::AppendItem(text, sql::Quoted(name));
   return text;
 }
 
@@ -17,22 +19,18 @@ std::string Names(const std::vector<std::string>& names) {
 
 std::string Collation(sql::Type type) { return sql::IsText(type) ? " COLLATE NOCASE" : ""; }
 
-std::string ColumnText(const sql::ColumnDefinition& column) {
-  std::string text = QuotedName(column.name) + " " + DeclaredType(column.type, column.length) + Collation(column.type);
-  if (column.required || column.primary_key) text += " NOT NULL";
-  if (column.primary_key) text += " PRIMARY KEY";
-  if (column.unique) text += " UNIQUE";
-  return text;
+std::string DeclaredColumn(const sql::ColumnDefinition& column) {
+  return sql::ColumnText(column, DeclaredType(column.type, column.length) + Collation(column.type));
 }
 
 std::string ConstraintText(const sql::Constraint& constraint) {
-  std::string text = constraint.name.empty() ? "" : "CONSTRAINT " + QuotedName(constraint.name) + " ";
+  std::string text = constraint.name.empty() ? "" : "CONSTRAINT " + sql::Quoted(constraint.name) + " ";
   switch (constraint.kind) {
     case sql::Constraint::Kind::PrimaryKey: return text + "PRIMARY KEY (" + Names(constraint.columns) + ")";
     case sql::Constraint::Kind::Unique: return text + "UNIQUE (" + Names(constraint.columns) + ")";
     case sql::Constraint::Kind::ForeignKey: break;
   }
-  text += "FOREIGN KEY (" + Names(constraint.columns) + ") REFERENCES " + QuotedName(constraint.foreign_table);
+  text += "FOREIGN KEY (" + Names(constraint.columns) + ") REFERENCES " + sql::Quoted(constraint.foreign_table);
   return constraint.foreign_columns.empty() ? text : text + " (" + Names(constraint.foreign_columns) + ")";
 }
 

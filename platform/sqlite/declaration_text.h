@@ -10,7 +10,7 @@ namespace zef {
 /// Texts are declared with the one collation of stock SQLite that ignores letter case: searches for plain texts use
 /// indexes through it, and other tools find the same rows. Empty for other types.
 std::string Collation(sql::Type type);
-std::string ColumnText(const sql::ColumnDefinition& column);
+std::string DeclaredColumn(const sql::ColumnDefinition& column);
 std::string ConstraintText(const sql::Constraint& constraint);
 
 }  // namespace zef

@@ -1,5 +1,6 @@
 #include "platform/sqlite/schema_change.h"
 
+#include "platform/sql/schema_changer.h"
 #include "platform/sql/writing.h"
 #include "platform/sqlite/declaration_text.h"
 #include "platform/sqlite/sqlite_error.h"
@@ -10,142 +11,99 @@
 namespace zef {
 namespace {
 
+using sql::Quoted;
+using IndexColumns = std::vector<sql::SchemaChange::IndexColumn>;
+
 /// What an index with a text leaves to its companion: rows whose first text has other characters than printable ASCII.
 constexpr std::string_view kNotPlain = " GLOB '*[^ -~]*'";
 constexpr std::string_view kCompanion = " (other characters)";
 
-class Change {
+class FileChanger final : public sql::SchemaChanger {
  public:
-  Change(sqlite3* db, const sql::SchemaChange& change, std::optional<RunTimeError>& failure)
-      : db_(db), change_(change), failure_(failure) {}
-
-  void CreateTable();
-  void CreateIndex();
-  void DropTable();
-  void DropIndex();
-  void AddColumn();
-  void AlterColumn();
-  void DropColumn();
-  void AddConstraints();
-  void DropConstraint();
+  FileChanger(sqlite3* db, const sql::SchemaChange& change, std::optional<RunTimeError>& failure)
+      : SchemaChanger(change), db_(db), failure_(failure) {}
 
  private:
-  void Run(const std::string& text);
-  void AddOne(const sql::Constraint& constraint);
-  bool FindsIndex(std::string_view name);
-  sql::TableInfo Table();
-  const sql::ColumnInfo& Column(const sql::TableInfo& table, std::string_view name);
-  void MakeIndex(const std::string& name, bool unique, const std::vector<sql::SchemaChange::IndexColumn>& columns);
-  std::string UseOf(const std::string& table, const sql::ColumnInfo& column);
+  void Run(const std::string& text) override;
+  sql::TableInfo Describe(std::string_view table) override { return DescribeTable(db_, table); }
+  std::string IndexNamed(const std::string& name) override;
+  std::string UseOf(const sql::TableInfo& table, const sql::ColumnInfo& column) override;
+  std::string Declared(const sql::ColumnDefinition& column) override { return DeclaredColumn(column); }
+  void MakeTable() override;
+  void MakeIndex(const sql::TableInfo& table) override;
+  void RemoveIndex(const std::string& index) override;
+  void ChangeColumn(const sql::TableInfo& table, const sql::ColumnInfo& old,
+                    const sql::ColumnDefinition& column) override;
+  void MakeConstraint(const sql::TableInfo& table, const sql::Constraint& constraint) override;
+  bool RemoveConstraint(const sql::TableInfo& table) override;
+
+  void IndexTable(const sql::TableInfo& table, const std::string& name, bool unique, const IndexColumns& columns);
   void ConvertValues(const std::string& table, const sql::ColumnInfo& old, const sql::ColumnDefinition& column);
   TableText StoredText(const std::string& table);
   void ReplaceText(const std::string& table, const TableText& text);
 
   sqlite3* db_;
-  const sql::SchemaChange& change_;
   std::optional<RunTimeError>& failure_;
 };
 
-void Change::Run(const std::string& text) {
+void FileChanger::Run(const std::string& text) {
   failure_.reset();
   const int code = sqlite3_exec(db_, text.c_str(), nullptr, nullptr, nullptr);
   if (code != SQLITE_OK && failure_) throw *failure_;
   CheckSqlite(db_, code);
 }
 
-/// Among those with a statement of their own; a key of a table is no index to its users.
-bool Change::FindsIndex(std::string_view name) {
-  const StatementHandle statement =
-      PrepareOwn(db_, "SELECT 1 FROM sqlite_schema WHERE type='index' AND sql IS NOT NULL AND name=?1 COLLATE NOCASE");
+std::string FileChanger::IndexNamed(const std::string& name) {
+  const StatementHandle statement = PrepareOwn(
+      db_, "SELECT name FROM sqlite_schema WHERE type='index' AND sql IS NOT NULL AND name=?1 COLLATE NOCASE");
   sqlite3_bind_text(statement.get(), 1, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
-  return sqlite3_step(statement.get()) == SQLITE_ROW;
+  if (sqlite3_step(statement.get()) != SQLITE_ROW) return {};
+  return reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), 0));
 }
 
-sql::TableInfo Change::Table() {
-  sql::TableInfo table = DescribeTable(db_, change_.table);
-  if (table.columns.empty()) {
-    throw RunTimeError(FailureNumber::NoSuchTable, "The table '" + change_.table + "' does not exist.");
-  }
-  return table;
-}
-
-const sql::ColumnInfo& Change::Column(const sql::TableInfo& table, std::string_view name) {
-  if (const sql::ColumnInfo* column = table.Find(name)) return *column;
-  throw RunTimeError(FailureNumber::NoSuchColumn,
-                     "The table '" + table.name + "' has no column '" + std::string(name) + "'.");
-}
-
-void Change::CreateTable() {
-  if (!DescribeTable(db_, change_.table).columns.empty()) {
-    throw RunTimeError(FailureNumber::TableExists, "The table '" + change_.table + "' exists already.");
-  }
+void FileChanger::MakeTable() {
   std::string items;
-  for (const sql::ColumnDefinition& column : change_.columns) items += (items.empty() ? "" : ", ") + ColumnText(column);
-  for (const sql::Constraint& constraint : change_.constraints) items += ", " + ConstraintText(constraint);
-  Run("CREATE TABLE " + QuotedName(change_.table) + " (" + items + ")");
+  for (const sql::ColumnDefinition& column : change().columns) sql::AppendItem(items, DeclaredColumn(column));
+  for (const sql::Constraint& constraint : change().constraints) sql::AppendItem(items, ConstraintText(constraint));
+  Run("CREATE TABLE " + Quoted(change().table) + " (" + items + ")");
 }
 
-void Change::CreateIndex() { MakeIndex(change_.name, change_.unique, change_.index_columns); }
+void FileChanger::MakeIndex(const sql::TableInfo& table) {
+  IndexTable(table, change().name, change().unique, change().index_columns);
+}
 
-void Change::MakeIndex(const std::string& name, bool unique,
-                       const std::vector<sql::SchemaChange::IndexColumn>& columns) {
-  const sql::TableInfo table = Table();
-  if (FindsIndex(name)) {
-    throw RunTimeError(FailureNumber::IndexExists, "The index '" + name + "' exists already.");
-  }
+void FileChanger::IndexTable(const sql::TableInfo& table, const std::string& name, bool unique,
+                             const IndexColumns& columns) {
   std::string items, text, up_to_text;
   for (const auto& column : columns) {
     const sql::ColumnInfo& info = Column(table, column.name);
-    const std::string quoted = QuotedName(info.name);
-    items += (items.empty() ? "" : ", ") + quoted + Collation(info.type) + (column.descending ? " DESC" : "");
+    const std::string quoted = Quoted(info.name);
+    sql::AppendItem(items, quoted + Collation(info.type) + (column.descending ? " DESC" : ""));
     if (!text.empty() || !sql::IsText(info.type)) continue;
     text = quoted;
     up_to_text = items;
   }
-  const std::string on = " ON " + QuotedName(table.name);
-  Run((unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") + QuotedName(name) + on + " (" + items + ")");
+  const std::string on = " ON " + Quoted(table.name);
+  Run((unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") + Quoted(name) + on + " (" + items + ")");
   if (text.empty()) return;
-  Run("CREATE INDEX " + QuotedName(name + std::string(kCompanion)) + on + " (" + up_to_text + ") WHERE " + text +
+  Run("CREATE INDEX " + Quoted(name + std::string(kCompanion)) + on + " (" + up_to_text + ") WHERE " + text +
       std::string(kNotPlain));
 }
 
-void Change::DropTable() { Run("DROP TABLE " + QuotedName(Table().name)); }
-
-void Change::DropIndex() {
-  Run("DROP INDEX " + QuotedName(change_.name));
-  Run("DROP INDEX IF EXISTS " + QuotedName(change_.name + std::string(kCompanion)));
+void FileChanger::RemoveIndex(const std::string& index) {
+  Run("DROP INDEX " + Quoted(index));
+  Run("DROP INDEX IF EXISTS " + Quoted(index + std::string(kCompanion)));
 }
 
-void Change::AddColumn() {
-  const sql::TableInfo table = Table();
-  const sql::ColumnDefinition& column = change_.columns.front();
-  if (table.Find(column.name) != nullptr) {
-    throw RunTimeError(FailureNumber::ColumnExists,
-                       "The table '" + table.name + "' has a column '" + column.name + "' already.");
-  }
-  Run("ALTER TABLE " + QuotedName(table.name) + " ADD COLUMN " + ColumnText(column));
-  AddConstraints();
-}
-
-void Change::DropColumn() {
-  const sql::TableInfo table = Table();
-  const sql::ColumnInfo& column = Column(table, change_.name);
-  const std::string use = UseOf(table.name, column);
-  const std::string refusal = "The column '" + column.name + "' cannot be dropped: it belongs to " + use + ".";
-  if (!use.empty()) throw RunTimeError(FailureNumber::StatementError, refusal);
-  Run("ALTER TABLE " + QuotedName(table.name) + " DROP COLUMN " + QuotedName(column.name));
-}
-
-/// What would break without the column, in words; empty if nothing would. An index is older than its companion.
-std::string Change::UseOf(const std::string& table, const sql::ColumnInfo& column) {
+/// An index is older than its companion.
+std::string FileChanger::UseOf(const sql::TableInfo& table, const sql::ColumnInfo& column) {
   constexpr std::string_view kUses =
       "SELECT CASE l.origin WHEN 'c' THEN 'the index ''' || l.name || '''' ELSE 'a key of the table' END, l.seq AS age"
       " FROM pragma_index_list(?1) AS l, pragma_index_info(l.name) AS i WHERE i.name=?2"
       " UNION ALL SELECT 'a relationship of the table', -1 FROM pragma_foreign_key_list(?1) AS f"
       " WHERE f.\"from\"=?2 COLLATE NOCASE ORDER BY age DESC";
-  if (column.key) return "a key of the table";
   const StatementHandle statement = PrepareOwn(db_, kUses);
-  sqlite3_bind_text(statement.get(), 1, table.data(), static_cast<int>(table.size()), SQLITE_STATIC);
+  sqlite3_bind_text(statement.get(), 1, table.name.data(), static_cast<int>(table.name.size()), SQLITE_STATIC);
   sqlite3_bind_text(statement.get(), 2, column.name.data(), static_cast<int>(column.name.size()), SQLITE_STATIC);
   if (sqlite3_step(statement.get()) != SQLITE_ROW) return {};
   return reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), 0));
@@ -153,10 +111,8 @@ std::string Change::UseOf(const std::string& table, const sql::ColumnInfo& colum
 
 /// A column that only changes its declared type keeps its values where they are; those of another kind are converted in
 /// place.
-void Change::AlterColumn() {
-  const sql::TableInfo table = Table();
-  const sql::ColumnDefinition& column = change_.columns.front();
-  const sql::ColumnInfo& old = Column(table, column.name);
+void FileChanger::ChangeColumn(const sql::TableInfo& table, const sql::ColumnInfo& old,
+                               const sql::ColumnDefinition& column) {
   TableText text = StoredText(table.name);
   const bool becomes_text = !sql::IsText(old.type) && !old.ignores_case;
   text.ChangeType(old.name, DeclaredType(column.type, column.length) + (becomes_text ? Collation(column.type) : ""));
@@ -164,7 +120,8 @@ void Change::AlterColumn() {
   ConvertValues(table.name, old, column);
 }
 
-void Change::ConvertValues(const std::string& table, const sql::ColumnInfo& old, const sql::ColumnDefinition& column) {
+void FileChanger::ConvertValues(const std::string& table, const sql::ColumnInfo& old,
+                                const sql::ColumnDefinition& column) {
   struct Converter {
     sql::Type type;
     std::string_view function;
@@ -173,7 +130,7 @@ void Change::ConvertValues(const std::string& table, const sql::ColumnInfo& old,
       {sql::Type::Boolean, "zef_to_boolean"}, {sql::Type::Byte, "zef_to_byte"},     {sql::Type::Short, "zef_to_short"},
       {sql::Type::Long, "zef_to_long"},       {sql::Type::Double, "zef_to_double"}, {sql::Type::Date, "zef_to_date"},
   };
-  const std::string name = QuotedName(old.name);
+  const std::string name = Quoted(old.name);
   const bool dates_to_text = old.type == sql::Type::Date && sql::IsText(column.type);
   const std::string source = dates_to_text ? "zef_date_text(" + name + ")" : name;
   const std::string told_as = ", " + sql::QuotedText(old.name) + ")";
@@ -189,11 +146,11 @@ void Change::ConvertValues(const std::string& table, const sql::ColumnInfo& old,
   }
   if (converted.empty()) return;
   // A comparison alone would convert one side to the column's new kind first.
-  Run("UPDATE " + QuotedName(table) + " SET " + name + " = " + converted + " WHERE typeof(" + name + ") <> typeof(" +
+  Run("UPDATE " + Quoted(table) + " SET " + name + " = " + converted + " WHERE typeof(" + name + ") <> typeof(" +
       converted + ") OR " + name + " IS NOT " + converted);
 }
 
-TableText Change::StoredText(const std::string& table) {
+TableText FileChanger::StoredText(const std::string& table) {
   const StatementHandle statement = PrepareOwn(db_, "SELECT sql FROM sqlite_schema WHERE type='table' AND name=?1");
   sqlite3_bind_text(statement.get(), 1, table.data(), static_cast<int>(table.size()), SQLITE_STATIC);
   if (sqlite3_step(statement.get()) != SQLITE_ROW) {
@@ -204,7 +161,7 @@ TableText Change::StoredText(const std::string& table) {
 
 /// The engine itself has no statement for these changes. Editing the stored text is safe because none of them moves
 /// what is stored in the rows; the new text is parsed again before the transaction can be committed.
-void Change::ReplaceText(const std::string& table, const TableText& text) {
+void FileChanger::ReplaceText(const std::string& table, const TableText& text) {
   Run("PRAGMA writable_schema=ON");
   const StatementHandle statement = PrepareOwn(db_, "UPDATE sqlite_schema SET sql=?2 WHERE type='table' AND name=?1");
   const std::string changed = text.Text();
@@ -222,56 +179,29 @@ void Change::ReplaceText(const std::string& table, const TableText& text) {
   }
 }
 
-void Change::AddConstraints() {
-  for (const sql::Constraint& constraint : change_.constraints) AddOne(constraint);
-}
-
-void Change::AddOne(const sql::Constraint& constraint) {
-  const sql::TableInfo table = Table();
-  for (const std::string& column : constraint.columns) Column(table, column);
-  if (constraint.kind == sql::Constraint::Kind::PrimaryKey) {
-    throw RunTimeError(FailureNumber::StatementError, "A table's primary key is declared when it is made.");
-  }
+void FileChanger::MakeConstraint(const sql::TableInfo& table, const sql::Constraint& constraint) {
   if (constraint.kind == sql::Constraint::Kind::Unique) {
-    std::vector<sql::SchemaChange::IndexColumn> columns;
+    RequireNoIndex(constraint.name);
+    IndexColumns columns;
     for (const std::string& column : constraint.columns) columns.push_back({column, false});
-    return MakeIndex(constraint.name, true, columns);
+    return IndexTable(table, constraint.name, true, columns);
   }
   TableText text = StoredText(table.name);
   text.AddConstraint(" " + ConstraintText(constraint));
   ReplaceText(table.name, text);
 }
 
-void Change::DropConstraint() {
-  const sql::TableInfo table = Table();
-  if (FindsIndex(change_.name)) return DropIndex();
+bool FileChanger::RemoveConstraint(const sql::TableInfo& table) {
   TableText text = StoredText(table.name);
-  if (!text.RemoveConstraint(change_.name)) {
-    throw RunTimeError(FailureNumber::StatementError,
-                       "The table '" + table.name + "' has no constraint '" + change_.name + "'.");
-  }
+  if (!text.RemoveConstraint(change().name)) return false;
   ReplaceText(table.name, text);
+  return true;
 }
 
 }  // namespace
 
 void ApplySchemaChange(sqlite3* db, const sql::SchemaChange& change, std::optional<RunTimeError>& failure) {
-  using Kind = sql::SchemaChange::Kind;
-  struct Step {
-    Kind kind;
-    void (Change::*run)();
-  };
-  const Step steps[] = {
-      {Kind::CreateTable, &Change::CreateTable},       {Kind::CreateIndex, &Change::CreateIndex},
-      {Kind::DropTable, &Change::DropTable},           {Kind::DropIndex, &Change::DropIndex},
-      {Kind::AddColumn, &Change::AddColumn},           {Kind::AlterColumn, &Change::AlterColumn},
-      {Kind::DropColumn, &Change::DropColumn},         {Kind::AddConstraint, &Change::AddConstraints},
-      {Kind::DropConstraint, &Change::DropConstraint},
-  };
-  Change applied(db, change, failure);
-  for (const Step& step : steps) {
-    if (step.kind == change.kind) (applied.*step.run)();
-  }
+  FileChanger(db, change, failure).Apply();
 }
 
 }  // namespace zef

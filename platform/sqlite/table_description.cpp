@@ -129,10 +129,4 @@ std::string DeclaredType(sql::Type type, int length) {
   throw RunTimeError(FailureNumber::StatementError, "The type of a column is not known.");
 }
 
-std::string QuotedName(std::string_view name) {
-  std::string quoted = "\"";
-  for (const char c : name) quoted.append(c == '"' ? 2 : 1, c);
-  return quoted + '"';
-}
-
 }  // namespace zef

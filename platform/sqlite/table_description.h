@@ -21,7 +21,4 @@ std::optional<std::vector<std::string>> RelationshipsOf(sqlite3* db, std::string
 /// The declaration of a column type in the engine's words: "INTEGER", "TEXT(255)", "DATETIME REAL".
 std::string DeclaredType(sql::Type type, int length);
 
-/// An identifier as it stands in a statement.
-std::string QuotedName(std::string_view name);
-
 }  // namespace zef

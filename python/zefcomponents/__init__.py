@@ -16,7 +16,7 @@ at the latest.
 
 from .arguments import ByRef
 from .failure import Failure
-from .library import Library, Load
+from .library import Library, Load, load_registered
 from .objects import Object
 from .registration import RegisteredLibrary
 
@@ -28,4 +28,4 @@ def CreateObject(name):
 
     Raises Failure 429 if the class is not registered, 53 if its library is gone or cannot be loaded.
     """
-    return Load(RegisteredLibrary(name)).CreateObject(name)
+    return load_registered(name).CreateObject(name)

@@ -24,7 +24,10 @@ def to_number(date):
         raise ValueError(f"the year {date.year} is before {_FIRST_YEAR}, where the library's dates begin")
     since = date - _DAY_ZERO  # its seconds are those since midnight on either side of day zero
     time = (since.seconds + since.microseconds / 1e6) / _SECONDS
-    return since.days - time if since.days < 0 else since.days + time
+    number = since.days - time if since.days < 0 else since.days + time
+    # A last moment that is too near to midnight for such a number stays on its day: before day zero the next whole
+    # number is a day that is past, and behind the last day there is none.
+    return number if math.trunc(number) == since.days else math.nextafter(number, 0)
 
 
 def from_number(number):

@@ -8,7 +8,7 @@ import stat
 from . import layout, typelibrary
 from .failure import CANNOT_CREATE, OBJECT_FILE_MISSING, Failure
 from .objects import make_class
-from .registration import RegisteredLibrary, check_class_name
+from .registration import check_class_name, registered, unusable
 
 _SESSION = "ZEFComponents.CSession"
 _NAME = "ZEFComponents"
@@ -20,8 +20,20 @@ def Load(path=None):
 
     Raises Failure 53 if it cannot be loaded or is another library, 429 if none is registered.
     """
-    path = _whole(RegisteredLibrary(_SESSION) if path is None else path)
+    if path is None:
+        return load_registered(_SESSION)
+    path = _whole(path)
     return _loaded.get(path) or _loaded.setdefault(path, Library(path))
+
+
+def load_registered(name):
+    """The library that a class is registered for. Raises Failure 53, with the paths of the entry and of the library, if
+    that is gone or cannot be loaded."""
+    entry, library = registered(name)
+    try:
+        return Load(library)
+    except Failure as failure:
+        raise unusable(entry, library, failure.description) from failure
 
 
 def _whole(path):

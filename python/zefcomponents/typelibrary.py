@@ -71,7 +71,7 @@ def read_text(path):
                 start = section(place)[0]
                 if texts[start:texts.find(b"\0", start)] == b"TYPELIB":
                     return content(place).decode("utf-8")
-        except struct.error:  # cut off
+        except (struct.error, ValueError, OverflowError):  # cut off or damaged
             return None
     return None
 

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <fstream>
+
 #include "platform/engine.h"
 #include "tests/client/run_zef.h"
 
@@ -46,6 +48,32 @@ TEST_F(ZefConnectTest, ComplaintNeverShowsThePassword) {
 TEST_F(ZefConnectTest, UnknownProviderIsRefused) {
   EXPECT_EQ(Complaint(1, {"info", "--connect", "Provider=Nobody"}), "zef: The provider cannot be found.\n");
 }
+
+#ifdef ZEF_POSTGRESQL
+class ZefClientLibraryTest : public ZefTest {
+ protected:
+  /// Connects with the library that the test has put into its folder.
+  Ended Connect() {
+    const std::vector<std::string> words{"LD_LIBRARY_PATH=" + folder().string(), ZEF_BINARY, "info", "--connect",
+                                         "Provider=PostgreSQL;Host=/nowhere;Database=none"};
+    return RunProgram(folder(), "env", words);
+  }
+};
+
+TEST_F(ZefClientLibraryTest, OfTheServerThatCannotBeLoadedIsTold) {
+  std::ofstream(File("libpq.so.5")) << "no library";
+  const Ended run = Connect();
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, StartsWith("zef: The client library of the server cannot be loaded: " + folder().string()));
+}
+
+TEST_F(ZefClientLibraryTest, OfTheServerThatLacksAFunctionIsTold) {
+  std::filesystem::copy_file(ZEF_LIBRARY, File("libpq.so.5"));
+  const Ended run = Connect();
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, "zef: The client library of the server is too old: it has no PQconnectdbParams.\n");
+}
+#endif
 
 TEST_F(ZefConnectTest, EmptyStringIsWrongUse) {
   EXPECT_EQ(Complaint(2, {"info", "--connect", ""}), "zef: --connect: the connection string is empty.\n");

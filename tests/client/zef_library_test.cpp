@@ -97,6 +97,14 @@ TEST_F(ZefAlone, TellsWhatToDoAboutARegisteredLibraryThatIsGone) {
                          "where it is now, with 'zef register --library FILE'.\n");
 }
 
+TEST_F(ZefAlone, TellsAnEntryThatIsNoFile) {
+  const fs::path entry = Place("data/components/ZEFComponents.CSession");
+  fs::create_directories(entry);
+  const Ended run = Create();
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, "zef: The entry " + entry.string() + " cannot be read: It is no regular file.\n");
+}
+
 TEST_F(ZefAlone, FindsTheLibraryThatIsNamedInItsWorkingFolder) {
   LinkLibrary("named.so");
   EXPECT_EQ(Zef({"create", "people.db", "--library", "named.so"}).status, 0);

@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <cstdlib>
 #include <fstream>
@@ -79,7 +80,7 @@ TEST_F(ZefRegisterTest, PathWithALineBreakIsRefused) {
   fs::copy_file(Library(), folder_.path() / "lib\ncopy.so");
   const Ended ended = Zef({"register", "--library", "lib\ncopy.so"});
   EXPECT_EQ(ended.status, 1);
-  EXPECT_THAT(ended.err, HasSubstr("since it has a line break: '"));
+  EXPECT_THAT(ended.err, HasSubstr("since it has a line break or a word that the system replaces: '"));
   EXPECT_EQ(Count(), 0u);
 }
 
@@ -102,8 +103,8 @@ TEST_F(ZefRegisterTest, FolderThatCannotBeWrittenIsTold) {
   std::ofstream(folder_.path() / "components") << "a file in its place";
   const Ended ended = Zef({"register"});
   EXPECT_EQ(ended.status, 1);
-  EXPECT_EQ(ended.err, "zef: The entry '" + (Components() / "ZEFComponents.CSession").string() +
-                           "' cannot be written: Not a directory.\n");
+  EXPECT_EQ(ended.err,
+            "zef: The entries in '" + Components().string() + "' cannot be written: There can be no such folder.\n");
 }
 
 TEST_F(ZefRegisterTest, EntryThatCannotBeWrittenIsTold) {
@@ -111,7 +112,7 @@ TEST_F(ZefRegisterTest, EntryThatCannotBeWrittenIsTold) {
   const Ended ended = Zef({"register"});
   EXPECT_EQ(ended.status, 1);
   EXPECT_EQ(ended.err, "zef: The entry '" + (Components() / "ZEFComponents.CTask").string() +
-                           "' cannot be written: Is a directory.\n");
+                           "' cannot be written: It is no regular file, or the system refuses it.\n");
 }
 
 TEST_F(ZefRegisterTest, EntryThatCannotBeRemovedIsTold) {
@@ -121,8 +122,25 @@ TEST_F(ZefRegisterTest, EntryThatCannotBeRemovedIsTold) {
   const Ended ended = Zef({"unregister"});
   EXPECT_EQ(ended.status, 1);
   EXPECT_EQ(ended.err, "zef: The entry '" + (Components() / "ZEFComponents.CTask").string() +
-                           "' cannot be removed: Is a directory.\n");
+                           "' cannot be removed: It is no regular file, or the system refuses it.\n");
   EXPECT_EQ(Count(), 1u);
+}
+
+TEST_F(ZefRegisterTest, EntryThatIsAPipeIsTold) {
+  fs::create_directories(Components());
+  const fs::path entry = Components() / "ZEFComponents.CTask";
+  mkfifo(entry.c_str(), 0600);
+  EXPECT_EQ(Zef({"register"}).err, "zef: The entry '" + entry.string() +
+                                       "' cannot be written: It is no regular file, or the system refuses it.\n");
+  EXPECT_EQ(Zef({"unregister"}).err, "zef: The entry '" + entry.string() +
+                                         "' cannot be removed: It is no regular file, or the system refuses it.\n");
+}
+
+TEST_F(ZefRegisterTest, EntryThatStandsInNobodysWayIsNotBlamed) {
+  fs::create_directories(Components() / "ZEFComponents.CTask");
+  std::ofstream(Components() / "ZEFComponents.CAlarm") << "text";
+  fs::permissions(Components() / "ZEFComponents.CAlarm", fs::perms::none);
+  EXPECT_THAT(Zef({"register"}).err, HasSubstr("ZEFComponents.CTask' cannot be written: It is no regular file"));
 }
 
 TEST_F(ZefRegisterTest, WithoutAnyFolderItIsRefused) {

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <string_view>
+
 #include "tests/clients/loaded.h"
 
 namespace zef::test {
@@ -101,15 +103,49 @@ TEST_F(CallTest, ColumnsComeInTheirTypes) {
   EXPECT_EQ(Selected("SELECT Null FROM Folders WHERE FLD_ID=1"), Value(Null{}));
 }
 
+TEST_F(CallTest, ElementIsNamedByAnyTypeOfTextOrInteger) {
+  const Fields fields = session_.conDBConnection->Execute("SELECT FLD_ID, FLD_Name FROM Folders").Fields;
+  const std::string_view view = "FLD_Name";
+  CTag tag = Built().Create<CTag>();
+  tag.ID = 1;
+  tag.Text = view;
+  for (const Field& field :
+       {fields.Item(1), fields.Item(1L), fields.Item(std::size_t{1}), fields.Item("FLD_Name"), fields.Item(view),
+        fields.Item(std::string(view)), fields.Item(tag.ID), fields.Item(tag.Text)}) {
+    EXPECT_EQ(field.Name, "FLD_Name");
+  }
+}
+
+TEST_F(CallTest, IntegerBeyond32BitsIsRefusedAsAValue) {
+  const Fields fields = session_.conDBConnection->Execute("SELECT FLD_ID FROM Folders").Fields;
+  for (const std::int64_t wide : {std::int64_t{1} << 32, -(std::int64_t{1} << 31) - 1}) {
+    EXPECT_EQ(Raised([&] { fields.Item(wide); }).number(), DISP_E_OVERFLOW) << wide;
+  }
+}
+
+TEST_F(CallTest, IntegerBeyond32BitsIsRefusedAsAnArgument) {
+  const std::int32_t id = RootFolders().ItemByIdx(1).ID;
+  EXPECT_EQ(Raised([&] { session_.DeleteFolder(std::int64_t{id} + (std::int64_t{1} << 32)); }).number(),
+            DISP_E_OVERFLOW);
+  EXPECT_TRUE(session_.GetFolder(id));
+}
+
+static_assert(!std::is_constructible_v<AnyValue, char> && std::is_constructible_v<AnyValue, std::uint8_t>);
+
+TEST_F(CallTest, ColumnTakesWhatAColumnHolds) {
+  const Recordset records = NewRow("T_Number Long, T_Text Memo");
+  const Fields fields = records.Fields;
+  fields.Item("T_Number").Value = 7L;
+  fields.Item("T_Text").Value = std::string_view("O'Neil");
+  records.Update();
+  EXPECT_EQ(Selected("SELECT T_Number FROM T"), Value(7));
+  EXPECT_EQ(Selected("SELECT T_Text FROM T"), Value("O'Neil"));
+}
+
 TEST_F(CallTest, BytesOfAColumnComeBack) {
   Bytes content;
   for (int i = 0; i < 1000; ++i) content.push_back(static_cast<std::byte>(i));
-  const Connection connection = session_.conDBConnection;
-  connection.Execute("CREATE TABLE T (T_Bytes LongBinary)");
-  const Recordset records = connection.Execute("SELECT * FROM T");
-  records.Close();
-  records.Open("SELECT * FROM T", connection, 1, 3);
-  records.AddNew();
+  const Recordset records = NewRow("T_Bytes LongBinary");
   records.Fields->Item("T_Bytes").Value = content;
   records.Update();
   EXPECT_EQ(Selected("SELECT T_Bytes FROM T"), Value(content));

@@ -1,5 +1,9 @@
 #include <gmock/gmock.h>
 
+#include <ranges>
+#include <string>
+#include <vector>
+
 #include "tests/clients/loaded.h"
 
 namespace zef::test {
@@ -19,6 +23,23 @@ TEST_F(ElementsTest, ComeInOrder) {
 
 TEST_F(ElementsTest, OfAnEmptyCollectionAreNone) {
   for (auto folder : Built().Create<CFolders>()) ADD_FAILURE() << folder.Name;
+}
+
+TEST_F(ElementsTest, OfAPropertyAreWalked) {
+  const Recordset records = session_.conDBConnection->Execute("SELECT FLD_ID, FLD_Name FROM Folders");
+  std::vector<std::string> names;
+  for (auto field : records.Fields.get()) names.push_back(field.Name);
+  EXPECT_THAT(names, testing::ElementsAre("FLD_ID", "FLD_Name"));
+}
+
+// A property that ends with its expression would be walked after its end.
+static_assert(!std::ranges::range<const decltype(Connection::Errors)>);
+
+TEST_F(ElementsTest, OfAPropertyOfAPropertyAreWalked) {
+  Raised([&] { session_.conDBConnection->Execute("SELECT * FROM Nowhere"); });
+  std::vector<std::int32_t> numbers;
+  for (auto error : session_.conDBConnection->Errors.get()) numbers.push_back(error.Number);
+  EXPECT_THAT(numbers, testing::ElementsAre(-2147217865));
 }
 
 TEST_F(ElementsTest, CanBeChanged) {

@@ -1,5 +1,6 @@
 #include <dlfcn.h>
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <cstdlib>
 #include <fstream>
@@ -47,9 +48,26 @@ TEST_F(RegistryTest, ObjectIsCreatedByTheNameOfItsClass) {
 }
 
 TEST_F(RegistryTest, NameThatIsNotRegisteredRaises429) {
-  for (const char* name : {"ZEFComponents.CNone", "", "../ZEFComponents.CTask"}) {
-    EXPECT_EQ(Raised([&] { CreateObject(name); }).number(), 429) << name;
+  EXPECT_EQ(Raised([] { CreateObject("ZEFComponents.CNone"); }).number(), 429);
+}
+
+TEST_F(RegistryTest, TextThatNamesNoClassLeadsToNoEntry) {
+  const std::string entry = EntryPath("ZEFComponents.CTask");
+  std::filesystem::copy_file(entry, folder_ / "ZEFComponents.CTask");
+  std::filesystem::copy_file(entry, folder_ / "components" / "CTask");
+  for (const std::string name : {"", "CTask", "../ZEFComponents.CTask"}) {
+    const Failure failure = Raised([&] { CreateObject(name); });
+    EXPECT_EQ(failure.number(), 429) << name;
+    EXPECT_THAT(failure.what(), HasSubstr("'" + name + "' is not the name of a class"));
   }
+}
+
+TEST_F(RegistryTest, FileInPlaceOfTheRegistryRegistersNothing) {
+  std::filesystem::remove_all(folder_ / "components");
+  std::ofstream(folder_ / "components") << "a file";
+  const Failure failure = Raised([] { CreateObject("ZEFComponents.CTask"); });
+  EXPECT_EQ(failure.number(), 429);
+  EXPECT_THAT(failure.what(), HasSubstr("is not registered"));
 }
 
 TEST_F(RegistryTest, EntryWithoutAnIdentifierRaises429) {
@@ -92,6 +110,41 @@ TEST_F(RegistryTest, StaleEntryRaises53WithBothPaths) {
   EXPECT_THAT(failure.what(), HasSubstr("/gone/libZEFComponents.so"));
 }
 
+TEST_F(RegistryTest, WhatCannotBeAnEntryIsTold) {
+  const std::string entry = EntryPath("ZEFComponents.CNote");
+  const auto told = [&](const auto& make) {
+    std::filesystem::remove(entry);
+    make();
+    const Failure failure = Raised([] { CreateObject("ZEFComponents.CNote"); });
+    EXPECT_EQ(failure.number(), 429);
+    return std::string(failure.what());
+  };
+  const std::string no_file = "The entry " + entry + " cannot be read: It is no regular file.";
+  EXPECT_EQ(told([&] { std::filesystem::create_directory(entry); }), no_file);
+  EXPECT_EQ(told([&] { mkfifo(entry.c_str(), 0600); }), no_file);
+  EXPECT_EQ(told([&] { std::filesystem::create_symlink("/dev/zero", entry); }), no_file);
+  EXPECT_EQ(told([&] { std::ofstream(entry) << std::string(0x10001, 'x'); }),
+            "The entry " + entry + " cannot be read: It is too long for an entry.");
+  EXPECT_THAT(told([&] { std::filesystem::create_symlink(entry, entry); }),
+              HasSubstr("cannot be read: Too many levels of symbolic links"));
+}
+
+TEST_F(RegistryTest, LongestEntryIsRead) {
+  std::ofstream(EntryPath("ZEFComponents.CNote")) << std::string(0x10000 - 17, 'x') << "\nInprocServer32=/a";
+  EXPECT_EQ(Raised([] { RegisteredLibrary("ZEFComponents.CNote"); }).number(), 429) << "one byte too long";
+  std::ofstream(EntryPath("ZEFComponents.CNote")) << std::string(0x10000 - 18, 'x') << "\nInprocServer32=/a";
+  EXPECT_EQ(RegisteredLibrary("ZEFComponents.CNote"), "/a");
+}
+
+TEST_F(RegistryTest, LibraryThatIsAPipeRaises53) {
+  const std::string pipe = (folder_ / "pipe.so").string();
+  mkfifo(pipe.c_str(), 0600);
+  Name(pipe);
+  const Failure failure = Raised([] { Library(RegisteredLibrary("ZEFComponents.CNote")); });
+  EXPECT_EQ(failure.number(), 53);
+  EXPECT_THAT(failure.what(), HasSubstr(pipe + " is no regular file"));
+}
+
 TEST_F(RegistryTest, FailedCreationCanBeTriedAgain) {
   std::ifstream entry(EntryPath("ZEFComponents.CCategory"));
   const std::string good((std::istreambuf_iterator<char>(entry)), {});
@@ -103,6 +156,10 @@ TEST_F(RegistryTest, FailedCreationCanBeTriedAgain) {
 
 TEST(LibraryTest, FileThatIsNoLibraryIsTold) {
   EXPECT_EQ(Raised([] { Library("/etc/passwd"); }).number(), 53);
+}
+
+TEST(LibraryTest, EmptyPathIsTold) {
+  EXPECT_STREQ(Raised([] { Library(""); }).what(), "No library is named.");
 }
 
 TEST(LibraryTest, LibraryOfAnotherKindIsTold) {

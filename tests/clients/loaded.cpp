@@ -40,6 +40,16 @@ CFolders DatabaseTest::RootFolders() const {
   return folders;
 }
 
+Recordset DatabaseTest::NewRow(const std::string& columns) const {
+  const Connection connection = session_.conDBConnection;
+  connection.Execute("CREATE TABLE T (" + columns + ")");
+  Recordset records = connection.Execute("SELECT * FROM T");
+  records.Close();
+  records.Open("SELECT * FROM T", connection, 1, 3);
+  records.AddNew();
+  return records;
+}
+
 Value DatabaseTest::Selected(const std::string& select) const {
   const CSession session = session_;
   return session.conDBConnection->Execute(select).Fields->Item(0).Value;

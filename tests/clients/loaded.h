@@ -41,6 +41,8 @@ class DatabaseTest : public FolderTest {
   DatabaseTest();
   /// The folders at the root.
   CFolders RootFolders() const;
+  /// A record set at a new row, to be filled, of a new table "T" with such columns.
+  Recordset NewRow(const std::string& columns) const;
   /// The first value of a select.
   Value Selected(const std::string& select) const;
 

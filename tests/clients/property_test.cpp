@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <sstream>
+#include <string_view>
 #include <type_traits>
 
 #include "tests/clients/loaded.h"
@@ -53,13 +55,121 @@ TEST_F(PropertyTest, ComparesWithItsTypeFromBothSides) {
   EXPECT_TRUE(contact.FirstName > "Ann");
 }
 
+TEST_F(PropertyTest, TextComparesWithTextsOfAnyType) {
+  CContact contact = session_.CreateContact();
+  contact.FirstName = "Bob";
+  contact.LastName = "Carr";
+  const std::string_view view = "Bob";
+  EXPECT_TRUE(contact.FirstName == view && view == contact.FirstName && contact.FirstName < std::string("Cy"));
+  EXPECT_TRUE(contact.FirstName < contact.LastName && contact.LastName > view);
+}
+
+TEST_F(PropertyTest, DateComparesAsAMoment) {
+  CContact contact = session_.CreateContact();
+  CContact other = session_.CreateContact();
+  contact.BirthDate = Date(std::chrono::May / 1 / 1890, 3600);
+  other.BirthDate = Date(std::chrono::May / 1 / 1890, 7200);
+  EXPECT_TRUE(contact.BirthDate < other.BirthDate && contact.BirthDate != other.BirthDate);
+  EXPECT_TRUE(contact.BirthDate < std::chrono::May / 2 / 1890 && Date{0} > contact.BirthDate);
+}
+
+TEST_F(PropertyTest, CalendarDayIsAssignedAsItsMidnight) {
+  CContact contact = session_.CreateContact();
+  contact.BirthDate = std::chrono::May / 1 / 2024;
+  EXPECT_EQ(contact.BirthDate, Date{45413});
+}
+
+TEST_F(PropertyTest, CalendarDayThatDoesNotExistRaises5) {
+  CContact contact = session_.CreateContact();
+  EXPECT_EQ(Raised([&] { contact.BirthDate = std::chrono::February / 30 / 2024; }).number(), 5);
+}
+
 TEST_F(PropertyTest, IsWrittenToAStream) {
   CContact contact = session_.CreateContact();
   contact.FirstName = "Ann";
   contact.FolderID = 7;
+  contact.BirthDate = Date(std::chrono::May / 1 / 2024, 32400);
   std::ostringstream out;
-  out << contact.FirstName << ' ' << contact.FolderID;
-  EXPECT_EQ(out.str(), "Ann 7");
+  out << contact.FirstName << ' ' << contact.FolderID << ' ' << contact.BirthDate;
+  EXPECT_EQ(out.str(), "Ann 7 5/1/2024 9:00:00 AM");
+}
+
+TEST_F(PropertyTest, TextsAreJoined) {
+  CContact contact = session_.CreateContact();
+  contact.FirstName = "Ann";
+  contact.LastName = "Lee";
+  const std::string blank = " ";
+  EXPECT_EQ("Dr. " + contact.FirstName + blank + contact.LastName, "Dr. Ann Lee");
+  EXPECT_EQ(contact.FirstName + blank, "Ann ");
+  EXPECT_EQ(contact.FirstName + contact.LastName, "AnnLee");
+}
+
+TEST_F(PropertyTest, IntegerBeyond32BitsIsRefused) {
+  CTask task = session_.CreateTask();
+  task.Completed = 7;
+  for (const std::int64_t wide : {std::int64_t{4294967297}, std::int64_t{2147483648}, std::int64_t{-2147483649}}) {
+    EXPECT_EQ(Raised([&] { task.Completed = wide; }).number(), DISP_E_OVERFLOW) << wide;
+  }
+  EXPECT_EQ(Raised([&] { task.Completed = 4294967295u; }).number(), DISP_E_OVERFLOW);
+  EXPECT_EQ(task.Completed, 7);
+}
+
+TEST_F(PropertyTest, IntegerOfAnyTypeIsAssignedInTheRangeOf32Bits) {
+  CTask task = session_.CreateTask();
+  for (const std::int64_t value : {std::int64_t{2147483647}, std::int64_t{-2147483648}, std::int64_t{0}}) {
+    task.Completed = value;
+    EXPECT_EQ(task.Completed, value);
+  }
+  task.Completed = std::uint8_t{200};
+  EXPECT_EQ(task.Completed, 200);
+  task.Completed = FT_TASKS;
+  EXPECT_EQ(task.Completed, FT_TASKS);
+}
+
+TEST_F(PropertyTest, SumBeyond32BitsIsRefused) {
+  CTask task = session_.CreateTask();
+  task.Completed = 2147483647;
+  EXPECT_EQ(Raised([&] { task.Completed += 1; }).number(), DISP_E_OVERFLOW);
+  EXPECT_EQ(task.Completed, 2147483647);
+}
+
+template <class Property, class Given>
+constexpr bool kTakes = std::is_assignable_v<Property&, Given>;
+using Integer = decltype(CTask::Completed);
+using Boolean = decltype(CFolder::Protected);
+
+static_assert(kTakes<Integer, std::int64_t> && kTakes<Integer, Integer&> && kTakes<Boolean, bool> &&
+              kTakes<Boolean, Boolean&>);
+static_assert(!kTakes<Integer, double> && !kTakes<Integer, char> && !kTakes<Integer, bool> &&
+              !kTakes<Integer, Boolean&>);
+static_assert(!kTakes<Boolean, const char*> && !kTakes<Boolean, int> && !kTakes<Boolean, std::nullptr_t>);
+
+TEST_F(PropertyTest, PathIsATextToo) {
+  CContact contact = session_.CreateContact();
+  contact.FirstName = std::filesystem::path("/home/ann");
+  EXPECT_EQ(contact.FirstName, "/home/ann");
+}
+
+TEST_F(PropertyTest, IsChangedInItsPlace) {
+  CContact contact = session_.CreateContact();
+  contact.FirstName = "Ann";
+  contact.FirstName += "-Marie";
+  EXPECT_EQ(contact.FirstName, "Ann-Marie");
+  contact.FolderID = 7;
+  contact.FolderID += 3;
+  contact.FolderID -= 1;
+  EXPECT_EQ(contact.FolderID, 9);
+  contact.FolderID |= 4;
+  contact.FolderID &= 12;
+  EXPECT_EQ(contact.FolderID, 12);
+}
+
+TEST_F(PropertyTest, MembersOfAValueAreReachedThroughIt) {
+  CContact contact = session_.CreateContact();
+  contact.FirstName = "Ann";
+  contact.BirthDate = std::chrono::May / 1 / 2024;
+  EXPECT_EQ(contact.FirstName->size(), 3u);
+  EXPECT_EQ(contact.BirthDate->Weekday(), std::chrono::Wednesday);
 }
 
 TEST_F(PropertyTest, ServesAsAnArgument) {
@@ -86,6 +196,9 @@ TEST_F(PropertyTest, ObjectIsSetAndSetToNothing) {
   EXPECT_EQ(user.Session, session_);
   user.Session = CSession();
   EXPECT_FALSE(user.Session);
+  user.Session = session_;
+  user.Session = nullptr;
+  EXPECT_TRUE(user.Session == nullptr);
 }
 
 TEST_F(PropertyTest, MembersOfAnObjectAreReachedThroughIt) {
@@ -106,6 +219,13 @@ TEST_F(PropertyTest, OfNothingRaises91) {
 }
 
 TEST(ReferenceTest, IsNoLargerThanAPointer) { EXPECT_EQ(sizeof(CSession), sizeof(void*)); }
+
+TEST(ReferenceTest, NullPointerIsNothing) {
+  CTag tag = Built().Create<CTag>();
+  EXPECT_FALSE(tag == nullptr);
+  tag = nullptr;
+  EXPECT_TRUE(tag == nullptr);
+}
 
 TEST(ReferenceTest, LastOneEndsTheObject) {
   {

@@ -146,6 +146,12 @@ TEST_F(DatabaseObject, TellsThatTheConnectionIsClosed) {
   connection.Call("Close");
   EXPECT_EQ(connection.Get("State").value.number(), 0);
 }
+TEST_F(DatabaseObject, TellsWhetherTheRecordsetIsOpen) {
+  const Object rows = Rows("SELECT FLD_ID FROM Folders");
+  EXPECT_EQ(rows.Get("State").value.number(), 1);
+  rows.Call("Close");
+  EXPECT_EQ(rows.Get("State").value.number(), 0);
+}
 TEST_F(DatabaseObject, ReadsRowByRow) {
   const Object rows = Rows("SELECT FLD_ID FROM Folders");
   std::int32_t count = 0;

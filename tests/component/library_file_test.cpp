@@ -48,6 +48,9 @@ TEST(LibraryFile, RunsNoCodeOfItsOwnWhenItIsLoaded) {
 TEST(LibraryFile, BringsItsDatabaseEngineAlong) {
   for (const std::string& needed : File().Needed()) EXPECT_EQ(needed.find("sqlite"), std::string::npos) << needed;
 }
+TEST(LibraryFile, NeedsNothingOfAServerToWorkOnAFile) {
+  for (const std::string& needed : File().Needed()) EXPECT_EQ(needed.find("libpq"), std::string::npos) << needed;
+}
 TEST(LibraryFile, HoldsItsVersion) {
   EXPECT_EQ(File().Section("VERSION"),
             "Language=040904B0\nFileVersion=9.02.0001\nProductVersion=9.02.0001\nProductName=ZEFComponents\n"
@@ -186,6 +189,18 @@ TEST_F(Unloading, IsPossibleWhenTheThreadThatWorkedLivesOn) {
     EXPECT_EQ(library.CanUnloadNow(), S_OK);
   }
   EXPECT_FALSE(IsLoaded(path));
+}
+TEST_F(Unloading, IsPossibleAfterAServerWasTried) {
+  Process process([&] {  // what a server needs stays loaded, so it is the business of a process of its own
+    {
+      const Library library(path);
+      const Outcome tried =
+          library.Create("CSession").Call("Connect2DatabaseCS", "Provider=PostgreSQL;Host=/nowhere;Database=none");
+      if (tried.result != DISP_E_EXCEPTION) return std::string("connected");
+    }
+    return std::string(IsLoaded(path) ? "still loaded" : "gone");
+  });
+  EXPECT_EQ(process.Result(), "gone");
 }
 TEST_F(Unloading, IsPossibleWhenTheThreadThatWorkedHasEnded) {
   {

@@ -115,13 +115,49 @@ TEST_F(Registration, NamesTheFileBehindALink) {
   EXPECT_EQ(Library(link).RegisterServer(), S_OK);
   EXPECT_EQ(Lines(Entry("CTask"))[1], "InprocServer32=" + fs::canonical(LibraryPath()).string());
 }
+/// The result of a step that raises a failure of a number.
+constexpr HRESULT Failed(std::uint32_t number) { return static_cast<HRESULT>(0x800A0000u + number); }
+
 TEST_F(Registration, OfAPathWithALineBreakFails) {
   for (const char* name : {"lib\ncopied.so", "lib\rcopied.so"}) {
     const std::string copied = folder.path() / name;
     fs::copy_file(LibraryPath(), copied);
-    EXPECT_EQ(Library(copied).RegisterServer(), SELFREG_E_CLASS);
+    EXPECT_EQ(Library(copied).RegisterServer(), Failed(5));
     EXPECT_EQ(Files(), 0u);
   }
+}
+/// What registering a library gives that is loaded by its bare name from a working folder, once that is another one.
+HRESULT RegisterAfterLeaving(const fs::path& loaded_in, const fs::path& left_for) {
+  Process process([&] {
+    fs::current_path(loaded_in);
+    const Library library("./lib.so");
+    fs::current_path(left_for);
+    return std::to_string(library.RegisterServer());
+  });
+  return std::stoi(process.Result());
+}
+TEST_F(Registration, OfALibraryLoadedByARelativePathNamesItsVeryFile) {
+  for (const char* name : {"one", "other"}) {
+    fs::create_directory(folder.path() / name);
+    fs::copy_file(LibraryPath(), folder.path() / name / "lib.so");
+  }
+  EXPECT_EQ(RegisterAfterLeaving(folder.path() / "one", folder.path() / "other"), S_OK);
+  EXPECT_EQ(Lines(Entry("CTask"))[1], "InprocServer32=" + fs::canonical(folder.path() / "one" / "lib.so").string());
+}
+TEST_F(Registration, OfAPathInWhichTheLoaderReplacesWordsFails) {
+  for (const char* name : {"d$LIB", "${ORIGIN}", "$PLATFORM"}) {
+    fs::create_directory(folder.path() / name);
+    fs::copy_file(LibraryPath(), folder.path() / name / "lib.so");
+    EXPECT_EQ(RegisterAfterLeaving(folder.path() / name, folder.path()), Failed(5)) << name;
+    EXPECT_EQ(Files(), 0u);
+  }
+}
+TEST_F(Registration, OfAPathWithASpaceOrADollarNamesIt) {
+  fs::create_directory(folder.path() / "a $b");
+  const fs::path copied = folder.path() / "a $b" / "lib (deleted)";
+  fs::copy_file(LibraryPath(), copied);
+  EXPECT_EQ(Library(copied).RegisterServer(), S_OK);
+  EXPECT_EQ(Lines(Entry("CTask"))[1], "InprocServer32=" + fs::canonical(copied).string());
 }
 TEST_F(Registration, KeepsTheFilesOfOthers) {
   fs::create_directory(components);
@@ -167,18 +203,32 @@ TEST_F(Registration, OfAMovedLibraryIsUndone) {
 }
 TEST_F(Registration, FailsWhereThereCanBeNoFolder) {
   Write(components, "a file in the way");
-  EXPECT_EQ(Register(), SELFREG_E_CLASS);
+  EXPECT_EQ(Register(), Failed(76));
 }
 TEST_F(Registration, FailsWhereAFolderBearsTheNameOfAnEntry) {
   fs::create_directories(Entry("CTask"));
-  EXPECT_EQ(Register(), SELFREG_E_CLASS);
+  EXPECT_EQ(Register(), Failed(75));
 }
 TEST_F(Registration, ThatCannotBeUndoneInOnePlaceIsUndoneInTheOthers) {
   Register();
   fs::remove(Entry("CAlarm"));
   fs::create_directories(Entry("CAlarm"));
-  EXPECT_EQ(Unregister(), SELFREG_E_CLASS);
+  EXPECT_EQ(Unregister(), Failed(75));
   EXPECT_EQ(Files(), 1u);
+}
+TEST_F(Registration, IsNotHeldUpByAPipeInThePlaceOfAnEntry) {
+  fs::create_directory(components);
+  mkfifo(Entry("CTask").c_str(), 0600);
+  EXPECT_EQ(Register(), Failed(75));
+  EXPECT_EQ(Unregister(), Failed(75));
+  EXPECT_TRUE(fs::is_fifo(Entry("CTask")));
+  EXPECT_EQ(Files(), 1u);
+}
+TEST_F(Registration, OfAnyLengthIsUndone) {
+  Register();
+  fs::resize_file(Entry("CTask"), std::uintmax_t{1} << 40);
+  EXPECT_EQ(Unregister(), S_OK);
+  EXPECT_EQ(Files(), 0u);
 }
 TEST_F(Registration, FailsInAFolderThatCannotBeWritten) {
   fs::create_directory(components);
@@ -186,7 +236,7 @@ TEST_F(Registration, FailsInAFolderThatCannotBeWritten) {
   Process process([] {
     constexpr uid_t kNobody = 65534;  // the superuser writes anywhere
     if (geteuid() == 0 && setuid(kNobody) != 0) return std::string("still the superuser");
-    return std::string(Register() == SELFREG_E_CLASS ? "refused" : "written");
+    return std::string(Register() == Failed(70) ? "refused" : "written");
   });
   EXPECT_EQ(process.Result(), "refused");
   chmod(components.c_str(), 0700);
@@ -208,8 +258,8 @@ TEST_F(Registration, IgnoresARelativeFolderOfData) {
 TEST_F(Registration, FailsWithoutAHome) {
   const Variable none("XDG_DATA_HOME", nullptr);
   const Variable home("HOME", nullptr);
-  EXPECT_EQ(Register(), SELFREG_E_CLASS);
-  EXPECT_EQ(Unregister(), SELFREG_E_CLASS);
+  EXPECT_EQ(Register(), Failed(76));
+  EXPECT_EQ(Unregister(), Failed(76));
 }
 
 }  // namespace

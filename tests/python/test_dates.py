@@ -1,4 +1,5 @@
 import datetime
+import math
 import unittest
 
 from zefcomponents import dates
@@ -37,6 +38,19 @@ class DatesTest(unittest.TestCase):
     def test_last_moment_comes_back_without_what_is_beyond_milliseconds(self):
         last = datetime.datetime(9999, 12, 31, 23, 59, 59, 999970)
         self.assertEqual(dates.from_number(dates.to_number(last)), last.replace(microsecond=999000))
+
+    def test_last_moment_of_a_day_stays_on_its_day(self):
+        for day in (datetime.date.max, datetime.date(2024, 5, 1), datetime.date(1776, 7, 4), datetime.date(100, 1, 1)):
+            with self.subTest(day):
+                number = dates.to_number(datetime.datetime.combine(day, datetime.time.max))
+                self.assertEqual(math.trunc(number), dates.to_number(day))
+
+    def test_last_moment_of_a_day_comes_back_as_the_midnight_that_it_rounds_to(self):
+        for day in (datetime.date(2024, 5, 1), datetime.date(1776, 7, 4), datetime.date(100, 1, 1)):
+            with self.subTest(day):
+                number = dates.to_number(datetime.datetime.combine(day, datetime.time.max))
+                midnight = datetime.datetime.combine(day, datetime.time()) + datetime.timedelta(days=1)
+                self.assertEqual(dates.from_number(number), midnight)
 
     def test_number_of_the_year_10000_is_refused(self):
         with self.assertRaises(ValueError):

@@ -1,9 +1,12 @@
 import concurrent.futures
 import ctypes
 import enum
+import errno
 import os
 import pathlib
 import shutil
+import subprocess
+import sys
 import tempfile
 import threading
 import unittest
@@ -61,7 +64,8 @@ class LoadingTest(unittest.TestCase):
 
     def test_foreign_files_are_told(self):
         with tempfile.TemporaryDirectory() as folder:
-            for content in (b"", b"text", b"\x7fELF\x02\x01" + bytes(58), pathlib.Path(LIBRARY).read_bytes()[:5000]):
+            for content in (b"", b"text", b"\x7fELF\x02\x01" + bytes(58),
+                            b"\x7fELF\x02\x01" + bytes(34) + b"\xff" * 22, pathlib.Path(LIBRARY).read_bytes()[:5000]):
                 file = pathlib.Path(folder, "foreign.so")
                 file.write_bytes(content)
                 failure = raised(Failure, zefcomponents.Load, file)
@@ -108,6 +112,33 @@ class LoadingTest(unittest.TestCase):
         self.assertIs(one, other)
 
 
+CONNECT_TWICE = """
+import os, sys, zefcomponents
+session = zefcomponents.Load(os.environ["ZEF_LIBRARY"]).CreateObject("CSession")
+for _ in range(2):
+    try:
+        session.Connect2DatabaseCS("Provider=PostgreSQL;Host=/nowhere;Database=none")
+    except zefcomponents.Failure as failure:
+        print(failure.description.splitlines()[0])
+    if os.path.exists(sys.argv[1]):
+        os.remove(sys.argv[1])
+"""
+
+
+class ServerTest(unittest.TestCase):
+    def test_client_library_of_the_server_may_be_put_right_between_two_attempts(self):
+        with tempfile.TemporaryDirectory() as folder:
+            broken = pathlib.Path(folder, "libpq.so.5")
+            broken.write_text("no library")
+            told = subprocess.run([sys.executable, "-c", CONNECT_TWICE, broken], check=True, text=True,
+                                  stdout=subprocess.PIPE, env={**os.environ, "LD_LIBRARY_PATH": folder}).stdout
+        first, second = told.splitlines()
+        if first == "The provider cannot be found.":
+            self.skipTest("built without servers")
+        self.assertIn("cannot be loaded", first)
+        self.assertNotIn("cannot be loaded", second)
+
+
 class RegistrationTest(unittest.TestCase):
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
@@ -142,12 +173,47 @@ class RegistrationTest(unittest.TestCase):
                 self.assertEqual(raised(Failure, zefcomponents.CreateObject, "ZEFComponents.CTag").number, 429)
 
     def test_stale_entry_names_itself_and_the_library(self):
-        entry = self.folder / "components" / "ZEFComponents.CTag"
-        entry.write_text(entry.read_text().replace(os.path.realpath(LIBRARY), "/gone/libZEFComponents.so"))
+        cut, pipe = self.folder / "cut.so", self.folder / "pipe.so"
+        cut.write_bytes(pathlib.Path(LIBRARY).read_bytes()[:5000])
+        os.mkfifo(pipe)
+        for library in ("/gone/libZEFComponents.so", "/etc/passwd", str(cut), str(pipe)):
+            for name, create in (("CSession", lambda _: zefcomponents.Load()), ("CTag", zefcomponents.CreateObject)):
+                with self.subTest(library, name=name):
+                    entry = self.folder / "components" / f"ZEFComponents.{name}"
+                    entry.write_text(f"InprocServer32={library}\n")
+                    failure = raised(Failure, create, f"ZEFComponents.{name}")
+                    self.assertEqual(failure.number, 53)
+                    self.assertIn(f"The entry {entry} names the library {library}, ", failure.description)
+
+    def test_file_in_place_of_the_registry_registers_nothing(self):
+        shutil.rmtree(self.folder / "components")
+        (self.folder / "components").write_text("a file")
         failure = raised(Failure, zefcomponents.CreateObject, "ZEFComponents.CTag")
-        self.assertEqual(failure.number, 53)
-        self.assertIn(str(entry), failure.description)
-        self.assertIn("/gone/libZEFComponents.so", failure.description)
+        self.assertEqual(failure.number, 429)
+        self.assertIn("is not registered", failure.description)
+
+    def test_what_cannot_be_an_entry_is_told(self):
+        entry = self.folder / "components" / "ZEFComponents.CTag"
+        for make, reason in (
+            (entry.mkdir, "It is no regular file"),
+            (lambda: os.mkfifo(entry), "It is no regular file"),
+            (lambda: entry.symlink_to("/dev/zero"), "It is no regular file"),
+            (lambda: entry.write_bytes(bytes(0x10001)), "It is too long for an entry"),
+            (lambda: entry.symlink_to(entry), os.strerror(errno.ELOOP)),
+        ):
+            with self.subTest(reason):
+                entry.rmdir() if entry.is_dir() else entry.unlink()
+                make()
+                failure = raised(Failure, zefcomponents.CreateObject, "ZEFComponents.CTag")
+                self.assertEqual((failure.number, failure.description),
+                                 (429, f"The entry {entry} cannot be read: {reason}."))
+
+    def test_path_may_have_the_line_ends_of_other_systems_in_it(self):
+        folder = self.folder / "a\u2028b\x0bc"
+        folder.mkdir()
+        copied = shutil.copy(LIBRARY, folder)
+        self.assertEqual(ctypes.CDLL(copied).DllRegisterServer(), 0)
+        self.assertEqual(zefcomponents.RegisteredLibrary("ZEFComponents.CTag"), os.path.realpath(copied))
 
     def test_second_copy_of_the_library_serves_its_own_objects(self):
         copied = self.folder / "libcopy.so"

@@ -123,6 +123,15 @@ class FailuresTest(DatabaseTest):
         self.assertIn("none.db", failure.description)
 
 
+class DatesTest(DatabaseTest):
+    def test_last_moment_that_python_has_is_saved_to_the_second(self):
+        event = self.session.CreateEvent()
+        event.FolderID = self.session.GetFolderIDByCriteria("FLD_Name='Calendar'")
+        event.StartDate = datetime.datetime.max
+        self.assertTrue(event.Save(), self.session.GetErrorDescription())
+        self.assertEqual(self.session.GetEvent(event.ID).StartDate, datetime.datetime(9999, 12, 31, 23, 59, 59))
+
+
 class ColumnsTest(DatabaseTest):
     def value(self, column):
         return self.session.conDBConnection.Execute(f"SELECT {column} FROM Contacts").Fields.Item(0).Value

@@ -68,8 +68,16 @@ TEST_F(RightsOnDatabase, SurviveConnecting) {
   const auto fresh = MakeRef<CSession>();
   fresh->UserRights = 6;
   fresh->UserID = 17;
-  ASSERT_TRUE(fresh->Connect2Database(database.path(), "", ""));
   ASSERT_TRUE(fresh->Connect2DatabaseCS(database.ConnectionString()));
+  EXPECT_EQ(fresh->UserRights, 6);
+  EXPECT_EQ(fresh->UserID, 17);
+}
+
+TEST_F(RightsOnDatabase, SurviveConnectingToAFile) {
+  const auto fresh = MakeRef<CSession>();
+  fresh->UserRights = 6;
+  fresh->UserID = 17;
+  ASSERT_TRUE(fresh->Connect2Database(database.path(), "", ""));
   EXPECT_EQ(fresh->UserRights, 6);
   EXPECT_EQ(fresh->UserID, 17);
 }

@@ -86,6 +86,49 @@ TEST(TwoClients, ThatTakeOneNameAtOnceGiveItToOneOfThem) {
   EXPECT_EQ(Count(*database.Connect(), "Folders WHERE FLD_Name='Wanted'"), 1);
 }
 
+TEST(TwoClients, ThatTakeManyNamesAtOnceGiveEachToOneOfThem) {
+  constexpr int kNames = 40;
+  const Database database;
+  Sign first_ready[kNames], second_ready[kNames];
+  const auto take_all = [&](Sign* mine, Sign* other) {
+    const Ref<CSession> session = database.OpenSession();
+    int taken = 0;
+    for (int i = 0; i < kNames; ++i) {
+      const Ref<CFolder> folder = session->CreateFolder();
+      folder->Name = "Wanted " + std::to_string(i);
+      mine[i].Give();
+      other[i].Await();
+      if (folder->Save()) ++taken;
+    }
+    return std::to_string(taken);
+  };
+  Process first([&] { return take_all(first_ready, second_ready); });
+  Process second([&] { return take_all(second_ready, first_ready); });
+  EXPECT_EQ(std::stoi(first.Result()) + std::stoi(second.Result()), kNames);
+  EXPECT_EQ(Count(*database.Connect(), "Folders WHERE FLD_Name LIKE 'Wanted %'"), kNames);
+}
+
+TEST(TwoClients, ThatRaiseOneNumberInTransactionsLoseNoRaise) {
+  constexpr int kTimes = 40;
+  const Database database;
+  const auto raise = [&] {
+    const Ref<CSession> session = database.OpenSession();
+    for (int i = 0; i < kTimes; ++i) {
+      session->BeginTransaction();
+      const Ref<CFolder> folder = session->GetFolder(8);
+      if (!folder) return session->GetEntireErrorDesc();
+      folder->Options = folder->Options + 1;
+      if (!folder->Save() || !session->CommitTransaction()) return session->GetEntireErrorDesc();
+    }
+    return std::string("done");
+  };
+  const std::int32_t before = database.OpenSession()->GetFolder(8)->Options;
+  Process first(raise), second(raise);
+  EXPECT_EQ(first.Result(), "done");
+  EXPECT_EQ(second.Result(), "done");
+  EXPECT_EQ(database.OpenSession()->GetFolder(8)->Options, before + 2 * kTimes);
+}
+
 TEST(TwoClients, OneThatDiesInATransactionLeavesNothingOfIt) {
   const Database database;
   Process dying([&]() -> std::string {

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <fstream>
 #include <memory>
 #include <stdexcept>
 #include <string_view>
@@ -55,8 +56,17 @@ const std::string& Folder() {
   return own.folder();
 }
 
-std::string ConnectionTo(const std::string& database) {
-  return "Provider=PostgreSQL;Host=" + Folder() + ";Database=" + database + ";User ID=zef";
+const std::string& Port() {
+  static const std::string port = [] {
+    std::string line;
+    std::getline(std::ifstream(Folder() + "/port"), line);
+    return line;
+  }();
+  return port;
+}
+
+std::string ConnectionTo(const std::string& database, const std::string& host = Folder()) {
+  return "Provider=PostgreSQL;Host=" + host + ";Port=" + Port() + ";Database=" + database + ";User ID=tester";
 }
 
 /// The first value of what a command gives, or the empty text.
@@ -69,8 +79,8 @@ std::string Answer(PGconn* connection, const std::string& text) {
 }
 
 Handle ConnectTo(const std::string& database) {
-  const std::string options = " user=zef options=-cclient_min_messages=error";
-  return {PQconnectdb(("host=" + Folder() + " dbname=" + database + options).c_str()), &PQfinish};
+  const std::string options = " user=tester options=-cclient_min_messages=error";
+  return {PQconnectdb(("host=" + Folder() + " port=" + Port() + " dbname=" + database + options).c_str()), &PQfinish};
 }
 
 /// Runs a command for the server itself; true if it gives a row. One connection serves all tests of the process.
@@ -123,7 +133,8 @@ ServerDatabase::ServerDatabase(const std::string& version) {
   static int count = 0;
   name_ = "zef_test_" + std::to_string(getpid()) + "_" + std::to_string(++count);
   const std::string pattern = Pattern(version);
-  Run("CREATE DATABASE " + name_ + " TEMPLATE " + pattern);
+  // The other strategy writes every page of the copy to the log as well.
+  Run("CREATE DATABASE " + name_ + " TEMPLATE " + pattern + " STRATEGY file_copy");
 }
 
 ServerDatabase::~ServerDatabase() {
@@ -133,7 +144,15 @@ ServerDatabase::~ServerDatabase() {
   }
 }
 
-std::string ServerDatabase::ConnectionString() const { return ConnectionTo(name_); }
+std::string ServerDatabase::ConnectionString() const {
+  const std::string pooler = Environment("ZEF_TEST_POOLER");
+  if (pooler.empty()) return ConnectionTo(name_);
+  return "Provider=PostgreSQL;Host=" + pooler + ";Database=" + name_ + ";User ID=tester;Transaction Pooling=Yes";
+}
+
+std::string ServerDatabase::NetworkConnectionString(const std::string& host) const { return ConnectionTo(name_, host); }
+
+std::string ServerDatabase::Certificate(const std::string& name) { return Folder() + "/" + name; }
 
 std::string ServerDatabase::Ask(const std::string& text) const { return Answer(ConnectTo(name_).get(), text); }
 
@@ -145,9 +164,15 @@ void ServerDatabase::EndConnections() const {
 
 #else
 
+#include <cstdlib>
+#include <stdexcept>
+
 namespace zef::test {
 
-bool OnServer() { return false; }
+bool OnServer() {
+  if (std::getenv("ZEF_TEST_ON_SERVER") == nullptr) return false;
+  throw std::runtime_error("the tests were built without the server's programs");
+}
 
 }  // namespace zef::test
 

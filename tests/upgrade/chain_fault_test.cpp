@@ -22,10 +22,10 @@ class ChainFault : public testing::TestWithParam<int> {
   std::string Copy() {
     std::filesystem::remove(path_);  // not every system's library replaces it
     std::filesystem::copy_file(older_.path(), path_);
-    return path_;
+    return copy_;
   }
   void ExpectFinished(const std::string& failed) {
-    UpgradingClient again(path_);
+    UpgradingClient again(copy_);
     EXPECT_TRUE(again.Upgrade()) << again.session->GetEntireErrorDesc();
     EXPECT_EQ(again.StoredVersion(), "9.2.4");
     Connection& connection = *again.session->conDBConnection;
@@ -39,12 +39,13 @@ class ChainFault : public testing::TestWithParam<int> {
   Database older_{"9.1"};
   TemporaryFolder folder_;
   std::string path_ = (folder_.path() / "copy.db").string();
+  std::string copy_ = "Provider=SQLite;Data Source=" + path_;
   std::string rows_;
 };
 
 /// Runs the chain with its n-th call failing; the text of that call, or an empty one if there are not so many.
-std::string FailedCall(const std::string& path, int number) {
-  UpgradingClient client(path);
+std::string FailedCall(const std::string& copy, int number) {
+  UpgradingClient client(copy);
   const std::shared_ptr<EngineLog> log = Watch(*client.session->conDBConnection);
   log->fail_at = number;
   const bool done = client.Upgrade();

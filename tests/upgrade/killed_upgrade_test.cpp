@@ -43,17 +43,19 @@ class KilledUpgrade : public testing::Test {
       AddManyRows(*connection, contacts);
       rows_ = KeptRows(*connection);
     }
-    Restore();
+    if (!OnServer()) Restore();
   }
   void Restore() {
     std::filesystem::remove(path_ + "-wal");
     std::filesystem::remove(path_ + "-shm");
     std::filesystem::copy_file(older_.path(), path_, std::filesystem::copy_options::overwrite_existing);
   }
-  /// Nothing is lost, the file is sound, and a second client brings it to the end.
+  /// Nothing is lost, a file is sound, and a second client brings it to the end.
   void ExpectFinishedBySecondClient() {
-    EXPECT_EQ(IntegrityCheck(), "ok");
-    UpgradingClient again(path_);
+    if (!OnServer()) {
+      EXPECT_EQ(IntegrityCheck(), "ok");
+    }
+    UpgradingClient again(upgraded_);
     EXPECT_EQ(KeptRows(*again.session->conDBConnection), rows_);
     EXPECT_TRUE(again.Upgrade()) << again.session->GetEntireErrorDesc();
     EXPECT_EQ(again.StoredVersion(), "9.2.4");
@@ -69,11 +71,13 @@ class KilledUpgrade : public testing::Test {
   Database older_{"9.1"};
   TemporaryFolder folder_;
   std::string path_ = (folder_.path() / "copy.db").string();
+  /// The copy of the file, or the database on the server itself.
+  std::string upgraded_ = OnServer() ? older_.ConnectionString() : "Provider=SQLite;Data Source=" + path_;
   std::string rows_;
 };
 
-std::string UpgradeDyingAt(const std::string& path, int statement) {
-  UpgradingClient client(path);
+std::string UpgradeDyingAt(const std::string& connection_string, int statement) {
+  UpgradingClient client(connection_string);
   client.session->conDBConnection->WrapEngine(
       [&](std::unique_ptr<Engine> engine) { return std::make_unique<Deadly>(std::move(engine), statement); });
   return client.Upgrade() ? "done" : client.session->GetEntireErrorDesc();
@@ -83,7 +87,7 @@ class KilledUpgradeAt : public KilledUpgrade, public testing::WithParamInterface
 
 TEST_P(KilledUpgradeAt, ThisStatementLosesNothingAndIsFinishedByTheNextClient) {
   Fill(5);
-  EXPECT_EQ(Process([&] { return UpgradeDyingAt(path_, GetParam()); }).Result(), "");
+  EXPECT_EQ(Process([&] { return UpgradeDyingAt(upgraded_, GetParam()); }).Result(), "");
   ExpectFinishedBySecondClient();
 }
 
@@ -96,7 +100,7 @@ TEST_F(KilledUpgrade, DISABLED_OfRealSizeLosesNothingWheneverItDies) {
   constexpr int kDeaths = 100;
   Fill(50'000);
   const auto begin = std::chrono::steady_clock::now();
-  ASSERT_EQ(Process([&] { return UpgradeDyingAt(path_, 0); }).Result(), "done");
+  ASSERT_EQ(Process([&] { return UpgradeDyingAt(upgraded_, 0); }).Result(), "done");
   const Milliseconds whole = std::chrono::steady_clock::now() - begin;
   setvbuf(stdout, nullptr, _IOLBF, 0);
   std::printf("50,000 contacts, 50,000 tasks and 100,000 events upgraded in %.0f ms\n", whole.count());
@@ -105,7 +109,7 @@ TEST_F(KilledUpgrade, DISABLED_OfRealSizeLosesNothingWheneverItDies) {
   for (int deaths = 0; deaths < kDeaths && !HasFailure();) {
     Restore();
     const Milliseconds life = whole * std::uniform_real_distribution<>(0, 1)(random);
-    Process upgrade([&] { return UpgradeDyingAt(path_, 0); });
+    Process upgrade([&] { return UpgradeDyingAt(upgraded_, 0); });
     std::this_thread::sleep_for(life);
     upgrade.Kill();
     if (!upgrade.Result().empty()) continue;  // killed too late

@@ -11,7 +11,7 @@ namespace zef::test {
 /// succeed.
 class UpgradingClient {
  public:
-  explicit UpgradingClient(const std::string& path) { session->Connect2Database(path, "", ""); }
+  explicit UpgradingClient(const std::string& connection_string) { session->Connect2DatabaseCS(connection_string); }
 
   bool Upgrade() {
     std::string type;

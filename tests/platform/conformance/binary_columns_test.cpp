@@ -37,6 +37,12 @@ const Value kTwo = Bytes(2, std::byte{2});
 
 INSTANTIATE_TEST_SUITE_P(Engines, BinaryColumns, testing::ValuesIn(Backends()), BackendName);
 
+TEST_P(BinaryColumns, DoNotHideAColumnThatAnotherClientAdds) {
+  for (int i = 0; i < 2; ++i) EXPECT_EQ(Execute("SELECT * FROM Files")->Fields().Count(), 4);
+  Connect()->Execute("ALTER TABLE Files ADD COLUMN F_Size Long");
+  EXPECT_EQ(Execute("SELECT * FROM Files")->Fields().Count(), 5);
+}
+
 TEST_P(BinaryColumns, AreReadRowByRow) {
   const Ref<Recordset> rs = Execute("SELECT * FROM Files ORDER BY F_ID DESC");
   rs->MoveNext();

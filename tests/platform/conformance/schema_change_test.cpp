@@ -86,6 +86,17 @@ TEST_P(SchemaChanges, AnIndexIsMadeAndDropped) {
   Execute("CREATE INDEX IX_Word ON Things (Word)");
 }
 
+TEST_P(SchemaChanges, AnIndexIsDroppedByNameInAnyLetterCase) {
+  Execute("CREATE INDEX IX_Word ON Things (Word)");
+  Execute("DROP INDEX ix_WORD ON Things");
+  Execute("CREATE INDEX IX_Word ON Things (Word)");
+}
+
+TEST_P(SchemaChanges, AnIndexThatDoesNotExistIsNamed) {
+  EXPECT_EQ(Raised([&] { Execute("DROP INDEX IX_Word ON Things"); })->description(),
+            "The index 'IX_Word' does not exist.");
+}
+
 TEST_P(SchemaChanges, AnIndexIsMadeOnceWhateverTheLetterCaseOfItsName) {
   Execute("CREATE INDEX IX_Word ON Things (Word)");
   EXPECT_EQ(FailureOf("CREATE INDEX ix_word ON Things (T)"), -2147217868);

@@ -10,11 +10,38 @@ class RoundTripsPostgreSQL : public ServerTest {
     Execute("INSERT INTO Numbers (N,Word) VALUES (1,'one')");
     Execute("SELECT * FROM Numbers WHERE N=1");
     Execute("UPDATE Numbers SET Word='x' WHERE N=0");
+    connection_->BeginTrans();
+    Execute("SELECT * FROM Numbers WHERE N=1");  // another statement there: it locks the row
+    connection_->CommitTrans();
   }
 };
 
 TEST_F(RoundTripsPostgreSQL, AKnownSelectTakesOne) {
   EXPECT_EQ(TripsOf([&] { Execute("SELECT * FROM Numbers WHERE N=2"); }), 1);
+}
+
+TEST_F(RoundTripsPostgreSQL, ASelectOfANewShapeTakesOne) {
+  EXPECT_EQ(TripsOf([&] { Execute("SELECT Word FROM Numbers WHERE N<2"); }), 1);
+}
+
+TEST_F(RoundTripsPostgreSQL, ATableThatIsNotKnownTakesOneMore) {
+  Execute("CREATE TABLE Words (Word Text(10))");
+  Execute("SELECT * FROM Numbers");
+  EXPECT_EQ(TripsOf([&] { Execute("SELECT * FROM Words"); }), 2);
+}
+
+TEST_F(RoundTripsPostgreSQL, ANewShapeOnChangedTablesTakesFourMore) {
+  Connect()->Execute("ALTER TABLE Numbers ADD COLUMN Other Long");
+  EXPECT_EQ(TripsOf([&] { Execute("SELECT Word FROM Numbers WHERE N<2"); }), 5);
+}
+
+TEST_F(RoundTripsPostgreSQL, ANewShapeOnChangedTablesLeavesTheTransactionUsable) {
+  connection_->BeginTrans();
+  Text("SELECT 1 AS One");
+  Connect()->Execute("ALTER TABLE Numbers ADD COLUMN Other Long");
+  Execute("UPDATE Numbers SET Word='uno',Other=1 WHERE N=1");
+  connection_->CommitTrans();
+  EXPECT_EQ(Text("SELECT Other FROM Numbers WHERE N=1"), "1");
 }
 
 TEST_F(RoundTripsPostgreSQL, AKnownChangeOutsideATransactionTakesOne) {

@@ -61,6 +61,29 @@ TEST_F(StreamingPostgreSQL, ARowThatFailsLateLeavesTheTransactionUsable) {
   EXPECT_EQ(Text("SELECT Count(*) FROM Numbers WHERE N=-1"), "1");
 }
 
+TEST_F(StreamingPostgreSQL, AFirstRowThatFailsLateLeavesTheTransactionUsable) {
+  connection_->BeginTrans();
+  const Ref<Recordset> rs = Execute("SELECT 1/(N-2000) FROM Numbers");
+  EXPECT_EQ(NumberRaised([&] {
+              while (!rs->EndOfFile()) rs->MoveNext();
+            }),
+            11);
+  Execute("UPDATE Numbers SET N=-1 WHERE N=0");
+  connection_->CommitTrans();
+  EXPECT_EQ(Text("SELECT Count(*) FROM Numbers WHERE N=-1"), "1");
+}
+
+TEST_F(StreamingPostgreSQL, ARowThatFailsUnderANestedTransactionLeavesTheOuterOneUsable) {
+  connection_->BeginTrans();
+  Execute("UPDATE Numbers SET N=-1 WHERE N=0");
+  const Ref<Recordset> rs = Execute("SELECT 1/(N-2000) FROM Numbers");
+  connection_->BeginTrans();
+  Execute("UPDATE Numbers SET N=-2 WHERE N=1");
+  connection_->CommitTrans();
+  connection_->CommitTrans();
+  EXPECT_EQ(Text("SELECT Count(*) FROM Numbers WHERE N<0"), "2");
+}
+
 TEST_F(StreamingPostgreSQL, ARollbackWhileRowsComeKeepsThem) {
   connection_->BeginTrans();
   const Ref<Recordset> rs = Execute("SELECT N FROM Numbers");

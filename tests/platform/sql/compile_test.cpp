@@ -106,6 +106,12 @@ TEST(CompileSelectTest, JoinOnTheRightSideKeepsItsBrackets) {
             R"("Events"."EVE_FolderID") ON "Seen"."SEE_User" = "Folders"."FLD_ID")");
 }
 
+TEST(CompileSelectTest, ConditionOfAJoinMeansTheColumnsOfWhatItJoins) {
+  EXPECT_EQ(Written("SELECT 1 FROM Events a, Folders INNER JOIN Events b ON EVE_FolderID=FLD_ID WHERE a.EVE_ID=1"),
+            R"(SELECT ?1 FROM "Events" AS "a", ("Folders" INNER JOIN "Events" AS "b" ON "b"."EVE_FolderID" = )"
+            R"("Folders"."FLD_ID") WHERE "a"."EVE_ID" = ?2)");
+}
+
 TEST(CompileSelectTest, SelectInFromNamesItsColumns) {
   EXPECT_EQ(Written("SELECT n FROM (SELECT FLD_ID+1 AS n FROM Folders) AS d"),
             R"(SELECT "n" FROM (SELECT "Folders"."FLD_ID" + ?1 AS "n" FROM "Folders") AS "d")");
