@@ -160,11 +160,11 @@ bool PathExists(const std::string& path) {
 void MakeFolder(const std::string& path) {
   std::error_code failed;
   std::filesystem::create_directories(CheckedPath(path), failed);
-  if (failed) RefuseFor(failed.value(), path);
+  if (failed) RefuseFor(failed.default_error_condition().value(), path);
 }
 
 void RemoveFile(const std::string& path) {
-  if (unlink(CheckedPath(path)) != 0 && errno != ENOENT) RefuseFor(errno, path);
+  if (!file_calls::Remove(CheckedPath(path)) && errno != ENOENT) RefuseFor(errno, path);
 }
 
 void WriteWholeFile(const std::string& path, std::span<const std::byte> content) {
