@@ -12,6 +12,7 @@
 #include "platform/postgresql/schema_change.h"
 #include "platform/postgresql/support_schema.h"
 #include "platform/postgresql/table_description.h"
+#include "platform/sql/writing.h"
 #include "platform/transaction_guard.h"
 
 namespace zef {
@@ -80,7 +81,8 @@ std::unique_ptr<PreparedStatement> PostgresqlEngine::Prepare(const sql::Compiled
 /// Goes with the statement that needs it, which sees what those before in the turn have committed.
 void PostgresqlEngine::TakeTurn(std::string_view turn) {
   ++deeds_.locks;
-  connection_.Defer("SELECT pg_advisory_xact_lock(hashtext(current_schema()), hashtext('" + std::string(turn) + "'))");
+  connection_.Defer("SELECT pg_advisory_xact_lock(hashtext(current_schema()), hashtext(" + sql::QuotedText(turn) +
+                    "))");
 }
 
 void PostgresqlEngine::RequireUsable() const {

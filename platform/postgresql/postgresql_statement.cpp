@@ -5,6 +5,8 @@
 #include <cstring>
 #include <utility>
 
+#include "platform/ignoring_failures.h"
+
 namespace zef {
 namespace {
 
@@ -161,7 +163,8 @@ void PostgresqlStatement::Reset() {
   portion_.clear();
   started_ = false;
   at_ = 0;
-  if (std::exchange(delivering_, false)) connection_.Skip();
+  if (!std::exchange(delivering_, false)) return;
+  IgnoringFailures([&] { connection_.Skip(); });  // whoever lets rows go has nothing to do with what is wrong in them
 }
 
 }  // namespace zef

@@ -22,7 +22,7 @@ using ResultHandle = std::unique_ptr<PGresult, ClearResult>;
 using Commands = std::vector<std::string>;
 
 /// Begins a transaction.
-inline constexpr const char* kBegin = "BEGIN";
+inline constexpr const char* kBegin = "BEGIN ISOLATION LEVEL READ COMMITTED";
 
 /// A conversation with the server. Commands that deliver nothing wait for the next statement and go with it, so that
 /// each statement takes one round trip. At most one statement delivers its rows at a time.

@@ -100,8 +100,8 @@ ConnectionHandle ConnectToServer(const ConnectionString& connection) {
   RequireValue(connection, "Host");
   RequireValue(connection, "Database");
   std::array<std::string, kOptions.size()> values;
-  std::array<const char*, kOptions.size() + 4> keywords{};
-  std::array<const char*, kOptions.size() + 4> texts{};
+  std::array<const char*, kOptions.size() + 8> keywords{};
+  std::array<const char*, kOptions.size() + 8> texts{};
   std::size_t count = 0;
   const auto set = [&](const char* keyword, const char* text) {
     keywords[count] = keyword;
@@ -115,6 +115,11 @@ ConnectionHandle ConnectToServer(const ConnectionString& connection) {
   }
   set("client_encoding", "UTF8");
   set("connect_timeout", "10");
+  // Without these, whoever waits for a server whose network is cut would wait for hours, and the server keep locks.
+  set("keepalives_idle", "15");
+  set("keepalives_interval", "5");
+  set("keepalives_count", "3");
+  set("tcp_user_timeout", "30000");
   set("application_name", "ZEFComponents");
   ConnectionHandle connected(PQconnectdbParams(keywords.data(), texts.data(), 0));
   if (PQstatus(connected.get()) != CONNECTION_OK) RaiseNotConnected(connected.get());

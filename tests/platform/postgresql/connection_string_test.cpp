@@ -1,3 +1,8 @@
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+
+#include "platform/postgresql/server_options.h"
 #include "tests/platform/postgresql/server_test.h"
 
 namespace zef::test {
@@ -50,6 +55,31 @@ TEST_F(ConnectionStringPostgreSQL, OfADatabaseThatIsNotThereIsUnusable) {
 TEST_F(ConnectionStringPostgreSQL, MakesNoDatabaseWhereTablesAre) {
   Execute("CREATE TABLE Numbers (N Long)");
   EXPECT_EQ(NumberRaised([&] { CreateDatabase(database_.ConnectionString()); }), 75);
+}
+
+TEST_F(ConnectionStringPostgreSQL, OverTheNetworkNoticesWithinAMinuteThatItIsCut) {
+  const ConnectionHandle connection =
+      ConnectToServer(ParseConnectionString(database_.NetworkConnectionString("127.0.0.1")));
+  const auto option = [&](int name) {
+    int value = 0;
+    socklen_t size = sizeof value;
+    getsockopt(PQsocket(connection.get()), IPPROTO_TCP, name, &value, &size);
+    return value;
+  };
+  EXPECT_LE(option(TCP_KEEPIDLE) + option(TCP_KEEPINTVL) * option(TCP_KEEPCNT), 60);
+  EXPECT_EQ(option(TCP_USER_TIMEOUT), 30000);
+}
+
+TEST_F(ConnectionStringPostgreSQL, ToADatabaseOfAnotherIsolationSeesWhatOthersCommitAllTheSame) {
+  database_.Ask("ALTER DATABASE " + database_.Ask("SELECT current_database()") +
+                " SET default_transaction_isolation = 'repeatable read'");
+  Execute("CREATE TABLE Numbers (N Long NOT NULL PRIMARY KEY)");
+  const Ref<Connection> other = Connect();
+  other->BeginTrans();
+  EXPECT_EQ(Scalar(*other, "SELECT Count(*) FROM Numbers"), "0");
+  Execute("INSERT INTO Numbers (N) VALUES (1)");
+  EXPECT_EQ(Scalar(*other, "SELECT Count(*) FROM Numbers"), "1");
+  other->RollbackTrans();
 }
 
 }  // namespace

@@ -43,6 +43,26 @@ TEST_F(StreamingPostgreSQL, TwoLongWalksGoOnSideBySide) {
   EXPECT_EQ(Sum(first), kSum);
 }
 
+TEST_F(StreamingPostgreSQL, AWalkThatIsGivenUpMayFailLaterAndNobodyIsTold) {
+  Execute("SELECT 1/(N-2000) FROM Numbers");
+  EXPECT_EQ(Text("SELECT Count(*) FROM Numbers"), std::to_string(kRows));
+}
+
+TEST_F(StreamingPostgreSQL, AWalkThatIsGivenUpAndFailsLaterLeavesTheTransactionUsable) {
+  connection_->BeginTrans();
+  Execute("UPDATE Numbers SET N=-1 WHERE N=0");
+  Execute("SELECT 1/(N-2000) FROM Numbers");
+  connection_->CommitTrans();
+  EXPECT_EQ(Text("SELECT Min(N) FROM Numbers"), "-1");
+}
+
+TEST_F(StreamingPostgreSQL, AWalkIsGivenUpOnAConnectionThatWasLostMeanwhile) {
+  const Ref<Recordset> rs = Execute("SELECT N FROM Numbers");
+  database_.EndConnections();
+  rs->Close();
+  EXPECT_NE(NumberRaised([&] { Execute("SELECT N FROM Numbers"); }), 0);
+}
+
 TEST_F(StreamingPostgreSQL, AWalkThatIsGivenUpLeavesTheConnectionFree) {
   Execute("SELECT N FROM Numbers");
   EXPECT_EQ(Text("SELECT Count(*) FROM Numbers"), std::to_string(kRows));

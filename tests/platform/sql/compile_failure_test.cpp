@@ -38,7 +38,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"Ambiguous", "SELECT SEE_Date FROM Seen, Seen AS s", kColumn,
             "The column 'SEE_Date' is ambiguous: more than one source has it (character 8)."},
         Row{"ColumnOfWhatIsNotJoined", "SELECT 1 FROM Events, Folders INNER JOIN Seen ON EVE_ID=FLD_ID", kColumn,
-            "The column 'EVE_ID' is not known (character 51)."},
+            "The column 'EVE_ID' is not known (character 50)."},
         Row{"ColumnOfTheOuterJoin",
             "SELECT 1 FROM Events INNER JOIN (Folders INNER JOIN Seen ON EVE_ID=FLD_ID) ON EVE_ID=SEE_User", kColumn,
             "The column 'EVE_ID' is not known (character 61)."},
