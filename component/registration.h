@@ -14,7 +14,7 @@ inline constexpr char kLibraryName[] = "ZEFComponents";
 // Both take the step for each class, though one has failed, and answer the failure of the first: 800A0000 and its
 // number, which is 5 for a path that no entry can name, 53 if the library's own file is gone, 61 for a full disk, 70
 // for a permission that is missing, 76 if there can be no folder, and 75 for what else stands in the way. A repetition
-// completes what is missing.
+// completes what is missing. The registry of Windows gives no such numbers: there the answer is SELFREG_E_CLASS.
 
 /// Enters all classes under the path of this very library, each file in one step; the entries of another copy are
 /// replaced. No entry can name a path with a line break or with a word that the loader replaces, such as "$ORIGIN".
